@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+/// What differs between operating systems. Each has a source file of its own, chosen by the build.
+namespace platform {
+
+/// The user's application-data folder; empty when the system names none.
+[[nodiscard]] QString applicationDataFolder();
+
+/// Whether the system takes a file of this name for something other than a file of its folder.
+[[nodiscard]] bool isReservedFileName(QByteArrayView name);
+
+} // namespace platform

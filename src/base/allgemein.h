@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+
+class QIODevice;
+
+/// General helpers for 8-bit text: numbers, lines, searching, and the way to and from text for people.
+namespace allgemein {
+
+/// Result of a search that finds nothing.
+constexpr qsizetype notFound = -1;
+
+/// 8-bit text in the system code page, made readable. Bytes that the code page lacks become U+FFFD.
+[[nodiscard]] QString fromSystem(QByteArrayView bytes);
+/// Text for people in the bytes of the system code page. Characters that it lacks become "?".
+[[nodiscard]] QByteArray toSystem(QStringView text);
+
+/// The number that `text` begins with: leading blanks and TABs, a sign, digits, a fraction, of which only a digit is
+/// required. Halves are rounded to even. 0 when there is no number or it exceeds 64 bits.
+[[nodiscard]] qint64 leadingNumber(QByteArrayView text);
+/// As `leadingNumber`; 0 as well when the number exceeds 32 bits.
+[[nodiscard]] qint32 leadingNumber32(QByteArrayView text);
+/// How files hold a switch: on when the leading number is greater than 0.
+[[nodiscard]] bool readSwitch(QByteArrayView text);
+/// "1" or "0".
+[[nodiscard]] QByteArray writeSwitch(bool on);
+
+/// Where `needle` (not empty) first stands in `text` at or after `from` (0-based), ASCII letters alike in both cases;
+/// `notFound` when nowhere.
+[[nodiscard]] qsizetype indexOfNoCase(QByteArrayView text, QByteArrayView needle, qsizetype from = 0);
+
+/// `bytes` with TAB, CR, LF and NUL percent-encoded, so that they stay one field of one line in requests and files.
+[[nodiscard]] QByteArray onOneLine(const QByteArray& bytes);
+/// Whether `onOneLine` would leave `bytes` alone.
+[[nodiscard]] bool isOnOneLine(QByteArrayView bytes);
+
+/// How every persisted line ends.
+constexpr QByteArrayView lineEnd = "\r\n";
+
+/// One line of a file, without its end (CR LF or LF).
+struct Line {
+    QByteArray text;
+    /// False for a last line that breaks off without a line end.
+    bool ended = true;
+};
+/// The next line of `file`; nothing at its end or on a read error.
+[[nodiscard]] std::optional<Line> readLine(QIODevice& file);
+
+/// A key=value line. The key is what stands before the first "=".
+struct KeyValue {
+    QByteArray key;
+    QByteArray value;
+};
+/// Nothing when the line holds no "=".
+[[nodiscard]] std::optional<KeyValue> splitKeyValue(const QByteArray& line);
+/// Writes "key=value" and the line end; the value goes through `onOneLine`.
+void writeKeyValue(QIODevice& file, QByteArrayView key, const QByteArray& value);
+
+/// The folder with the system's separator at its end.
+[[nodiscard]] QString withTrailingSeparator(const QString& folder);
+/// Creates a folder and the folders above it. That it exists, or cannot be made, is ignored.
+void createFolder(const QString& folder);
+/// Whether `name` can name a file inside a folder and nowhere else: not empty, no separator, no NUL, neither "."
+/// nor "..", no name that the system reserves for a device.
+[[nodiscard]] bool isPlainFileName(QByteArrayView name);
+/// The program's own folder in the user's application data, with trailing separator.
+[[nodiscard]] QString dataFolder();
+
+} // namespace allgemein

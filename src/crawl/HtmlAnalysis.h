@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/HtmlPass.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+/// Which kinds of reference are looked for in a page.
+struct AnalysisSwitches {
+    bool anchors = true;
+    bool links = true;
+    bool allSrc = false; ///< takes the place of `frames` and `images`
+    bool frames = true;
+    bool images = true;
+    bool forms = false;
+};
+
+/// A reference that a page holds.
+struct Verweis {
+    QByteArray adresse; ///< resolved against the page
+    ReferenzTyp typ = ReferenzTyp::Unbekannt;
+};
+
+/// Pulls the references out of an HTML page, one kind after the other: anchors, links, then any src or frames and
+/// images, then form actions, each kind in the order of the page. A call looks at a bounded number of bytes, and the
+/// whole analysis at each byte a fixed number of times, whatever the page.
+class HtmlAnalysis {
+public:
+    enum class Step {
+        Reference, ///< `reference` is the next one
+        Pause, ///< nothing found in this step's share of the page; call again
+        End,
+    };
+
+    /// `pageUrl` is the normalised URL of the page that `body` was loaded from.
+    HtmlAnalysis(QByteArray body, QByteArray pageUrl, const AnalysisSwitches& switches);
+
+    [[nodiscard]] Step next();
+    [[nodiscard]] const Verweis& reference() const { return m_reference; }
+
+private:
+    QByteArray m_body;
+    QByteArray m_pageUrl;
+    std::vector<HtmlPass> m_passes;
+    size_t m_pass = 0;
+    Verweis m_reference;
+};

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "crawl/SearchOptions.h"
+
+#include "base/allgemein.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct SwitchKey {
+    QByteArrayView key;
+    bool AnalysisSwitches::*member;
+};
+
+/// In the order in which files hold them.
+constexpr std::array switchKeys {
+    SwitchKey { "AnalyseAnchors", &AnalysisSwitches::anchors },
+    SwitchKey { "AnalyseLink", &AnalysisSwitches::links },
+    SwitchKey { "AnalyseAllSrc", &AnalysisSwitches::allSrc },
+    SwitchKey { "AnalyseFrames", &AnalysisSwitches::frames },
+    SwitchKey { "AnalyseEPic", &AnalysisSwitches::images },
+    SwitchKey { "AnalyseForms", &AnalysisSwitches::forms },
+};
+
+FollowMode followModeFrom(const QByteArray& value)
+{
+    switch (allgemein::leadingNumber(value)) {
+    case 1:
+        return FollowMode::Inside;
+    case 2:
+        return FollowMode::Outside;
+    default:
+        return FollowMode::All;
+    }
+}
+
+} // namespace
+
+bool SearchOptions::initOpt(const QByteArray& key, const QByteArray& value)
+{
+    if (key == "StartUrl")
+        startUrl = value;
+    else if (key == "MaxDepth")
+        maxDepth = allgemein::readSwitch(value);
+    else if (key == "Depth")
+        tiefe = allgemein::leadingNumber32(value);
+    else if (key == "FollowSub")
+        followSub = followModeFrom(value);
+    else if (key == "Sub")
+        unterpfade.push_back(SubUrl::fromText(value));
+    else {
+        const auto entry = std::find_if(
+            switchKeys.begin(), switchKeys.end(), [&](const SwitchKey& candidate) { return candidate.key == key; });
+        if (entry == switchKeys.end())
+            return false;
+        analysis.*(entry->member) = allgemein::readSwitch(value);
+    }
+    return true;
+}
+
+void SearchOptions::speicherOpts(QIODevice& file) const
+{
+    using allgemein::writeKeyValue;
+    using allgemein::writeSwitch;
+    writeKeyValue(file, "StartUrl", startUrl);
+    writeKeyValue(file, "MaxDepth", writeSwitch(maxDepth));
+    writeKeyValue(file, "Depth", QByteArray::number(tiefe));
+    if (followSub != FollowMode::All)
+        writeKeyValue(file, "FollowSub", QByteArray::number(static_cast<int>(followSub)));
+    for (const SubUrl& entry : unterpfade)
+        writeKeyValue(file, "Sub", entry.text);
+    for (const SwitchKey& entry : switchKeys)
+        writeKeyValue(file, entry.key, writeSwitch(analysis.*(entry.member)));
+}
+
+bool SearchOptions::follows(const QByteArray& url) const
+{
+    if (followSub == FollowMode::All)
+        return true;
+    const bool inside =
+        std::any_of(unterpfade.begin(), unterpfade.end(), [&](const SubUrl& entry) { return entry.matches(url); });
+    return inside == (followSub == FollowMode::Inside);
+}
+
+QByteArray SearchOptions::completedStartUrl(const QByteArray& typed)
+{
+    return typed.startsWith("http://") ? typed : "http://" + typed;
+}

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/FundListe.h"
+#include "crawl/HtmlAnalysis.h"
+#include "crawl/HttpExchange.h"
+#include "crawl/SearchOptions.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <array>
+#include <optional>
+
+class RequestExtras;
+
+/// What has just happened to an item's fetch.
+enum class FetchEvent {
+    Connecting,
+    Requesting,
+    UnsupportedProtocol,
+    Relocated, ///< `detail` is the Location value as received
+    EarlyDisconnect,
+    SocketError, ///< `detail` is the error number, ":" and its description
+};
+
+/// A fetch event with its data. It becomes text where it is shown.
+struct FetchReport {
+    FetchEvent event = FetchEvent::Connecting;
+    QByteArray detail;
+};
+
+/// Searches a site: fetches the items of a list in the order in which they were found, over two connections, reads the
+/// references of HTML pages, and appends what is new to the list. Everything happens on the thread of its event loop.
+class SearchRun final : public QObject {
+    Q_OBJECT
+
+public:
+    /// An item that this many relocations have led to is recorded with its answer, even if it relocates again.
+    static constexpr qint32 relocationLimit = 19;
+
+    /// Works on `list`, with request lines and cookies from `extras`; both must outlive the run.
+    SearchRun(FundListe& list, RequestExtras& extras, QObject* parent = nullptr);
+
+    /// Empties the list and starts a new search. The start URL must have been completed and validated.
+    void starteSuche(const SearchOptions& options);
+    /// Drops what is running and empties the list.
+    void leereSuche();
+    /// Closes the connections and starts nothing more, but for the one fetch that each closed connection may begin at
+    /// once. Those end on their own, without `finished`.
+    void stopSearch();
+    /// Goes on with the items of the list that were not fetched yet.
+    void continueSearch(const SearchOptions& options);
+    /// Drops the fetches that are running and gives their items back as not fetched. For a program that ends after
+    /// `stopSearch`, so that a search saved then can be continued later.
+    void abandon();
+
+    /// Whether 301, 302 and 307 answers are followed.
+    void setFollowRelocation(bool on) { m_followRelocation = on; }
+    /// True from a start or continue to the end or stop.
+    [[nodiscard]] bool isSearching() const { return m_searching; }
+
+    /// Records a URL, unless it has no host or is in the list. `relocations` counts the relocations that led to it.
+    void fuegeFundHinzu(
+        const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations = 0);
+
+signals:
+    /// The list was emptied; no node of it is left.
+    void cleared();
+    void recorded(FundKnoten* knoten);
+    /// The answer's fields were set in the item.
+    void refreshed(FundKnoten* knoten);
+    /// The item's state text changes.
+    void reported(FundKnoten* knoten, const FetchReport& report);
+    /// No item is left to fetch and all connections are closed. Views are rebuilt from the list now.
+    void finished();
+
+private:
+    static constexpr size_t connectionCount = 2;
+
+    struct Sock {
+        /// The item that the connection works on; nullptr when it is idle.
+        FundKnoten* verbindungsKnoten = nullptr;
+        /// The body as far as it arrived.
+        QByteArray empfangsPuffer;
+        /// nullptr while the socket is closed.
+        HttpExchange* exchange = nullptr;
+        std::optional<HtmlAnalysis> analysis;
+        /// Takes the analysis up again after other events.
+        QTimer nextSlice;
+    };
+
+    bool starteAnfrage(size_t index, FundKnoten* knoten);
+    void naechsteUrl(size_t index);
+    void fuelleVerbindungen();
+    void pruefeSuchende();
+    void pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ);
+    [[nodiscard]] FundKnoten* nextUnfetched();
+
+    void openExchange(size_t index);
+    static void closeExchange(Sock& sock);
+    void onConnected(size_t index);
+    void onHeader(size_t index, const QByteArray& header);
+    void onFailed(size_t index, const SocketFailure& failure);
+    void onClosed(size_t index);
+    [[nodiscard]] bool isFollowedRelocation(const FundStück& item) const;
+    void relocate(FundKnoten* knoten, const QByteArray& header);
+    void takeAnswer(FundKnoten* knoten, const QByteArray& header);
+
+    void analyseSlice(size_t index);
+    /// Hands on references until the time of a slice is over; true when the page is finished or the search stopped.
+    [[nodiscard]] bool analyseUntilPause(Sock& sock);
+    void reportState(FundKnoten* knoten, FetchEvent event, const QByteArray& detail = {});
+    static void dropFetch(Sock& sock);
+
+    FundListe& m_list;
+    RequestExtras& m_extras;
+    SearchOptions m_options;
+    std::array<Sock, connectionCount> m_sock;
+    /// The last item that the walk for the next one has passed; nullptr when it starts at the head. Items are taken in
+    /// list order, so whatever a connection has just finished, nothing before this place is left to fetch.
+    FundKnoten* m_walked = nullptr;
+    bool m_suchAbbruch = false;
+    bool m_searching = false;
+    bool m_followRelocation = true;
+};

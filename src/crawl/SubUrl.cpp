@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "crawl/SubUrl.h"
+
+#include "crawl/url.h"
+
+#include <QStringBuilder>
+
+SubUrl SubUrl::fromText(const QByteArray& typed)
+{
+    const QByteArray url = typed.contains("://") ? typed : "http://" + typed;
+    const QByteArrayView host = url::hostOf(url);
+    const qint32 labels = url::labelCount(host);
+    const bool bareHost = host.data() + host.size() == url.constData() + url.size();
+    const qint32 level = bareHost ? labels : labels + url::countOccurrences("/", url::directoryOf(url));
+    return { url::subUrl(url, level), level };
+}
+
+bool SubUrl::matches(const QByteArray& url) const
+{
+    return url::subUrl(url, level) == text;
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "crawl/SearchOptions.h"
+#include "crawl/url.h"
+
+#include <QBuffer>
+#include <QTest>
+
+#include <algorithm>
+
+class tst_SearchOptions : public QObject {
+    Q_OBJECT
+
+private slots:
+    void givesEntryItsLevel_data();
+    void givesEntryItsLevel();
+    void followsByMode_data();
+    void followsByMode();
+    void tellsUnlimitedSearch_data();
+    void tellsUnlimitedSearch();
+    void completesStartUrl();
+    void survivesItsLines();
+    void writesFollowModeOnlyWhenChosen();
+    void refusesForeignKeys();
+};
+
+void tst_SearchOptions::givesEntryItsLevel_data()
+{
+    QTest::addColumn<QByteArray>("typed");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<qint32>("level");
+    const auto row = [](const char* typed, const char* text, qint32 level) {
+        QTest::newRow(typed) << QByteArray(typed) << QByteArray(text) << level;
+    };
+    row("example.org", "http://example.org", 2);
+    row("http://example.org", "http://example.org", 2);
+    row("https://example.org", "https://example.org", 2);
+    row("http://example.org/", "http://example.org:80/", 3);
+    row("http://h:8080", "http://h:8080/", 2);
+    row("http://h/a/x.html", "http://h:80/a/", 3);
+    row("http://h/a/b/", "http://h:80/a/b/", 4);
+    row("127.0.0.1:8080/a", "http://127.0.0.1:8080/", 5);
+}
+
+void tst_SearchOptions::givesEntryItsLevel()
+{
+    QFETCH(QByteArray, typed);
+    const SubUrl entry = SubUrl::fromText(typed);
+    QTEST(entry.text, "text");
+    QTEST(entry.level, "level");
+    // An entry comes back from a file as it was.
+    const SubUrl stored = SubUrl::fromText(entry.text);
+    QCOMPARE(stored.text, entry.text);
+    QCOMPARE(stored.level, entry.level);
+}
+
+void tst_SearchOptions::followsByMode_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<bool>("inside");
+    QTest::newRow("the host itself") << QByteArray("http://example.org/x") << true;
+    QTest::newRow("a host below, on another port") << QByteArray("http://www.example.org:8080/x") << true;
+    QTest::newRow("another host") << QByteArray("http://example.com/x") << false;
+    QTest::newRow("another protocol") << QByteArray("https://example.org/x") << false;
+    QTest::newRow("the directory") << QByteArray("http://h:80/a/y.html") << true;
+    QTest::newRow("a directory below") << QByteArray("http://h/a/b/c/y.html") << true;
+    QTest::newRow("the directory's other case") << QByteArray("http://h:80/A/y.html") << false;
+    QTest::newRow("the directory on another port") << QByteArray("http://h:81/a/y.html") << false;
+    QTest::newRow("above the directory") << QByteArray("http://h:80/y.html") << false;
+    QTest::newRow("an address") << QByteArray("mailto:me@example.org") << false;
+}
+
+void tst_SearchOptions::followsByMode()
+{
+    QFETCH(QByteArray, url);
+    QFETCH(bool, inside);
+    SearchOptions options;
+    options.unterpfade = { SubUrl::fromText("example.org"), SubUrl::fromText("http://h/a/") };
+    QVERIFY(options.follows(url));
+    options.followSub = FollowMode::Inside;
+    QCOMPARE(options.follows(url), inside);
+    options.followSub = FollowMode::Outside;
+    QCOMPARE(options.follows(url), !inside);
+
+    options.unterpfade.clear();
+    QVERIFY(options.follows(url));
+    options.followSub = FollowMode::Inside;
+    QVERIFY(!options.follows(url));
+}
+
+void tst_SearchOptions::tellsUnlimitedSearch_data()
+{
+    QTest::addColumn<bool>("maxDepth");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("unlimited");
+    QTest::newRow("depth limit") << true << 0 << false;
+    QTest::newRow("stays inside") << false << 1 << false;
+    QTest::newRow("neither") << false << 0 << true;
+    QTest::newRow("staying outside is no limit") << false << 2 << true;
+}
+
+void tst_SearchOptions::tellsUnlimitedSearch()
+{
+    QFETCH(bool, maxDepth);
+    QFETCH(int, mode);
+    SearchOptions options;
+    options.maxDepth = maxDepth;
+    options.followSub = static_cast<FollowMode>(mode);
+    QTEST(options.isUnlimited(), "unlimited");
+}
+
+void tst_SearchOptions::completesStartUrl()
+{
+    QCOMPARE(SearchOptions::completedStartUrl("srv.example.org"), "http://srv.example.org");
+    QCOMPARE(SearchOptions::completedStartUrl("http://srv.example.org"), "http://srv.example.org");
+    QCOMPARE(SearchOptions::completedStartUrl("HTTP://h/"), "http://HTTP://h/");
+    QVERIFY(!url::isValidUrl(SearchOptions::completedStartUrl("http://.org")));
+    QVERIFY(!url::isValidUrl(SearchOptions::completedStartUrl("")));
+}
+
+static QByteArray linesOf(const SearchOptions& options)
+{
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    options.speicherOpts(file);
+    return file.data();
+}
+
+void tst_SearchOptions::survivesItsLines()
+{
+    SearchOptions options;
+    options.startUrl = "http://h/a=b";
+    options.maxDepth = false;
+    options.tiefe = 7;
+    options.followSub = FollowMode::Outside;
+    options.unterpfade = { SubUrl::fromText("h/a/"), SubUrl::fromText("example.org") };
+    options.analysis = { false, true, true, false, true, true };
+    const QByteArray lines = linesOf(options);
+    QCOMPARE(lines,
+        "StartUrl=http://h/a=b\r\nMaxDepth=0\r\nDepth=7\r\nFollowSub=2\r\nSub=http://h:80/a/\r\n"
+        "Sub=http://example.org\r\nAnalyseAnchors=0\r\nAnalyseLink=1\r\nAnalyseAllSrc=1\r\nAnalyseFrames=0\r\n"
+        "AnalyseEPic=1\r\nAnalyseForms=1\r\n");
+
+    SearchOptions read;
+    for (const QByteArray& line : lines.split('\n').first(lines.count('\n'))) {
+        const qsizetype equals = line.indexOf('=');
+        QVERIFY(read.initOpt(line.first(equals), line.sliced(equals + 1).chopped(1)));
+    }
+    QCOMPARE(linesOf(read), lines);
+    QVERIFY(std::equal(read.unterpfade.begin(), read.unterpfade.end(), options.unterpfade.begin(),
+        options.unterpfade.end(), [](const SubUrl& a, const SubUrl& b) { return a.level == b.level; }));
+}
+
+void tst_SearchOptions::writesFollowModeOnlyWhenChosen()
+{
+    SearchOptions options;
+    QVERIFY(!linesOf(options).contains("FollowSub"));
+    options.followSub = FollowMode::Inside;
+    QVERIFY(linesOf(options).contains("FollowSub=1\r\n"));
+}
+
+void tst_SearchOptions::refusesForeignKeys()
+{
+    SearchOptions options;
+    QVERIFY(!options.initOpt("starturl", "x"));
+    QVERIFY(!options.initOpt("Referrer", "1"));
+    QVERIFY(options.startUrl.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_SearchOptions)
+#include "tst_SearchOptions.moc"

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/httpHeader.h"
+
+#include <QList>
+
+/// Requests of nothing but the fixed lines, with members for a test that wants more; remembers the cookies it is given.
+struct PlainExtras final : RequestExtras {
+    std::optional<QByteArray> userAgent;
+    std::optional<QByteArray> languages;
+    QByteArray cookies;
+    bool referer = false;
+    QList<QByteArray> takenCookies;
+
+    [[nodiscard]] std::optional<QByteArray> userAgentLine() const override { return userAgent; }
+    [[nodiscard]] std::optional<QByteArray> acceptLanguageLine() const override { return languages; }
+    [[nodiscard]] QByteArray cookieLine(const QByteArray&) const override { return cookies; }
+    [[nodiscard]] bool sendsReferer() const override { return referer; }
+    void takeCookie(const QByteArray& setCookieValue, const QByteArray&) override
+    {
+        if (!setCookieValue.isEmpty())
+            takenCookies += setCookieValue;
+    }
+};

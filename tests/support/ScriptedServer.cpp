@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ScriptedServer.h"
+
+#include <QTcpSocket>
+
+#include <memory>
+
+namespace {
+
+QByteArray pathOf(const QByteArray& request)
+{
+    const qsizetype start = request.indexOf(' ') + 1;
+    return request.mid(start, request.indexOf(" HTTP/1.1\r\n", start) - start);
+}
+
+void end(QTcpSocket* socket, Afterwards afterwards)
+{
+    switch (afterwards) {
+    case Afterwards::Close:
+        socket->disconnectFromHost();
+        break;
+    case Afterwards::Stall:
+        break;
+    case Afterwards::Reset:
+        // The end of the request is still unread, so closing resets.
+        socket->abort();
+        break;
+    }
+}
+
+/// Writes the pieces one after the other, each when the bytes of the one before are gone.
+void writeInTurn(QTcpSocket* socket, const Answer& answer)
+{
+    const auto next = std::make_shared<qsizetype>(0);
+    const auto writeNext = [socket, answer, next] {
+        if (socket->bytesToWrite() > 0)
+            return;
+        if (*next < answer.pieces.size())
+            socket->write(answer.pieces[(*next)++]);
+        else
+            end(socket, answer.afterwards);
+    };
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, writeNext);
+    writeNext();
+}
+
+} // namespace
+
+ScriptedServer::ScriptedServer()
+{
+    connect(this, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket* const socket = nextPendingConnection())
+            serve(socket);
+    });
+    if (!listen(QHostAddress::LocalHost))
+        qFatal("The scripted server cannot listen.");
+}
+
+QByteArray ScriptedServer::origin() const
+{
+    return "http://127.0.0.1:" + QByteArray::number(serverPort());
+}
+
+void ScriptedServer::script(const QByteArray& path, const Answer& answer)
+{
+    m_script.insert(path, answer);
+}
+
+void ScriptedServer::page(const QByteArray& path, const QByteArray& body)
+{
+    script(path, { { okHeader("text/html") + body } });
+}
+
+void ScriptedServer::relocation(const QByteArray& path, const QByteArray& location, int status)
+{
+    script(path, { { "HTTP/1.1 " + QByteArray::number(status) + " Moved\r\nLocation: " + location + "\r\n\r\n" } });
+}
+
+QByteArrayList ScriptedServer::paths() const
+{
+    QByteArrayList paths;
+    for (const QByteArray& request : m_requests)
+        paths += pathOf(request);
+    return paths;
+}
+
+void ScriptedServer::release(const QByteArray& path, const QByteArray& bytes)
+{
+    QTcpSocket* const socket = m_stalled.take(path);
+    Q_ASSERT(socket);
+    socket->write(bytes);
+    socket->disconnectFromHost();
+}
+
+void ScriptedServer::serve(QTcpSocket* socket)
+{
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    // Only a part of the request is taken off the network until it is known how the connection ends: closing with
+    // bytes left there is what makes a reset.
+    socket->setReadBufferSize(64);
+    const auto request = std::make_shared<QByteArray>();
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket, request] {
+        *request += socket->readAll();
+        const bool lineComplete = request->contains("\r\n");
+        if (lineComplete && m_script.value(pathOf(*request)).afterwards == Afterwards::Reset) {
+            socket->disconnect(this);
+            m_requests += *request;
+            reply(socket, pathOf(*request));
+        } else if (request->endsWith("\r\n\r\n")) {
+            m_requests += *request;
+            reply(socket, pathOf(*request));
+        }
+    });
+}
+
+void ScriptedServer::reply(QTcpSocket* socket, const QByteArray& path)
+{
+    static const Answer notFound { { "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n" } };
+    const Answer answer = m_script.value(path, notFound);
+    if (answer.afterwards == Afterwards::Stall)
+        m_stalled.insert(path, socket);
+    writeInTurn(socket, answer);
+}
+
+QByteArray okHeader(const QByteArray& contentType)
+{
+    return "HTTP/1.1 200 OK\r\nContent-Type: " + contentType + "\r\n\r\n";
+}
+
+QByteArrayList dripped(const QByteArray& bytes)
+{
+    QByteArrayList pieces;
+    for (const char byte : bytes)
+        pieces += QByteArray(1, byte);
+    return pieces;
+}
