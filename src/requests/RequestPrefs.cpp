@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "requests/RequestPrefs.h"
+
+#include "base/allgemein.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct SwitchKey {
+    QByteArrayView key;
+    bool RequestPrefs::*member;
+};
+
+constexpr std::array switchKeys {
+    SwitchKey { "Referrer", &RequestPrefs::useReferrer },
+    SwitchKey { "UseUserAgent", &RequestPrefs::useUserAgent },
+    SwitchKey { "UseLanguage", &RequestPrefs::useLanguage },
+    SwitchKey { "useCookies", &RequestPrefs::useCookies },
+    SwitchKey { "setCookies", &RequestPrefs::setCookies },
+    SwitchKey { "dontWarnAboutCookiesAgain", &RequestPrefs::dontWarnAboutCookiesAgain },
+};
+
+/// A weight with up to 15 significant digits and a decimal point.
+QByteArray weight(qsizetype rank, qsizetype count)
+{
+    return QByteArray::number(static_cast<double>(count - rank) / static_cast<double>(count), 'g', 15);
+}
+
+} // namespace
+
+QByteArray RequestPrefs::languageHeader() const
+{
+    QByteArray value;
+    for (qsizetype rank = 0; rank < sprachAuswahl.size(); ++rank) {
+        if (rank > 0)
+            value += ", ";
+        value += sprachAuswahl[rank].left(2) + ";q=" + weight(rank, sprachAuswahl.size());
+    }
+    return value;
+}
+
+QList<QByteArray> RequestPrefs::readyUserAgents()
+{
+    return {
+        "Tarnwick 1 (http://tarnwick.example/)",
+        "Googlebot/2.1 (+http://www.google.com/bot.html)",
+        "Mozilla/5.0 (Windows; U; Windows NT 5.1; de; rv:1.8.1.15) Gecko/20080623 Firefox/2.0.0.15",
+        "Opera/9.10 (Windows NT 5.0; U; de)",
+        "Mozilla/4.0 (compatible; MSIE 7.0; Windows NT 5.1; .NET CLR 2.0.50727; .NET CLR 3.0.04506.648; "
+        ".NET CLR 3.5.21022)",
+    };
+}
+
+void twkEinstellungen::writeRequestPrefs(QIODevice& file, const RequestPrefs& prefs)
+{
+    using allgemein::writeKeyValue;
+    using allgemein::writeSwitch;
+    writeKeyValue(file, "Referrer", writeSwitch(prefs.useReferrer));
+    writeKeyValue(file, "UseUserAgent", writeSwitch(prefs.useUserAgent));
+    writeKeyValue(file, "UserAgent", prefs.userAgent);
+    writeKeyValue(file, "UseLanguage", writeSwitch(prefs.useLanguage));
+    writeListItems(file, "Language", prefs.sprachAuswahl);
+    writeKeyValue(file, "useCookies", writeSwitch(prefs.useCookies));
+    writeKeyValue(file, "setCookies", writeSwitch(prefs.setCookies));
+    writeKeyValue(file, "dontWarnAboutCookiesAgain", writeSwitch(prefs.dontWarnAboutCookiesAgain));
+}
+
+bool twkEinstellungen::readRequestPref(RequestPrefs& prefs, const QByteArray& key, const QByteArray& value)
+{
+    if (key == "UserAgent") {
+        prefs.userAgent = value;
+    } else if (key == "Language") {
+        prefs.sprachAuswahl += value;
+    } else {
+        const auto entry = std::find_if(
+            switchKeys.begin(), switchKeys.end(), [&](const SwitchKey& candidate) { return candidate.key == key; });
+        if (entry == switchKeys.end())
+            return false;
+        prefs.*(entry->member) = allgemein::readSwitch(value);
+    }
+    return true;
+}
+
+void twkEinstellungen::writeListItems(QIODevice& file, QByteArrayView key, const QList<QByteArray>& items)
+{
+    for (const QByteArray& item : items)
+        allgemein::writeKeyValue(file, key, item);
+}

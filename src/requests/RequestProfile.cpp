@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "requests/RequestProfile.h"
+
+#include "crawl/url.h"
+
+RequestProfile::RequestProfile(const RequestPrefs& prefs, const CookieStore& cookies)
+    : m_prefs(prefs)
+    , m_cookies(cookies)
+{
+}
+
+std::optional<QByteArray> RequestProfile::userAgentLine() const
+{
+    return m_prefs.useUserAgent ? std::optional(m_prefs.userAgent) : std::nullopt;
+}
+
+std::optional<QByteArray> RequestProfile::acceptLanguageLine() const
+{
+    return m_prefs.useLanguage ? std::optional(m_prefs.languageHeader()) : std::nullopt;
+}
+
+QByteArray RequestProfile::cookieLine(const QByteArray& url) const
+{
+    return m_prefs.useCookies ? m_cookies.getCookieHeader(url) : QByteArray();
+}
+
+bool RequestProfile::sendsReferer() const
+{
+    return m_prefs.useReferrer;
+}
+
+void RequestProfile::takeCookie(const QByteArray& setCookieValue, const QByteArray& url)
+{
+    if (m_prefs.setCookies && !setCookieValue.isEmpty())
+        m_cookies.takeSetCookie(setCookieValue, url::hostOf(url).toByteArray());
+}

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "requests/CookieStore.h"
+#include "requests/RequestProfile.h"
+#include "support/Text.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+class tst_cookies : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void takesSetCookie_data();
+    void takesSetCookie();
+    void replacesByName();
+    void refusesHostsAndTextsThatBreakOut_data();
+    void refusesHostsAndTextsThatBreakOut();
+    void sendsWherePathMatches_data();
+    void sendsWherePathMatches();
+    void readsBroadDomainsFirst();
+    void survivesDamagedFile();
+    void keepsOldFileWhenFolderIsGone();
+    void profileObeysSwitches();
+
+private:
+    [[nodiscard]] QByteArray stored(const QString& host = QStringLiteral("h")) const;
+    [[nodiscard]] QString fileFor(const QString& host) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    CookieStore m_store;
+};
+
+void tst_cookies::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_store.setCookieFolder(m_folder->path());
+}
+
+QString tst_cookies::fileFor(const QString& host) const
+{
+    return m_folder->filePath(host + QLatin1String(".tkc"));
+}
+
+QByteArray tst_cookies::stored(const QString& host) const
+{
+    return contentOf(fileFor(host));
+}
+
+void tst_cookies::takesSetCookie_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("line");
+    const auto row = [](const char* title, const char* value, const char* line) {
+        QTest::newRow(title) << QByteArray(value) << QByteArray(line);
+    };
+    row("path behind", "a=1; path=/", "/\ta\t1\r\n");
+    row("path in the middle", "a=1; path=/x/; secure", "/x/\ta\t1\r\n");
+    row("capital attribute", "a=1; PATH=/", "/\ta\t1\r\n");
+    row("quotes", "a=\"1 2\"; path=\"/\"", "/\ta\t1 2\r\n");
+    row("a quote that nothing closes loses its last byte", "a=\"12; path=/", "/\ta\t1\r\n");
+    row("other attributes are ignored", "a=1; expires=Thu; domain=.x; path=/; HttpOnly", "/\ta\t1\r\n");
+    row("no attribute at all", "a=1", "");
+    row("the first sign behind the name ends nothing", "a; path=/", "");
+    row("no sign", "a; b;", "");
+    row("no path: the text from the fifth byte", "SID=abc; x", "abc\tSID\tabc\r\n");
+    row("a short one without path", "a=1;", "\ta\t1\r\n");
+    row("an empty value", "a=; path=/", "");
+    row("a lone quote", "a=\"; path=/", "");
+    row("the name is not trimmed", " a =1; path=/", "/\t a \t1\r\n");
+    row("empty", "", "");
+    row("a TAB", "a=1\t2; path=/", "");
+}
+
+void tst_cookies::takesSetCookie()
+{
+    QFETCH(QByteArray, value);
+    m_store.takeSetCookie(value, "h");
+    QTEST(stored(), "line");
+}
+
+void tst_cookies::replacesByName()
+{
+    m_store.takeSetCookie("a=1; path=/", "h");
+    m_store.takeSetCookie("b=2; path=/", "h");
+    QCOMPARE(m_store.getCookieHeader("http://h/"), "Cookie: a=1; b=2\r\n");
+    m_store.takeSetCookie("a=3; path=/x/", "h");
+    QCOMPARE(stored(), "/\tb\t2\r\n/x/\ta\t3\r\n");
+    m_store.takeSetCookie("b=; path=/", "h");
+    QCOMPARE(stored(), "/x/\ta\t3\r\n");
+    m_store.takeSetCookie("a=; path=/", "h");
+    QVERIFY(QFile::exists(fileFor(QStringLiteral("h"))));
+    QCOMPARE(stored(), "");
+}
+
+void tst_cookies::refusesHostsAndTextsThatBreakOut_data()
+{
+    QTest::addColumn<QByteArray>("host");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("a host above the folder") << QByteArray("../h") << QByteArray("a");
+    QTest::newRow("a host with a backslash") << QByteArray("..\\h") << QByteArray("a");
+    QTest::newRow("a host with NUL") << QByteArray("h\0x", 3) << QByteArray("a");
+    QTest::newRow("an absolute host") << QByteArray("/tmp/h") << QByteArray("a");
+    QTest::newRow("no host") << QByteArray() << QByteArray("a");
+    QTest::newRow("a name with a line end") << QByteArray("h") << QByteArray("a\r\nX: ");
+}
+
+void tst_cookies::refusesHostsAndTextsThatBreakOut()
+{
+    QFETCH(QByteArray, host);
+    QFETCH(QByteArray, name);
+    QDir(m_folder->path()).mkdir(QStringLiteral("inner"));
+    m_store.setCookieFolder(m_folder->filePath(QStringLiteral("inner")));
+    QVERIFY(!m_store.saveCookie(host, "/", name, "1"));
+    const auto filter = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(m_folder->path()).entryList(filter), QStringList { QStringLiteral("inner") });
+    QVERIFY(QDir(m_folder->filePath(QStringLiteral("inner"))).entryList(filter).isEmpty());
+    QVERIFY(m_store.getCookieHeader("http://" + host + '/').isEmpty());
+}
+
+void tst_cookies::sendsWherePathMatches_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<bool>("sent");
+    QTest::newRow("the root matches every path") << QByteArray("/") << QByteArray("http://h/a/b/c.html") << true;
+    QTest::newRow("the directory") << QByteArray("/shop/") << QByteArray("http://h/shop/x.html") << true;
+    QTest::newRow("a directory below") << QByteArray("/shop/") << QByteArray("http://h:8080/shop/a/") << true;
+    QTest::newRow("a file of the name") << QByteArray("/shop/") << QByteArray("http://h/shop") << false;
+    QTest::newRow("no slash at the end") << QByteArray("/shop") << QByteArray("http://h/shop/x.html") << false;
+    QTest::newRow("another directory") << QByteArray("/shop/") << QByteArray("http://h/shed/") << false;
+    QTest::newRow("deeper than the request") << QByteArray("/a/b/") << QByteArray("http://h/a/") << false;
+    QTest::newRow("no path") << QByteArray() << QByteArray("http://h/") << false;
+    QTest::newRow("another host") << QByteArray("/") << QByteArray("http://i/") << false;
+}
+
+void tst_cookies::sendsWherePathMatches()
+{
+    QFETCH(QByteArray, path);
+    QFETCH(QByteArray, url);
+    QFETCH(bool, sent);
+    QVERIFY(m_store.saveCookie("h", path, "a", "1"));
+    QCOMPARE(m_store.getCookieHeader(url), sent ? QByteArray("Cookie: a=1\r\n") : QByteArray());
+}
+
+void tst_cookies::readsBroadDomainsFirst()
+{
+    for (const char* host : { "a.b.c", "c", "b.c", "x.b.c" })
+        m_store.saveCookie(host, "/", "n", host);
+    QCOMPARE(m_store.getCookieHeader("http://a.b.c/"), "Cookie: n=c; n=b.c; n=a.b.c\r\n");
+}
+
+void tst_cookies::survivesDamagedFile()
+{
+    QVERIFY(writeFile(fileFor(QStringLiteral("h")), "garbage\r\n/\tonly\r\n/\ta\t1\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3"));
+    QCOMPARE(m_store.getCookieHeader("http://h/"), "Cookie: a=1; c=3\r\n");
+    m_store.saveCookie("h", "/", "a", "4");
+    QCOMPARE(stored(), "garbage\r\n/\tonly\r\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3\r\n/\ta\t4\r\n");
+}
+
+void tst_cookies::keepsOldFileWhenFolderIsGone()
+{
+    m_store.setCookieFolder(m_folder->filePath(QStringLiteral("gone")));
+    QVERIFY(QDir(m_folder->path()).rmdir(QStringLiteral("gone")));
+    QVERIFY(!m_store.saveCookie("h", "/", "a", "1"));
+    QVERIFY(m_store.getCookieHeader("http://h/").isEmpty());
+}
+
+void tst_cookies::profileObeysSwitches()
+{
+    RequestPrefs prefs;
+    RequestProfile profile(prefs, m_store);
+    profile.takeCookie("a=1; path=/", "http://h/");
+    QCOMPARE(profile.cookieLine("http://h/"), "");
+    prefs.useCookies = true;
+    QCOMPARE(profile.cookieLine("http://h/"), "Cookie: a=1\r\n");
+    prefs.setCookies = false;
+    profile.takeCookie("b=2; path=/", "http://h/");
+    QCOMPARE(profile.cookieLine("http://h/"), "Cookie: a=1\r\n");
+
+    prefs.userAgent = "agent";
+    QVERIFY(profile.userAgentLine() == "agent" && !profile.acceptLanguageLine() && profile.sendsReferer());
+    prefs.useUserAgent = false;
+    prefs.useLanguage = true;
+    prefs.useReferrer = false;
+    QVERIFY(!profile.userAgentLine() && profile.acceptLanguageLine() == "" && !profile.sendsReferer());
+}
+
+QTEST_GUILESS_MAIN(tst_cookies)
+#include "tst_cookies.moc"
