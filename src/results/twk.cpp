@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/twk.h"
+
+#include "base/allgemein.h"
+#include "base/lang.h"
+
+QString twk::referenceTypeName(ReferenzTyp typ)
+{
+    switch (typ) {
+    case ReferenzTyp::Unbekannt:
+        return QStringLiteral("?");
+    case ReferenzTyp::Anchor:
+        return QStringLiteral("anchor");
+    case ReferenzTyp::Link:
+        return QStringLiteral("link");
+    case ReferenzTyp::AnySrc:
+        return QStringLiteral("? src");
+    case ReferenzTyp::Frame:
+        return QStringLiteral("frame");
+    case ReferenzTyp::Img:
+        return QStringLiteral("img");
+    }
+    return {};
+}
+
+QString twk::stateText(const FetchReport& report, const LanguageTable& language)
+{
+    const auto withDetail = [&](const char* key) -> QString {
+        return language.text(key) + QLatin1String(": ") + allgemein::fromSystem(report.detail);
+    };
+    switch (report.event) {
+    case FetchEvent::Connecting:
+        return language.text("lang.netConnecting");
+    case FetchEvent::Requesting:
+        return language.text("lang.netRequesting");
+    case FetchEvent::UnsupportedProtocol:
+        return language.text("lang.netUnsupportedProtocol");
+    case FetchEvent::Relocated:
+        return withDetail("lang.netRelocated");
+    case FetchEvent::EarlyDisconnect:
+        return language.text("lang.netEarlyDisconnect");
+    case FetchEvent::SocketError:
+        return withDetail("lang.netError");
+    }
+    return {};
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/FundListe.h"
+#include "crawl/SearchRun.h"
+
+#include <QString>
+
+class LanguageTable;
+
+/// How found items and their states are worded.
+namespace twk {
+
+/// The name of a kind of reference, in views and exports of every language; empty for a number that has none.
+[[nodiscard]] QString referenceTypeName(ReferenzTyp typ);
+
+/// What the status column says of a fetch event.
+[[nodiscard]] QString stateText(const FetchReport& report, const LanguageTable& language);
+
+} // namespace twk

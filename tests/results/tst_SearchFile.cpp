@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/SearchFile.h"
+#include "support/Text.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using SearchFile::LoadError;
+
+class tst_SearchFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void comesBackByteForByte();
+    void hostileTextsStayInTheirFields();
+    void readsItemLines_data();
+    void readsItemLines();
+    void tellsWhatIsWrong_data();
+    void tellsWhatIsWrong();
+    void passesOverUnknownLines();
+    void cutAnywhereKeepsWhatIsWhole();
+    void failedSaveLeavesOldFile();
+    void neighboursShareTheirReferrer();
+
+private:
+    [[nodiscard]] QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+FundStück someItem(const QByteArray& url)
+{
+    FundStück item;
+    item.adresse = url;
+    item.mimeTyp = "text/html; charset=\xe4";
+    item.groesse = -1;
+    item.tiefe = 3;
+    item.zustand = Zustand::LaedtHtml;
+    item.statusCode = 200;
+    item.referenzTyp = ReferenzTyp::Frame;
+    item.sprache = "de";
+    item.referer = "http://h:80/";
+    return item;
+}
+
+} // namespace
+
+void tst_SearchFile::comesBackByteForByte()
+{
+    SearchOptions options;
+    options.startUrl = "http://h/";
+    options.unterpfade = { SubUrl::fromText("h/a/") };
+    RequestPrefs prefs;
+    prefs.sprachAuswahl = { "de German" };
+    FundListe list;
+    list.add(someItem("http://h:80/\xfc"));
+    list.add({});
+    list.getLetzter()->inhalt.adresse = "mailto://mailto:0/";
+    list.add(someItem("http://h:80/b"));
+    list.getLetzter()->inhalt.groesse = 5'000'000'000;
+
+    QCOMPARE(SearchFile::save(file("a.twk"), options, prefs, list), std::nullopt);
+    const QByteArray content = contentOf(file("a.twk"));
+    const qsizetype results = content.indexOf("Results:\r\n");
+    QCOMPARE(content.sliced(results),
+        "Results:\r\n"
+        "http://h:80/\xfc\ttext/html; charset=\xe4\t-1\t3\t3\t200\t4\tde\thttp://h:80/\r\n"
+        "mailto://mailto:0/\t\t0\t0\t0\t0\t0\t\t\r\n"
+        "http://h:80/b\ttext/html; charset=\xe4\t5000000000\t3\t3\t200\t4\tde\thttp://h:80/\r\n");
+
+    StoredSearch search;
+    const SearchFile::LoadResult result = SearchFile::load(file("a.twk"), search);
+    QCOMPARE(result.error, LoadError::None);
+    QVERIFY(result.skipped.isEmpty());
+    QCOMPARE(urlsOf(search.list), urlsOf(list));
+    QCOMPARE(SearchFile::save(file("b.twk"), search.options, search.prefs, search.list), std::nullopt);
+    QCOMPARE(contentOf(file("b.twk")), content);
+}
+
+void tst_SearchFile::hostileTextsStayInTheirFields()
+{
+    FundStück item = someItem("http://h:80/");
+    item.mimeTyp = QByteArray("a\tb\0", 4);
+    item.sprache = "c\nd";
+    item.referer = "http://r/\r\nResults:";
+    const QByteArray line = SearchFile::itemLine(item);
+    QCOMPARE(line.count('\t'), 8);
+    QVERIFY(!line.contains('\n') && !line.contains('\r') && !line.contains('\0'));
+    QCOMPARE(SearchFile::itemFrom(line)->mimeTyp, "a%09b%00");
+    QCOMPARE(SearchFile::itemFrom(line)->tiefe, item.tiefe);
+}
+
+void tst_SearchFile::readsItemLines_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("written");
+    const auto row = [](const char* title, const char* line, const char* written) {
+        QTest::newRow(title) << QByteArray(line) << QByteArray(written);
+    };
+    row("all fields", "u\tm\t1\t2\t3\t4\t5\tl\tr", "u\tm\t1\t2\t3\t4\t5\tl\tr");
+    row("the URL alone", "u", "u\t\t0\t0\t0\t0\t0\t\t");
+    row("fields missing at the end", "u\tm\t7", "u\tm\t7\t0\t0\t0\t0\t\t");
+    row("more than nine", "u\tm\t1\t2\t3\t4\t5\tl\tr\tx\ty", "u\tm\t1\t2\t3\t4\t5\tl\tr");
+    row("numbers that are none", "u\tm\tx\t\t-\t1.5\t 7z\tl\tr", "u\tm\t0\t0\t0\t2\t7\tl\tr");
+    row("numbers out of range", "u\tm\t9223372036854775808\t2147483648\t0\t0\t0\tl\tr", "u\tm\t0\t0\t0\t0\t0\tl\tr");
+    row("kinds and states unheard of", "u\tm\t1\t2\t99\t4\t-77\tl\tr", "u\tm\t1\t2\t99\t4\t-77\tl\tr");
+    row("no URL", "\tm\t1", "");
+    row("an empty line", "", "");
+}
+
+void tst_SearchFile::readsItemLines()
+{
+    QFETCH(QByteArray, line);
+    const auto item = SearchFile::itemFrom(line);
+    QTEST(item ? SearchFile::itemLine(*item) : QByteArray(), "written");
+}
+
+void tst_SearchFile::tellsWhatIsWrong_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<int>("items");
+    const auto row = [](const char* title, const QByteArray& content, LoadError error, int items) {
+        QTest::newRow(title) << content << static_cast<int>(error) << items;
+    };
+    row("parameters but no results", "StartUrl=http://h/\r\n", LoadError::None, 0);
+    row("results but no parameters", "Results:\r\nu\r\n", LoadError::None, 1);
+    row("plain line feeds", "StartUrl=x\nResults:\nu\nv\n", LoadError::None, 2);
+    row("the last line breaks off", "Results:\r\nu\tm\r\nv\tm", LoadError::Truncated, 1);
+    row("the last line end breaks off", "Results:\r\nu\r\nv\r", LoadError::Truncated, 1);
+    row("empty", "", LoadError::NotASearchFile, 0);
+    row("a picture", QByteArray("\x89PNG\r\n\x1a\n\0\0=\0\n", 15), LoadError::NotASearchFile, 0);
+}
+
+void tst_SearchFile::tellsWhatIsWrong()
+{
+    QFETCH(QByteArray, content);
+    QVERIFY(writeFile(file("x.twk"), content));
+    StoredSearch search;
+    QTEST(static_cast<int>(SearchFile::load(file("x.twk"), search).error), "error");
+    QTEST(int { search.list.getAnzahl() }, "items");
+
+    StoredSearch none;
+    QCOMPARE(SearchFile::load(file("missing.twk"), none).error, LoadError::CannotOpen);
+    QCOMPARE(SearchFile::load(m_folder.path(), none).error, LoadError::CannotOpen);
+}
+
+void tst_SearchFile::passesOverUnknownLines()
+{
+    QVERIFY(writeFile(
+        file("x.twk"), "startUrl=a\r\nnonsense\r\nDepth=7\r\nReferrer=0\r\nResults:\r\nDepth=9\r\n\tm\r\nu\r\n"));
+    StoredSearch search;
+    const SearchFile::LoadResult result = SearchFile::load(file("x.twk"), search);
+    QCOMPARE(result.error, LoadError::None);
+    QCOMPARE(result.skipped.size(), 3);
+    QCOMPARE(result.skipped[0].why, SearchFile::SkippedLine::UnknownKey);
+    QCOMPARE(result.skipped[0].text, "startUrl");
+    QCOMPARE(result.skipped[1].why, SearchFile::SkippedLine::NoKey);
+    QCOMPARE(result.skipped[1].number, 2);
+    QCOMPARE(result.skipped[2].why, SearchFile::SkippedLine::NoUrl);
+    QCOMPARE(result.skipped[2].number, 7);
+    QCOMPARE(search.options.tiefe, 7);
+    QVERIFY(!search.prefs.useReferrer);
+    QCOMPARE(urlsOf(search.list), (QByteArrayList { "Depth=9", "u" }));
+}
+
+void tst_SearchFile::cutAnywhereKeepsWhatIsWhole()
+{
+    FundListe list;
+    for (const char* url : { "http://h:80/a", "http://h:80/b", "http://h:80/c" })
+        list.add(someItem(url));
+    QCOMPARE(SearchFile::save(file("whole.twk"), {}, {}, list), std::nullopt);
+    const QByteArray whole = contentOf(file("whole.twk"));
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        const QByteArray cut = whole.first(length);
+        QVERIFY(writeFile(file("cut.twk"), cut));
+        StoredSearch search;
+        const LoadError error = SearchFile::load(file("cut.twk"), search).error;
+        QCOMPARE(error == LoadError::None, cut.endsWith('\n'));
+        QCOMPARE(search.list.getAnzahl(), qMax<qsizetype>(0, cut.count('\n') - whole.count('\n') + 3));
+    }
+}
+
+void tst_SearchFile::failedSaveLeavesOldFile()
+{
+    const FundListe list;
+    QVERIFY(SearchFile::save(file("no/such/folder.twk"), {}, {}, list).has_value());
+    QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.twk")));
+    QVERIFY(SearchFile::save(file("folder.twk"), {}, {}, list).has_value());
+    QVERIFY(QFileInfo(file("folder.twk")).isDir());
+}
+
+void tst_SearchFile::neighboursShareTheirReferrer()
+{
+    QVERIFY(writeFile(file("x.twk"), "Results:\r\nu\tm\t0\t0\t0\t0\t0\t\tr\r\nv\tm\t0\t0\t0\t0\t0\t\tr\r\n"));
+    StoredSearch search;
+    QCOMPARE(SearchFile::load(file("x.twk"), search).error, LoadError::None);
+    const FundKnoten* const first = search.list.getStart();
+    QCOMPARE(first->naechster->inhalt.referer.constData(), first->inhalt.referer.constData());
+    QCOMPARE(first->naechster->inhalt.mimeTyp.constData(), first->inhalt.mimeTyp.constData());
+}
+
+QTEST_GUILESS_MAIN(tst_SearchFile)
+#include "tst_SearchFile.moc"
