@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/lang.h"
+#include "crawl/FundListe.h"
+#include "crawl/SearchOptions.h"
+#include "crawl/SearchRun.h"
+#include "requests/CookieStore.h"
+#include "requests/RequestPrefs.h"
+#include "requests/RequestProfile.h"
+
+/// One of everything that the program has while it runs, and the one place where these objects meet.
+class Session {
+public:
+    Session();
+    Q_DISABLE_COPY_MOVE(Session)
+
+    LanguageTable language;
+    RequestPrefs requestPrefs;
+    CookieStore cookies;
+    RequestProfile requestProfile;
+    SearchOptions searchOptions;
+    FundListe foundItems;
+    SearchRun search;
+
+    /// The folder in which the user's own cookies are kept.
+    [[nodiscard]] static QString userCookieFolder();
+};

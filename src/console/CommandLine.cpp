@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/CommandLine.h"
+
+#include <QFile>
+#include <QTextStream>
+
+#include <cstdio>
+
+void complain(const QString& text)
+{
+    QTextStream(stderr) << QLatin1String("tarnwick-cli: ") << text << Qt::endl;
+}
+
+bool printToStandardOutput(const std::function<void(QIODevice&)>& write)
+{
+    QFile out;
+    bool complete = out.open(stdout, QIODevice::WriteOnly);
+    if (complete) {
+        write(out);
+        complete = out.flush() && out.error() == QFile::NoError;
+    }
+    if (!complete)
+        complain(QStringLiteral("standard output: ") + out.errorString());
+    return complete;
+}
+
+CommandParser::CommandParser(const QString& command, const QString& description, const QString& example,
+    const QString& argument, const QString& argumentDescription)
+    : m_command(command)
+    , m_argument(argument)
+{
+    m_parser.setApplicationDescription(description + QLatin1String("\n\nExample:\n  tarnwick-cli ") + example);
+    m_parser.addOption({ { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Show this help.") });
+    // The parser knows nothing of commands: in the usage line, the command stands with its argument.
+    m_parser.addPositionalArgument(argument, argumentDescription, command + u' ' + argument);
+}
+
+void CommandParser::addSwitch(const QStringList& names, const QString& description)
+{
+    m_parser.addOption(QCommandLineOption(names, description));
+}
+
+void CommandParser::addValue(const QStringList& names, const QString& description, const QString& valueName)
+{
+    m_parser.addOption(QCommandLineOption(names, description, valueName));
+}
+
+bool CommandParser::parse(const QStringList& arguments)
+{
+    if (!m_parser.parse(QStringList { QStringLiteral("tarnwick-cli") } + arguments))
+        throw UsageError { m_parser.errorText() };
+    if (m_parser.isSet(QStringLiteral("help"))) {
+        QTextStream(stdout) << m_parser.helpText();
+        return false;
+    }
+    const QStringList given = m_parser.positionalArguments();
+    if (given.isEmpty())
+        throw UsageError { QStringLiteral("%1: %2 is missing").arg(m_command, m_argument) };
+    if (given.size() > 1)
+        throw UsageError { QStringLiteral("%1: unexpected argument '%2'").arg(m_command, given[1]) };
+    return true;
+}
+
+qint32 CommandParser::wholeNumber(const QString& name) const
+{
+    bool ok = false;
+    const qint32 number = value(name).toInt(&ok);
+    if (!ok || number < 0)
+        throw UsageError { QStringLiteral("--%1 needs a whole number, not '%2'").arg(name, value(name)) };
+    return number;
+}

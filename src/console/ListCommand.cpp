@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/ListCommand.h"
+
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "console/CommandLine.h"
+#include "console/PrintOptions.h"
+#include "results/SearchFile.h"
+
+namespace {
+
+/// What is wrong with a file, as one line; empty when nothing is.
+QString errorText(const SearchFile::LoadResult& result, const LanguageTable& language)
+{
+    switch (result.error) {
+    case SearchFile::LoadError::None:
+        return {};
+    case SearchFile::LoadError::CannotOpen:
+        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.systemText;
+    case SearchFile::LoadError::CannotRead:
+        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.systemText;
+    case SearchFile::LoadError::NotASearchFile:
+        return language.text("lang.errWhileOpening") + QLatin1String(": this is not a search file");
+    case SearchFile::LoadError::Truncated:
+        return language.text("lang.errEOF");
+    }
+    return {};
+}
+
+void complainOfSkippedLines(const QString& fileName, const QList<SearchFile::SkippedLine>& lines)
+{
+    const LanguageTable language;
+    constexpr qsizetype longest = 60;
+    for (const SearchFile::SkippedLine& line : lines) {
+        complain(QStringLiteral("%1:%2: %3: %4")
+                     .arg(fileName, QString::number(line.number), language.text("lang.invalidAttribut"),
+                         allgemein::fromSystem(line.text.left(longest))));
+    }
+}
+
+} // namespace
+
+int runListCommand(const QStringList& arguments)
+{
+    CommandParser parser(QStringLiteral("list"), QStringLiteral("Prints the found items of a search file."),
+        QStringLiteral("list example.twk --mime image/png --format urls"), QStringLiteral("FILE.twk"),
+        QStringLiteral("A search file."));
+    PrintOptions::addTo(parser);
+    if (!parser.parse(arguments))
+        return Done;
+    const PrintOptions printing = PrintOptions::from(parser);
+    const QString fileName = parser.argument();
+
+    StoredSearch search;
+    const SearchFile::LoadResult result = SearchFile::load(fileName, search);
+    const LanguageTable language;
+    const QString error = errorText(result, language);
+    // A file that is no search file at all is told of once, not once a line.
+    if (result.error != SearchFile::LoadError::NotASearchFile)
+        complainOfSkippedLines(fileName, result.skipped);
+    const ItemPrinter printer(language, [](const FundStück& item) { return QString::number(item.statusCode); });
+    const bool printed = printToStandardOutput(
+        [&](QIODevice& out) { printer.print(out, printing.format, search.list, printing.filter); });
+    if (!error.isEmpty())
+        throw UsageError { fileName + QLatin1String(": ") + error };
+    return printed ? Done : PartlyFailed;
+}

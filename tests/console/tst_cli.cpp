@@ -1,0 +1,341 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ScriptedServer.h"
+#include "support/Text.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#endif
+
+/// Runs the console program as a script would.
+class tst_cli : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void printsEachFormat();
+    void printsTableForPeople();
+    void savesWhatListPrints();
+    void filtersNarrowTheOutputOnly();
+    void filters_data();
+    void filters();
+    void optionsReachTheWire();
+    void keepsAndSendsCookies();
+    void usesTheUsersFolder();
+    void refusesArguments_data();
+    void refusesArguments();
+    void failedSaveStillPrints();
+    void fullStandardOutputIsAFailure();
+    void listTellsWhatIsWrong();
+    void helpsOnEveryCommand();
+    void interruptionPrintsAndSaves();
+
+private:
+    struct Result {
+        int status = -1;
+        QByteArray out;
+        QByteArray err;
+    };
+    Result run(const QStringList& arguments);
+    void start(QProcess& process, const QStringList& arguments);
+    [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    [[nodiscard]] QString startUrl() const { return QString::fromLatin1(m_server->origin()); }
+    /// The arguments with cookies kept in the test's folder.
+    [[nodiscard]] QStringList search(const QStringList& more = {}) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<ScriptedServer> m_server;
+};
+
+namespace {
+
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+void tst_cli::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_server = std::make_unique<ScriptedServer>();
+    m_server->page("/", "<a href='a.html'><img src='b.png'>");
+    m_server->page("/a.html", "<a href='mailto:me'>");
+    m_server->script("/b.png",
+        { { "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nContent-Length: 2048\r\nContent-Language: de\r\n\r\n" } });
+}
+
+void tst_cli::start(QProcess& process, const QStringList& arguments)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), file("config"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(TARNWICK_CLI), arguments);
+}
+
+tst_cli::Result tst_cli::run(const QStringList& arguments)
+{
+    // The server lives on this thread: its event loop must run while the program does.
+    QProcess process;
+    QSignalSpy finished(&process, &QProcess::finished);
+    start(process, arguments);
+    if (!finished.wait(60'000))
+        return {};
+    return { process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError() };
+}
+
+QStringList tst_cli::search(const QStringList& more) const
+{
+    return QStringList { QStringLiteral("search"), startUrl(), QStringLiteral("--cookies"), file("cookies") } + more;
+}
+
+void tst_cli::printsEachFormat()
+{
+    const QByteArray origin = m_server->origin();
+    const Result tsv = run(search());
+    QCOMPARE(tsv.status, 0);
+    QCOMPARE(tsv.err, "");
+    QCOMPARE(tsv.out,
+        origin + "/\ttext/html\t-1\t0\t3\t200\t0\t\t\n" + origin + "/a.html\ttext/html\t-1\t1\t3\t200\t1\t\t" + origin
+            + "/\n" + origin + "/b.png\timage/png\t2048\t1\t4\t200\t5\tde\t" + origin + "/\n"
+            + "mailto://mailto:0/\t\t0\t2\t0\t0\t1\t\t" + origin + "/a.html\n");
+
+    QCOMPARE(run(search(words("--format urls"))).out,
+        origin + "/\n" + origin + "/a.html\n" + origin + "/b.png\nmailto://mailto:0/\n");
+
+    const QByteArrayList lines = run(search(words("-f json"))).out.split('\n');
+    QCOMPARE(lines.size(), 5);
+    const QJsonObject page = QJsonDocument::fromJson(lines[0]).object();
+    QVERIFY(page[QStringLiteral("size")].isNull());
+    const QJsonObject image = QJsonDocument::fromJson(lines[2]).object();
+    const QJsonObject expected { { QStringLiteral("url"), QString(startUrl() + QStringLiteral("/b.png")) },
+        { QStringLiteral("mime"), QStringLiteral("image/png") }, { QStringLiteral("size"), 2048 },
+        { QStringLiteral("depth"), 1 }, { QStringLiteral("state"), 4 }, { QStringLiteral("status"), 200 },
+        { QStringLiteral("reference"), QStringLiteral("img") }, { QStringLiteral("language"), QStringLiteral("de") },
+        { QStringLiteral("referer"), QString(startUrl() + u'/') } };
+    QCOMPARE(image, expected);
+}
+
+void tst_cli::printsTableForPeople()
+{
+    m_server->page(
+        "/", "<a href='b.png'><a href='mailto:me'><a href='early'><a href='http://127.0.0.1:70000/\x1b[2J'>");
+    m_server->script("/early", { {} });
+    const Result result = run(search(words("--format table")));
+    QCOMPARE(result.status, 0);
+    QByteArrayList lines = result.out.split('\n');
+    QCOMPARE(lines.size(), 7);
+    QCOMPARE(lines[0].simplified(), "Filename MIME-Content Size Depth Status Ref.-type Language Url");
+    QCOMPARE(lines[2].simplified(), "b.png image/png 2.0 KiB 1 200 anchor de " + m_server->origin() + "/b.png");
+    QVERIFY(lines[3].contains("Unsupported protocol"));
+    QVERIFY(lines[4].contains("Prematurely disconnected"));
+    QVERIFY(lines[5].contains("Network failure: "));
+    QVERIFY(!result.out.contains('\x1b'));
+    lines.removeLast();
+    for (const QByteArray& line : lines)
+        QCOMPARE(QString::fromUtf8(line).lastIndexOf(QLatin1String("  ")) + 2, lines[0].indexOf("Url"));
+}
+
+void tst_cli::savesWhatListPrints()
+{
+    const Result searched = run(search({ QStringLiteral("--save"), file("a.twk") }));
+    QCOMPARE(searched.status, 0);
+    const Result listed = run({ QStringLiteral("list"), file("a.twk") });
+    QCOMPARE(listed.status, 0);
+    QCOMPARE(listed.out, searched.out);
+    const QByteArray start = "StartUrl=" + m_server->origin() + "\r\nMaxDepth=0\r\n";
+    QVERIFY(contentOf(file("a.twk")).startsWith(start));
+}
+
+void tst_cli::filtersNarrowTheOutputOnly()
+{
+    const Result searched =
+        run(search({ QStringLiteral("-o"), file("a.twk"), QStringLiteral("--url-part"), QStringLiteral(".png") }));
+    QCOMPARE(searched.out.count('\n'), 1);
+    QCOMPARE(run({ QStringLiteral("list"), file("a.twk") }).out.count('\n'), 4);
+}
+
+void tst_cli::filters_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QByteArray>("found");
+    const auto row = [](const char* options, const char* found) {
+        QTest::newRow(options) << QString::fromLatin1(options) << QByteArray(found);
+    };
+    row("--mime TEXT/html", "http://h:80/\nhttp://h:80/d/a\n");
+    row("--mime text/html --mime image/png", "http://h:80/\nhttp://h:80/d/a\nhttp://h:80/d/b\n");
+    row("--not-mime text/html", "http://h:80/d/b\nhttp://i:80/c\n");
+    row("--url-part /d/ --url-part i:", "http://h:80/d/a\nhttp://h:80/d/b\nhttp://i:80/c\n");
+    row("--not-url-part /d/", "http://h:80/\nhttp://i:80/c\n");
+    row("--min-depth 1 --max-depth 1", "http://h:80/d/a\nhttp://i:80/c\n");
+    row("--max-depth 0", "http://h:80/\n");
+    row("--min-size 2K", "http://h:80/d/b\n");
+    row("--max-size 2047", "http://h:80/\n");
+    row("--max-size 1M", "http://h:80/\nhttp://h:80/d/b\n");
+    row("--branch h", "http://h:80/\nhttp://h:80/d/a\nhttp://h:80/d/b\n");
+    row("--branch http://h/d/", "http://h:80/d/a\nhttp://h:80/d/b\n");
+}
+
+void tst_cli::filters()
+{
+    QFETCH(QString, options);
+    QVERIFY(writeFile(file("x.twk"),
+        "Results:\r\nhttp://h:80/\ttext/html\t100\t0\t3\t200\t0\t\t\r\nhttp://h:80/d/a\ttext/"
+        "html\t-1\t1\t3\t200\t1\t\t\r\n"
+        "http://h:80/d/b\timage/png\t2048\t2\t4\t200\t5\t\t\r\nhttp://i:80/c\t?\t-1\t1\t4\t200\t1\t\t\r\n"));
+    const Result result =
+        run(QStringList { QStringLiteral("list"), file("x.twk"), QStringLiteral("-f"), QStringLiteral("urls") }
+            + options.split(u' '));
+    QCOMPARE(result.status, 0);
+    QTEST(result.out, "found");
+}
+
+void tst_cli::optionsReachTheWire()
+{
+    m_server->page(
+        "/", "<a href='in/x'><a href='/out'><img src='i'><script src='s'></script><form action='in/f'></form>");
+    m_server->relocation("/in/x", "/in/y");
+    const Result result =
+        run(search({ QStringLiteral("--inside"), startUrl() + QStringLiteral("/in/"), QStringLiteral("--references"),
+            QStringLiteral("anchors,forms"), QStringLiteral("--no-relocation"), QStringLiteral("--referer"),
+            QStringLiteral("http://from/"), QStringLiteral("--user-agent"), QStringLiteral("agent 7"),
+            QStringLiteral("--language"), QStringLiteral("de,en"), QStringLiteral("--depth"), QStringLiteral("2") }));
+    QCOMPARE(result.status, 0);
+    QCOMPARE(m_server->paths(), (QByteArrayList { "/", "/in/x", "/in/f" }));
+    QCOMPARE(m_server->requests().constFirst(),
+        "GET / HTTP/1.1\r\nHost: 127.0.0.1\r\nAccept: */*\r\nConnection: close\r\nUser-Agent: agent 7\r\n"
+        "Accept-Language: de;q=1, en;q=0.5\r\nReferer: http://from/\r\n\r\n");
+
+    const Result plain = run(search({ QStringLiteral("--no-referer"), QStringLiteral("--outside"),
+        startUrl() + QStringLiteral("/in/"), QStringLiteral("--references"), QStringLiteral("src") }));
+    QCOMPARE(plain.status, 0);
+    QCOMPARE(m_server->paths().sliced(3), (QByteArrayList { "/", "/i", "/s" }));
+    QVERIFY(!m_server->requests().constLast().contains("Referer"));
+    QVERIFY(m_server->requests().constLast().contains("\r\nUser-Agent: Tarnwick 1 ("));
+}
+
+void tst_cli::keepsAndSendsCookies()
+{
+    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
+    QCOMPARE(run(search(words("--no-accept-cookies"))).status, 0);
+    const QStringList show { QStringLiteral("cookies"), QStringLiteral("show"), startUrl(), QStringLiteral("--cookies"),
+        file("cookies") };
+    QCOMPARE(run(show).out, "");
+    QCOMPARE(run(search()).status, 0);
+    QCOMPARE(run(show).out, "Cookie: a=1\n");
+    QVERIFY(!m_server->requests().constLast().contains("Cookie"));
+    QCOMPARE(run(search(words("--send-cookies"))).status, 0);
+    QVERIFY(m_server->requests().constLast().contains("\r\nCookie: a=1\r\n"));
+}
+
+void tst_cli::usesTheUsersFolder()
+{
+    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
+    QCOMPARE(run({ QStringLiteral("search"), startUrl() }).status, 0);
+    QCOMPARE(contentOf(file("config/Tarnwick/Cookies/127.0.0.1.tkc")), "/\ta\t1\r\n");
+    QCOMPARE(
+        run({ QStringLiteral("cookies"), QStringLiteral("show"), QStringLiteral("127.0.0.1/x") }).out, "Cookie: a=1\n");
+}
+
+void tst_cli::refusesArguments_data()
+{
+    QTest::addColumn<QString>("arguments");
+    for (const char* arguments : { "", "nonsense", "search", "search .org", "search h x", "search h --depth -1",
+             "search h --depth two", "search h --depth", "search h --nonsense", "search h --references anchors,all",
+             "search h --inside a --outside b", "search h --language xx", "search h --format xml", "list",
+             "list x --mime a --not-mime b", "list x --url-part a --not-url-part b", "list x --min-size 1G",
+             "list x --max-size 99999999999999999M", "list no/such/file.twk", "cookies", "cookies eat", "cookies show",
+             "cookies show http:///" })
+        QTest::newRow(*arguments ? arguments : "nothing") << QString::fromLatin1(arguments);
+}
+
+void tst_cli::refusesArguments()
+{
+    QFETCH(QString, arguments);
+    const Result result = run(arguments.split(u' ', Qt::SkipEmptyParts));
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.out, "");
+    QVERIFY2(result.err.startsWith("tarnwick-cli: ") && result.err.count('\n') == 1, result.err.constData());
+}
+
+void tst_cli::failedSaveStillPrints()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.twk")));
+    const Result result = run(search({ QStringLiteral("--save"), file("folder.twk") }));
+    QCOMPARE(result.status, 2);
+    QCOMPARE(result.out.count('\n'), 4);
+    QVERIFY(result.err.contains("folder.twk: Error while saving: "));
+}
+
+void tst_cli::fullStandardOutputIsAFailure()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("This system has no device that is always full.");
+    QProcess process;
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    QSignalSpy finished(&process, &QProcess::finished);
+    start(process, search());
+    QVERIFY(finished.wait(60'000));
+    QCOMPARE(process.exitCode(), 2);
+    QVERIFY(process.readAllStandardError().contains("standard output: "));
+}
+
+void tst_cli::listTellsWhatIsWrong()
+{
+    QVERIFY(writeFile(file("x.twk"), "Nonsense=1\r\nResults:\r\nu\t\t0\t0\t0\t0\t0\t\t\r\nv\t"));
+    const Result result = run({ QStringLiteral("list"), file("x.twk"), QStringLiteral("-f"), QStringLiteral("urls") });
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.out, "u\n");
+    const QByteArrayList errors = result.err.split('\n');
+    QCOMPARE(errors.size(), 3);
+    QVERIFY(errors[0].endsWith("x.twk:1: Invalid attribut:: Nonsense"));
+    QVERIFY(errors[1].endsWith("x.twk: Unexpected end of file"));
+}
+
+void tst_cli::helpsOnEveryCommand()
+{
+    for (const char* arguments :
+        { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h" }) {
+        const Result result = run(words(arguments));
+        QCOMPARE(result.status, 0);
+        QVERIFY2(result.out.contains("Example:\n  tarnwick-cli "), arguments);
+    }
+    QVERIFY(run(words("--version")).out.startsWith("tarnwick-cli "));
+}
+
+void tst_cli::interruptionPrintsAndSaves()
+{
+#ifdef Q_OS_UNIX
+    m_server->page("/", "<a href='1'><a href='2'><a href='3'><a href='4'>");
+    for (const char* path : { "/1", "/2", "/3", "/4" })
+        m_server->script(path, { {}, Afterwards::Stall });
+    QProcess process;
+    QSignalSpy finished(&process, &QProcess::finished);
+    start(process, search({ QStringLiteral("--save"), file("a.twk") }));
+    QTRY_COMPARE(m_server->paths().size(), 3);
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    QVERIFY(finished.wait(20'000));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 130);
+    const QByteArray out = process.readAllStandardOutput();
+    QCOMPARE(out.count('\n'), 5);
+    // The two that were cut off are told so; what came after waits to be continued.
+    QVERIFY(out.contains("/2\t\t0\t1\t5\t0\t1\t"));
+    QVERIFY(out.contains("/3\t\t0\t1\t0\t0\t1\t"));
+    QCOMPARE(run({ QStringLiteral("list"), file("a.twk") }).out, out);
+#else
+    QSKIP("Interrupting another console is tested by hand on this system.");
+#endif
+}
+
+QTEST_GUILESS_MAIN(tst_cli)
+#include "tst_cli.moc"
