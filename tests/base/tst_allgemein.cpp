@@ -89,7 +89,7 @@ void tst_allgemein::findsTextInAnyCase()
 
 void tst_allgemein::encodesWhatBreaksALine()
 {
-    QCOMPARE(onOneLine(QByteArray("a\tb\rc\nd\0e", 9)), "a%09b%0Dc%0Ad%00e");
+    QCOMPARE(onOneLine(QByteArrayLiteral("a\tb\rc\nd\0e")), "a%09b%0Dc%0Ad%00e");
     QCOMPARE(onOneLine("a b%09\x7f\xff"), "a b%09\x7f\xff");
 }
 
@@ -131,7 +131,7 @@ void tst_allgemein::refusesNamesThatLeaveTheFolder_data()
     QTest::newRow("the folder above") << QByteArray("..") << false;
     QTest::newRow("slash") << QByteArray("../x") << false;
     QTest::newRow("backslash") << QByteArray("..\\x") << false;
-    QTest::newRow("NUL") << QByteArray("a\0b", 3) << false;
+    QTest::newRow("NUL") << QByteArrayLiteral("a\0b") << false;
 }
 
 void tst_allgemein::refusesNamesThatLeaveTheFolder()

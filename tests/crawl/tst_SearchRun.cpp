@@ -236,7 +236,7 @@ void tst_SearchRun::recordsEachUrlOnce()
 
 void tst_SearchRun::keepsUrlOnOneLine()
 {
-    m_server->page("/", QByteArray("<a href='x\t1\r\nX-Evil 1\0'>", 25));
+    m_server->page("/", QByteArrayLiteral("<a href='x\t1\r\nX-Evil 1\0'>"));
     QVERIFY(searchToEnd());
     QCOMPARE(urlsOf(m_list), urls({ "/", "/x%091%0D%0AX-Evil 1%00" }));
     QVERIFY(!m_server->requests().last().contains("\nX-Evil"));

@@ -100,7 +100,7 @@ void tst_cookies::refusesHostsAndTextsThatBreakOut_data()
     QTest::addColumn<QByteArray>("name");
     QTest::newRow("a host above the folder") << QByteArray("../h") << QByteArray("a");
     QTest::newRow("a host with a backslash") << QByteArray("..\\h") << QByteArray("a");
-    QTest::newRow("a host with NUL") << QByteArray("h\0x", 3) << QByteArray("a");
+    QTest::newRow("a host with NUL") << QByteArrayLiteral("h\0x") << QByteArray("a");
     QTest::newRow("an absolute host") << QByteArray("/tmp/h") << QByteArray("a");
     QTest::newRow("no host") << QByteArray() << QByteArray("a");
     QTest::newRow("a name with a line end") << QByteArray("h") << QByteArray("a\r\nX: ");

@@ -83,7 +83,7 @@ void tst_SearchFile::comesBackByteForByte()
 void tst_SearchFile::hostileTextsStayInTheirFields()
 {
     FundStück item = someItem("http://h:80/");
-    item.mimeTyp = QByteArray("a\tb\0", 4);
+    item.mimeTyp = QByteArrayLiteral("a\tb\0");
     item.sprache = "c\nd";
     item.referer = "http://r/\r\nResults:";
     const QByteArray line = SearchFile::itemLine(item);
@@ -132,7 +132,7 @@ void tst_SearchFile::tellsWhatIsWrong_data()
     row("the last line breaks off", "Results:\r\nu\tm\r\nv\tm", LoadError::Truncated, 1);
     row("the last line end breaks off", "Results:\r\nu\r\nv\r", LoadError::Truncated, 1);
     row("empty", "", LoadError::NotASearchFile, 0);
-    row("a picture", QByteArray("\x89PNG\r\n\x1a\n\0\0=\0\n", 15), LoadError::NotASearchFile, 0);
+    row("a picture", QByteArrayLiteral("\x89PNG\r\n\x1a\n\0\0=\0\n"), LoadError::NotASearchFile, 0);
 }
 
 void tst_SearchFile::tellsWhatIsWrong()
