@@ -7,9 +7,6 @@
 
 namespace {
 
-/// What one step may scan. At a gigabyte a second, a quarter of a millisecond.
-constexpr qsizetype bytesPerStep = 256 * 1024;
-
 constexpr PassRule anchors { "<a ", " href", ReferenzTyp::Anchor };
 constexpr PassRule links { "<link ", " href", ReferenzTyp::Link };
 constexpr PassRule anySrc { "<", " src", ReferenzTyp::AnySrc };
@@ -36,7 +33,7 @@ std::vector<HtmlPass> passesFor(const AnalysisSwitches& switches)
 
 } // namespace
 
-HtmlAnalysis::HtmlAnalysis(QByteArray body, QByteArray pageUrl, const AnalysisSwitches& switches)
+HtmlAnalysis::HtmlAnalysis(BodyBuffer body, QByteArray pageUrl, const AnalysisSwitches& switches)
     : m_body(std::move(body))
     , m_pageUrl(std::move(pageUrl))
     , m_passes(passesFor(switches))
@@ -45,10 +42,12 @@ HtmlAnalysis::HtmlAnalysis(QByteArray body, QByteArray pageUrl, const AnalysisSw
 
 HtmlAnalysis::Step HtmlAnalysis::next()
 {
+    if (!m_body.join())
+        return Step::Pause;
     ScanBudget budget(bytesPerStep);
     for (; m_pass < m_passes.size(); ++m_pass) {
         HtmlPass& pass = m_passes[m_pass];
-        switch (pass.next(m_body, budget)) {
+        switch (pass.next(m_body.text(), budget)) {
         case HtmlPass::Step::Value:
             m_reference = { url::resolveReference(m_pageUrl, pass.value().toByteArray()), pass.typ() };
             return Step::Reference;

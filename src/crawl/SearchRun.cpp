@@ -161,7 +161,7 @@ void SearchRun::openExchange(size_t index)
     connect(exchange, &HttpExchange::headerArrived, this,
         [this, index](const QByteArray& header) { onHeader(index, header); });
     connect(exchange, &HttpExchange::bodyArrived, this,
-        [this, index](const QByteArray& piece) { m_sock[index].empfangsPuffer += piece; });
+        [this, index](const QByteArray& piece) { m_sock[index].empfangsPuffer.append(piece); });
     connect(exchange, &HttpExchange::closed, this, [this, index] { onClosed(index); });
     connect(exchange, &HttpExchange::failed, this,
         [this, index](const SocketFailure& failure) { onFailed(index, failure); });
@@ -248,7 +248,7 @@ void SearchRun::onClosed(size_t index)
     Sock& sock = m_sock[index];
     closeExchange(sock);
     FundStück& item = sock.verbindungsKnoten->inhalt;
-    const QByteArray body = std::exchange(sock.empfangsPuffer, {});
+    BodyBuffer body = std::exchange(sock.empfangsPuffer, {});
     switch (item.zustand) {
     case Zustand::Verbindet:
     case Zustand::Angefragt:
@@ -257,7 +257,7 @@ void SearchRun::onClosed(size_t index)
         naechsteUrl(index);
         break;
     case Zustand::LaedtHtml:
-        sock.analysis.emplace(body, item.adresse, m_options.analysis);
+        sock.analysis.emplace(std::move(body), item.adresse, m_options.analysis);
         analyseSlice(index);
         break;
     case Zustand::Fertig:
@@ -315,6 +315,6 @@ void SearchRun::dropFetch(Sock& sock)
     closeExchange(sock);
     sock.nextSlice.stop();
     sock.analysis.reset();
-    sock.empfangsPuffer.clear();
+    sock.empfangsPuffer = {};
     sock.verbindungsKnoten = nullptr;
 }

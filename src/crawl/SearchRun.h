@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "crawl/BodyBuffer.h"
 #include "crawl/FundListe.h"
 #include "crawl/HtmlAnalysis.h"
 #include "crawl/HttpExchange.h"
@@ -82,7 +83,7 @@ private:
         /// The item that the connection works on; nullptr when it is idle.
         FundKnoten* verbindungsKnoten = nullptr;
         /// The body as far as it arrived.
-        QByteArray empfangsPuffer;
+        BodyBuffer empfangsPuffer;
         /// nullptr while the socket is closed.
         HttpExchange* exchange = nullptr;
         std::optional<HtmlAnalysis> analysis;

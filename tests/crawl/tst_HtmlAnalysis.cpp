@@ -196,13 +196,14 @@ void tst_HtmlAnalysis::looksAtEachByteAFewTimes_data()
 
 void tst_HtmlAnalysis::looksAtEachByteAFewTimes()
 {
-    // A step scans 256 KiB at the most, so the number of steps without a result tells how much was scanned in all:
-    // three passes, each with seven searches, none of which looks at a byte twice.
+    // The number of steps without a result tells how much was scanned in all: five passes at the most, each with
+    // eleven searches, none of which looks at a byte twice.
     QFETCH(QByteArray, body);
     for (const AnalysisSwitches& switches : { everything, anySrc }) {
         const Outcome outcome = analyse(body, switches);
         QVERIFY(outcome.pauses > 0);
-        QVERIFY2(outcome.pauses <= 21 * (body.size() / (256 * 1024) + 1), qPrintable(QString::number(outcome.pauses)));
+        QVERIFY2(outcome.pauses <= 55 * (body.size() / HtmlAnalysis::bytesPerStep + 1),
+            qPrintable(QString::number(outcome.pauses)));
     }
 }
 
