@@ -6,8 +6,11 @@
 
 #include <array>
 
-/// Which URLs a list holds, and how often each. It is cut into many small hash tables, so that growing costs a little
-/// now and then instead of a standstill over millions of URLs. The URLs' bytes are shared, not copied.
+/// Which URLs a list holds, and how often each. The URLs' bytes are shared, not copied.
+///
+/// Made for millions of URLs: tables are keyed by hashes, so that a URL that is not there is told by one look without
+/// reading the bytes of others; and there are many small tables, so that growing costs a little now and then instead of
+/// one long standstill.
 class UrlIndex {
 public:
     [[nodiscard]] bool contains(const QByteArray& url) const;
@@ -17,9 +20,13 @@ public:
     void clear();
 
 private:
-    using Shard = QHash<QByteArray, qint32>;
+    using Shard = QHash<size_t, QByteArray>;
 
-    [[nodiscard]] static size_t shardOf(const QByteArray& url);
+    [[nodiscard]] static size_t hashOf(const QByteArray& url);
+    [[nodiscard]] const Shard& shardOf(size_t hash) const { return m_shards[hash % m_shards.size()]; }
 
+    /// The first URL of each hash.
     std::array<Shard, 256> m_shards;
+    /// What found its hash taken, by itself or by another URL, and how often. Hardly ever anything.
+    QHash<QByteArray, qint32> m_others;
 };
