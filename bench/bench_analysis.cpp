@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How fast is a page analysed, and does it stay linear on pages made to be slow? The bytes per second of a shape must
+// not fall with its size.
+#include "crawl/HtmlAnalysis.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr qsizetype mebibyte = 1024 * 1024;
+constexpr AnalysisSwitches pageKinds { true, true, false, true, true, true };
+constexpr AnalysisSwitches anySrc { true, true, true, true, true, true };
+
+/// Text with a link every few hundred bytes, as most pages are.
+QByteArray realisticPage(qsizetype size)
+{
+    const QByteArray paragraph =
+        "<p class=\"text\">The tide turns twice a day, and the boats turn with it; whoever is "
+        "late waits six hours at the quay.</p>\n<a class=\"more\" href=\"/news/2024/tide.html\">"
+        "More</a> <img alt='' src='/images/tide.png'>\n";
+    return paragraph.repeated(size / paragraph.size());
+}
+
+QByteArray brackets(qsizetype size)
+{
+    return QByteArray(size, '<') + " src";
+}
+
+QByteArray openTags(qsizetype size)
+{
+    return QByteArray("<a ").repeated(size / 3) + " href='x";
+}
+
+void analyse(benchmark::State& state, QByteArray (*page)(qsizetype), const AnalysisSwitches& switches)
+{
+    const QByteArray body = page(state.range(0) * mebibyte);
+    qint64 references = 0;
+    for ([[maybe_unused]] auto round : state) {
+        HtmlAnalysis analysis(body, "http://h:80/d/p.html", switches);
+        for (auto step = analysis.next(); step != HtmlAnalysis::Step::End; step = analysis.next())
+            references += step == HtmlAnalysis::Step::Reference ? 1 : 0;
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * body.size());
+    state.counters["references"] =
+        benchmark::Counter(static_cast<double>(references), benchmark::Counter::kAvgIterations);
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(analyse, realistic, realisticPage, pageKinds)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(analyse, realistic_any_src, realisticPage, anySrc)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(analyse, brackets, brackets, anySrc)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(analyse, open_tags, openTags, pageKinds)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+
+BENCHMARK_MAIN();

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How long does the event loop stand still while a page of 50 MB is loaded and analysed? A timer that is always due
+// measures the longest time between two of its events, for each shape of page. The loop without a search, measured in
+// the same run, tells what the machine itself takes.
+#include "crawl/SearchRun.h"
+#include "support/PlainExtras.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+constexpr qsizetype pageSize = 50'000'000;
+
+struct Shape {
+    const char* name;
+    QByteArray (*page)();
+    bool allSrc;
+};
+
+QByteArray realistic()
+{
+    const QByteArray text =
+        "<p>The tide turns twice a day, and the boats turn with it; whoever is late waits six hours "
+        "at the quay.</p><a href=\"/news/";
+    QByteArray page;
+    for (int number = 0; page.size() < pageSize; ++number)
+        page += text + QByteArray::number(number) + ".html\">More</a>";
+    return page;
+}
+
+const Shape shapes[] = {
+    { "realistic", realistic, false },
+    { "brackets, one src at the end", []() -> QByteArray { return QByteArray(pageSize, '<') + " src"; }, true },
+    { "brackets, one value at the end", []() -> QByteArray { return QByteArray(pageSize, '<') + " srcset src >"; },
+        true },
+    { "blanks", []() -> QByteArray { return QByteArray(pageSize, ' ') + "<a href='x'>"; }, false },
+    { "text without a tag", []() -> QByteArray { return QByteArray(pageSize, 'x'); }, true },
+};
+
+/// Serves one page to every connection, from a process of its own, so that sending does not count.
+int serve(const Shape& shape)
+{
+    QTcpServer server;
+    const QByteArray answer = "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n" + shape.page();
+    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
+        QTcpSocket* const socket = server.nextPendingConnection();
+        QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket, &answer] {
+            const QByteArray request = socket->readAll();
+            socket->write(request.startsWith("GET / ") ? answer : QByteArray("HTTP/1.1 404 No\r\n\r\n"));
+            socket->disconnectFromHost();
+        });
+        QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    });
+    if (!server.listen(QHostAddress::LocalHost))
+        return 1;
+    std::printf("%d\n", int { server.serverPort() });
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}
+
+/// Measures the longest time between two passes of the event loop while it lives.
+class Heartbeat : public QObject {
+public:
+    Heartbeat()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, this, [this] {
+            m_longest = qMax(m_longest, m_sinceBeat.nsecsElapsed());
+            m_sinceBeat.start();
+        });
+        m_sinceBeat.start();
+        m_timer.start(0);
+    }
+    [[nodiscard]] double longestMilliseconds() const { return static_cast<double>(m_longest) / 1e6; }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_sinceBeat;
+    qint64 m_longest = 0;
+};
+
+double idleStandstill()
+{
+    const Heartbeat heartbeat;
+    QTimer::singleShot(1000, qApp, &QCoreApplication::quit);
+    QCoreApplication::exec();
+    return heartbeat.longestMilliseconds();
+}
+
+void measure(const Shape& shape, int index)
+{
+    QProcess server;
+    server.start(QCoreApplication::applicationFilePath(), { QString::number(index) });
+    QSignalSpy ready(&server, &QProcess::readyReadStandardOutput);
+    if (!ready.wait(60'000))
+        return;
+    FundListe list;
+    PlainExtras extras;
+    SearchRun run(list, extras);
+    SearchOptions options;
+    options.startUrl = "http://127.0.0.1:" + server.readAllStandardOutput().trimmed() + '/';
+    options.tiefe = 1;
+    options.analysis.allSrc = shape.allSrc;
+    // Only the page itself counts, not the fetches of what it refers to.
+    bool read = false;
+    QObject::connect(&run, &SearchRun::reported, qApp, [&](FundKnoten* knoten, const FetchReport&) {
+        if (knoten != list.getStart() && !std::exchange(read, true))
+            QCoreApplication::quit();
+    });
+    QObject::connect(&run, &SearchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    const Heartbeat heartbeat;
+    QElapsedTimer timer;
+    timer.start();
+    run.starteSuche(options);
+    QCoreApplication::exec();
+    std::printf("%-32s longest standstill %6.1f ms, %7lld ms in all, %d items\n", shape.name,
+        heartbeat.longestMilliseconds(), static_cast<long long>(timer.elapsed()), list.getAnzahl());
+    std::fflush(stdout);
+    server.kill();
+    server.waitForFinished();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    if (argc > 1)
+        return serve(shapes[QByteArray(argv[1]).toInt()]);
+    std::printf("%-32s longest standstill %6.1f ms\n", "no search", idleStandstill());
+    int index = 0;
+    for (const Shape& shape : shapes)
+        measure(shape, index++);
+    return 0;
+}
