@@ -25,18 +25,20 @@ int runCookiesCommand(const QStringList& arguments)
         throw UsageError { QStringLiteral("cookies: unknown action '%1'; try 'cookies show'").arg(action) };
 
     const QString typed = parser.argument();
-    const QByteArray given = allgemein::toSystem(typed);
-    const QByteArray url = given.contains("://") ? given : "http://" + given;
+    const QByteArray url = url::withProtocol(allgemein::toSystem(typed));
     const LanguageTable language;
     if (!url::isValidUrl(url))
         throw UsageError { language.text("lang.invalidStartUrl") + QStringLiteral(" '%1'").arg(typed) };
     CookieStore store;
-    const QString folder = parser.value(cookies);
-    store.setCookieFolder(folder.isEmpty() ? Session::userCookieFolder() : QDir(folder).absolutePath());
+    const QString folder =
+        parser.isSet(cookies) ? QDir(parser.value(cookies)).absolutePath() : Session::userCookieFolder();
+    // Looking must not create the folder; without it there are no cookies.
+    if (QDir(folder).exists())
+        store.setCookieFolder(folder);
     const QByteArray line = store.getCookieHeader(url);
     const bool printed = printToStandardOutput([&](QIODevice& out) {
         if (!line.isEmpty())
-            out.write(line.trimmed() + '\n');
+            out.write(line.chopped(2) + '\n');
     });
     return printed ? Done : PartlyFailed;
 }

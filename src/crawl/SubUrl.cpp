@@ -3,11 +3,9 @@
 
 #include "crawl/url.h"
 
-#include <QStringBuilder>
-
 SubUrl SubUrl::fromText(const QByteArray& typed)
 {
-    const QByteArray url = typed.contains("://") ? typed : "http://" + typed;
+    const QByteArray url = url::withProtocol(typed);
     const QByteArrayView host = url::hostOf(url);
     const qint32 labels = url::labelCount(host);
     const bool bareHost = host.data() + host.size() == url.constData() + url.size();

@@ -22,10 +22,12 @@ QByteArray httpOrigin(QByteArrayView base)
     return "http://" + hostOf(base).toByteArray() + ':' + QByteArray::number(portOf(base));
 }
 
-QByteArray parentOf(const QByteArray& base)
+/// The directory of `base`, or the one `ups` directories above it; the root is above nothing.
+QByteArray directoryAbove(QByteArrayView base, qint32 ups)
 {
     const QByteArrayView directory = directoryOf(base);
-    return httpOrigin(base) + leadingDirectories(directory, countOccurrences("/", directory) - 2);
+    const qint32 depth = countOccurrences("/", directory) - 1;
+    return httpOrigin(base) + leadingDirectories(directory, qMax(depth - ups, 0));
 }
 
 } // namespace
@@ -80,12 +82,12 @@ QByteArray resolveReference(const QByteArray& base, const QByteArray& reference)
 {
     if (reference.contains(':'))
         return reference;
-    // Each round takes one leading "../" or "./" off; a loop, since a page may chain thousands of them.
-    QByteArray from = base;
+    // Counted first and cut once: a page may chain hundreds of thousands of them.
+    qint32 ups = 0;
     QByteArrayView rest = reference;
     for (;;) {
         if (rest.startsWith("../")) {
-            from = parentOf(from);
+            ++ups;
             rest = rest.sliced(3);
         } else if (rest.startsWith("./")) {
             rest = rest.sliced(2);
@@ -93,16 +95,23 @@ QByteArray resolveReference(const QByteArray& base, const QByteArray& reference)
             break;
         }
     }
+    if (rest.startsWith('/'))
+        return httpOrigin(base) + rest;
     if (rest == "..")
-        return parentOf(from);
+        return directoryAbove(base, ups + 1);
     if (rest.startsWith('#'))
-        return from;
-    return httpOrigin(from) + (rest.startsWith('/') ? QByteArrayView() : directoryOf(from)) + rest;
+        return ups == 0 ? base : directoryAbove(base, ups);
+    return directoryAbove(base, ups) + rest;
 }
 
 QByteArray normalised(QByteArrayView url)
 {
     return protocolOf(url).toByteArray() + "://" + hostOf(url) + ':' + QByteArray::number(portOf(url)) + pathOf(url);
+}
+
+QByteArray withProtocol(const QByteArray& typed)
+{
+    return typed.contains("://") ? typed : "http://" + typed;
 }
 
 bool isValidUrl(QByteArrayView url)

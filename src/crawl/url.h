@@ -33,6 +33,8 @@ namespace url {
 [[nodiscard]] QByteArray resolveReference(const QByteArray& base, const QByteArray& reference);
 /// protocol "://" host ":" port path, the form in which found URLs are recorded and compared.
 [[nodiscard]] QByteArray normalised(QByteArrayView url);
+/// What somebody typed, with "http://" in front when there is no "://".
+[[nodiscard]] QByteArray withProtocol(const QByteArray& typed);
 /// Whether there is a "://", a protocol, and a host that neither begins nor ends with ".".
 [[nodiscard]] bool isValidUrl(QByteArrayView url);
 

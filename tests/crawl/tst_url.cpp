@@ -128,7 +128,11 @@ void tst_url::resolvesReference()
 
 void tst_url::resolvesEndlessParents()
 {
-    QCOMPARE(url::resolveReference("http://h:80/a/b/", QByteArray("../").repeated(200'000) + "x"), "http://h:80/x");
+    // Cut one directory at a time, this would take minutes.
+    const QByteArray base = "http://h:80" + QByteArray("/a").repeated(200'000) + '/';
+    const QByteArray ups = QByteArray("../").repeated(199'999);
+    QCOMPARE(url::resolveReference(base, ups + "x"), "http://h:80/a/x");
+    QCOMPARE(url::resolveReference(base, ups + "../../x"), "http://h:80/x");
 }
 
 void tst_url::validates_data()
