@@ -23,10 +23,8 @@ bool isReservedFileName(QByteArrayView name)
 {
     // A device name keeps its meaning with any extension and with blanks behind it; a colon names a stream or a drive.
     static constexpr std::array devices { "CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$" };
-    const QByteArray stem = name.first(std::max<qsizetype>(0, name.indexOf('.') < 0 ? name.size() : name.indexOf('.')))
-                                .toByteArray()
-                                .toUpper()
-                                .trimmed();
+    const QByteArray stem =
+        name.first(name.indexOf('.') < 0 ? name.size() : name.indexOf('.')).toByteArray().toUpper().trimmed();
     const bool port =
         stem.size() == 4 && (stem.startsWith("COM") || stem.startsWith("LPT")) && stem[3] >= '1' && stem[3] <= '9';
     return name.contains(':') || port || std::find(devices.begin(), devices.end(), stem) != devices.end();

@@ -1,29 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/SearchArguments.h"
 
+#include "base/SwitchKeys.h"
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "console/CommandLine.h"
 #include "crawl/url.h"
 #include "requests/LanguageStock.h"
 
-#include <algorithm>
-#include <array>
-
 namespace {
 
-struct ReferenceName {
-    const char* name;
-    bool AnalysisSwitches::*member;
-};
-
 constexpr std::array referenceNames {
-    ReferenceName { "anchors", &AnalysisSwitches::anchors },
-    ReferenceName { "links", &AnalysisSwitches::links },
-    ReferenceName { "frames", &AnalysisSwitches::frames },
-    ReferenceName { "images", &AnalysisSwitches::images },
-    ReferenceName { "src", &AnalysisSwitches::allSrc },
-    ReferenceName { "forms", &AnalysisSwitches::forms },
+    SwitchKey<AnalysisSwitches> { "anchors", &AnalysisSwitches::anchors },
+    SwitchKey<AnalysisSwitches> { "links", &AnalysisSwitches::links },
+    SwitchKey<AnalysisSwitches> { "frames", &AnalysisSwitches::frames },
+    SwitchKey<AnalysisSwitches> { "images", &AnalysisSwitches::images },
+    SwitchKey<AnalysisSwitches> { "src", &AnalysisSwitches::allSrc },
+    SwitchKey<AnalysisSwitches> { "forms", &AnalysisSwitches::forms },
 };
 
 namespace option {
@@ -74,11 +67,10 @@ AnalysisSwitches switchesFrom(const QString& list)
 {
     AnalysisSwitches switches { false, false, false, false, false, false };
     for (const QString& name : list.split(u',')) {
-        const auto entry = std::find_if(referenceNames.begin(), referenceNames.end(),
-            [&](const ReferenceName& candidate) { return name == QLatin1String(candidate.name); });
-        if (entry == referenceNames.end())
+        bool* const found = findSwitch(switches, referenceNames, name.toLatin1());
+        if (!found)
             throw UsageError { QStringLiteral("--references does not know '%1'").arg(name) };
-        switches.*(entry->member) = true;
+        *found = true;
     }
     return switches;
 }

@@ -1,26 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchOptions.h"
 
+#include "base/SwitchKeys.h"
 #include "base/allgemein.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
-struct SwitchKey {
-    QByteArrayView key;
-    bool AnalysisSwitches::*member;
-};
-
 /// In the order in which files hold them.
 constexpr std::array switchKeys {
-    SwitchKey { "AnalyseAnchors", &AnalysisSwitches::anchors },
-    SwitchKey { "AnalyseLink", &AnalysisSwitches::links },
-    SwitchKey { "AnalyseAllSrc", &AnalysisSwitches::allSrc },
-    SwitchKey { "AnalyseFrames", &AnalysisSwitches::frames },
-    SwitchKey { "AnalyseEPic", &AnalysisSwitches::images },
-    SwitchKey { "AnalyseForms", &AnalysisSwitches::forms },
+    SwitchKey<AnalysisSwitches> { "AnalyseAnchors", &AnalysisSwitches::anchors },
+    SwitchKey<AnalysisSwitches> { "AnalyseLink", &AnalysisSwitches::links },
+    SwitchKey<AnalysisSwitches> { "AnalyseAllSrc", &AnalysisSwitches::allSrc },
+    SwitchKey<AnalysisSwitches> { "AnalyseFrames", &AnalysisSwitches::frames },
+    SwitchKey<AnalysisSwitches> { "AnalyseEPic", &AnalysisSwitches::images },
+    SwitchKey<AnalysisSwitches> { "AnalyseForms", &AnalysisSwitches::forms },
 };
 
 FollowMode followModeFrom(const QByteArray& value)
@@ -49,13 +44,8 @@ bool SearchOptions::initOpt(const QByteArray& key, const QByteArray& value)
         followSub = followModeFrom(value);
     else if (key == "Sub")
         unterpfade.push_back(SubUrl::fromText(value));
-    else {
-        const auto entry = std::find_if(
-            switchKeys.begin(), switchKeys.end(), [&](const SwitchKey& candidate) { return candidate.key == key; });
-        if (entry == switchKeys.end())
-            return false;
-        analysis.*(entry->member) = allgemein::readSwitch(value);
-    }
+    else
+        return readSwitchKey(analysis, switchKeys, key, value);
     return true;
 }
 
@@ -70,7 +60,7 @@ void SearchOptions::speicherOpts(QIODevice& file) const
         writeKeyValue(file, "FollowSub", QByteArray::number(static_cast<int>(followSub)));
     for (const SubUrl& entry : unterpfade)
         writeKeyValue(file, "Sub", entry.text);
-    for (const SwitchKey& entry : switchKeys)
+    for (const auto& entry : switchKeys)
         writeKeyValue(file, entry.key, writeSwitch(analysis.*(entry.member)));
 }
 

@@ -1,25 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/RequestPrefs.h"
 
+#include "base/SwitchKeys.h"
 #include "base/allgemein.h"
-
-#include <algorithm>
-#include <array>
 
 namespace {
 
-struct SwitchKey {
-    QByteArrayView key;
-    bool RequestPrefs::*member;
-};
-
 constexpr std::array switchKeys {
-    SwitchKey { "Referrer", &RequestPrefs::useReferrer },
-    SwitchKey { "UseUserAgent", &RequestPrefs::useUserAgent },
-    SwitchKey { "UseLanguage", &RequestPrefs::useLanguage },
-    SwitchKey { "useCookies", &RequestPrefs::useCookies },
-    SwitchKey { "setCookies", &RequestPrefs::setCookies },
-    SwitchKey { "dontWarnAboutCookiesAgain", &RequestPrefs::dontWarnAboutCookiesAgain },
+    SwitchKey<RequestPrefs> { "Referrer", &RequestPrefs::useReferrer },
+    SwitchKey<RequestPrefs> { "UseUserAgent", &RequestPrefs::useUserAgent },
+    SwitchKey<RequestPrefs> { "UseLanguage", &RequestPrefs::useLanguage },
+    SwitchKey<RequestPrefs> { "useCookies", &RequestPrefs::useCookies },
+    SwitchKey<RequestPrefs> { "setCookies", &RequestPrefs::setCookies },
+    SwitchKey<RequestPrefs> { "dontWarnAboutCookiesAgain", &RequestPrefs::dontWarnAboutCookiesAgain },
 };
 
 /// A weight with up to 15 significant digits and a decimal point.
@@ -69,17 +62,12 @@ void twkEinstellungen::writeRequestPrefs(QIODevice& file, const RequestPrefs& pr
 
 bool twkEinstellungen::readRequestPref(RequestPrefs& prefs, const QByteArray& key, const QByteArray& value)
 {
-    if (key == "UserAgent") {
+    if (key == "UserAgent")
         prefs.userAgent = value;
-    } else if (key == "Language") {
+    else if (key == "Language")
         prefs.sprachAuswahl += value;
-    } else {
-        const auto entry = std::find_if(
-            switchKeys.begin(), switchKeys.end(), [&](const SwitchKey& candidate) { return candidate.key == key; });
-        if (entry == switchKeys.end())
-            return false;
-        prefs.*(entry->member) = allgemein::readSwitch(value);
-    }
+    else
+        return readSwitchKey(prefs, switchKeys, key, value);
     return true;
 }
 
