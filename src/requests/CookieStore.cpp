@@ -6,8 +6,9 @@
 #include "requests/SetCookieValue.h"
 
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
 
+#include <filesystem>
 #include <optional>
 
 namespace {
@@ -54,6 +55,16 @@ bool copyWithout(const QByteArray& name, const QString& from, QIODevice& to)
     return old.error() == QFile::NoError;
 }
 
+/// Puts a file in the place of another in one step, so that there is always the old or the new one. It does not wait
+/// for the disk, as saving a user's document would: this happens for every answer that sets a cookie.
+bool takePlaceOf(const QString& from, const QString& to)
+{
+    std::error_code error;
+    std::filesystem::rename(
+        QFileInfo(from).filesystemAbsoluteFilePath(), QFileInfo(to).filesystemAbsoluteFilePath(), error);
+    return !error;
+}
+
 } // namespace
 
 void CookieStore::setCookieFolder(const QString& folder)
@@ -78,12 +89,17 @@ bool CookieStore::saveCookie(
     const QString fileName = fileFor(host);
     if (fileName.isEmpty() || !isOnOneLine(path) || !isOnOneLine(name) || !isOnOneLine(value))
         return false;
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || !copyWithout(name, fileName, file))
+    QFile next(m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"));
+    if (!next.open(QIODevice::WriteOnly))
         return false;
+    bool written = copyWithout(name, fileName, next);
     if (!value.isEmpty())
-        file.write(path + '\t' + name + '\t' + value + allgemein::lineEnd);
-    return file.commit();
+        next.write(path + '\t' + name + '\t' + value + allgemein::lineEnd);
+    next.close();
+    written = written && next.error() == QFile::NoError && takePlaceOf(next.fileName(), fileName);
+    if (!written)
+        next.remove();
+    return written;
 }
 
 QByteArray CookieStore::getCookieHeader(const QByteArray& url) const
