@@ -14,6 +14,7 @@ public:
     BodyBuffer(const QByteArray& body);
 
     void append(const QByteArray& piece);
+    [[nodiscard]] qsizetype size() const { return m_size; }
     /// Moves up to a mebibyte into its place. True once the body is one text; nothing may be appended then.
     [[nodiscard]] bool join();
     /// The whole body, after `join` has returned true.

@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 
-#include <optional>
 #include <vector>
 
 /// Which kinds of reference are looked for in a page.

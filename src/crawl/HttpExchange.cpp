@@ -19,6 +19,12 @@ HttpExchange::HttpExchange(QObject* parent)
     connect(&m_socket, &QTcpSocket::errorOccurred, this, &HttpExchange::onError);
 }
 
+HttpExchange::~HttpExchange()
+{
+    // Before the members go that the socket's last signals would touch.
+    abort();
+}
+
 void HttpExchange::start(const QByteArray& host, qint32 port)
 {
     QTimer::singleShot(0, this, [this, host, port] { connectTo(host, port); });

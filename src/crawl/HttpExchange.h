@@ -24,6 +24,7 @@ public:
     static constexpr qint64 readAhead = 256 * 1024;
 
     explicit HttpExchange(QObject* parent);
+    ~HttpExchange() override;
 
     /// Begins connecting once control is back in the event loop. A port outside 1 to 65535 fails.
     void start(const QByteArray& host, qint32 port);

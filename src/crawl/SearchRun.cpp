@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -25,7 +26,10 @@ SearchRun::SearchRun(FundListe& list, RequestExtras& extras, QObject* parent)
     for (size_t index = 0; index < connectionCount; ++index) {
         QTimer& timer = m_sock[index].nextSlice;
         timer.setSingleShot(true);
-        connect(&timer, &QTimer::timeout, this, [this, index] { analyseSlice(index); });
+        connect(&timer, &QTimer::timeout, this, [this, index] {
+            analyse(index);
+            pruefeSuchende();
+        });
     }
 }
 
@@ -52,9 +56,13 @@ void SearchRun::leereSuche()
 
 void SearchRun::stopSearch()
 {
+    // Those that are busy now: what one of them finds must not start the other's next fetch just to be closed as well.
+    std::array<bool, connectionCount> busy {};
+    std::transform(
+        m_sock.begin(), m_sock.end(), busy.begin(), [](const Sock& sock) { return sock.exchange != nullptr; });
     for (size_t index = 0; index < connectionCount; ++index) {
-        if (m_sock[index].exchange)
-            onClosed(index);
+        if (busy[index])
+            closeFetch(index);
     }
     m_suchAbbruch = true;
     m_searching = false;
@@ -67,6 +75,7 @@ void SearchRun::continueSearch(const SearchOptions& options)
     m_searching = true;
     m_walked = nullptr;
     fuelleVerbindungen();
+    pruefeSuchende();
 }
 
 void SearchRun::abandon()
@@ -81,7 +90,7 @@ void SearchRun::abandon()
 void SearchRun::fuegeFundHinzu(
     const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations)
 {
-    if (url::hostOf(url).isEmpty())
+    if (url::hostOf(url).isEmpty() || url.size() > longestUrl)
         return;
     const QByteArray adresse = allgemein::onOneLine(url::normalised(url));
     if (m_list.istBekannt(adresse))
@@ -97,8 +106,10 @@ void SearchRun::fuegeFundHinzu(
 
 void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ)
 {
-    if (m_options.follows(url))
-        fuegeFundHinzu(url, tiefe, referer, typ);
+    // Tested as it would be recorded.
+    const QByteArray encoded = allgemein::onOneLine(url);
+    if (m_options.follows(encoded))
+        fuegeFundHinzu(encoded, tiefe, referer, typ);
 }
 
 FundKnoten* SearchRun::nextUnfetched()
@@ -133,7 +144,6 @@ void SearchRun::naechsteUrl(size_t index)
         if (starteAnfrage(index, knoten))
             return;
     }
-    pruefeSuchende();
 }
 
 void SearchRun::fuelleVerbindungen()
@@ -160,8 +170,8 @@ void SearchRun::openExchange(size_t index)
     connect(exchange, &HttpExchange::connected, this, [this, index] { onConnected(index); });
     connect(exchange, &HttpExchange::headerArrived, this,
         [this, index](const QByteArray& header) { onHeader(index, header); });
-    connect(exchange, &HttpExchange::bodyArrived, this,
-        [this, index](const QByteArray& piece) { m_sock[index].empfangsPuffer.append(piece); });
+    connect(
+        exchange, &HttpExchange::bodyArrived, this, [this, index](const QByteArray& piece) { onBody(index, piece); });
     connect(exchange, &HttpExchange::closed, this, [this, index] { onClosed(index); });
     connect(exchange, &HttpExchange::failed, this,
         [this, index](const SocketFailure& failure) { onFailed(index, failure); });
@@ -243,7 +253,21 @@ void SearchRun::onFailed(size_t index, const SocketFailure& failure)
     onClosed(index);
 }
 
+void SearchRun::onBody(size_t index, const QByteArray& piece)
+{
+    BodyBuffer& body = m_sock[index].empfangsPuffer;
+    body.append(piece);
+    if (body.size() > m_bodyLimit)
+        onClosed(index);
+}
+
 void SearchRun::onClosed(size_t index)
+{
+    closeFetch(index);
+    pruefeSuchende();
+}
+
+void SearchRun::closeFetch(size_t index)
 {
     Sock& sock = m_sock[index];
     closeExchange(sock);
@@ -258,7 +282,7 @@ void SearchRun::onClosed(size_t index)
         break;
     case Zustand::LaedtHtml:
         sock.analysis.emplace(std::move(body), item.adresse, m_options.analysis);
-        analyseSlice(index);
+        analyse(index);
         break;
     case Zustand::Fertig:
     case Zustand::Fehlgeschlagen:
@@ -270,7 +294,7 @@ void SearchRun::onClosed(size_t index)
     }
 }
 
-void SearchRun::analyseSlice(size_t index)
+void SearchRun::analyse(size_t index)
 {
     Sock& sock = m_sock[index];
     if (!analyseUntilPause(sock)) {

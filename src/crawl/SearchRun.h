@@ -39,8 +39,11 @@ class SearchRun final : public QObject {
 public:
     /// An item that this many relocations have led to is recorded with its answer, even if it relocates again.
     static constexpr qint32 relocationLimit = 19;
+    /// A longer URL, in bytes, is not recorded: one page of short references to it would multiply it.
+    static constexpr qsizetype longestUrl = 64 * 1024;
 
-    /// Works on `list`, with request lines and cookies from `extras`; both must outlive the run.
+    /// Works on `list`, with request lines and cookies from `extras`; both must outlive the run. Only the run may take
+    /// items out of the list or empty it.
     SearchRun(FundListe& list, RequestExtras& extras, QObject* parent = nullptr);
 
     /// Empties the list and starts a new search. The start URL must have been completed and validated.
@@ -58,6 +61,8 @@ public:
 
     /// Whether 301, 302 and 307 answers are followed.
     void setFollowRelocation(bool on) { m_followRelocation = on; }
+    /// How many bytes of a body are kept; a longer page is analysed as far as it came. A gibibyte by default.
+    void setBodyLimit(qsizetype bytes) { m_bodyLimit = bytes; }
     /// True from a start or continue to the end or stop.
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
@@ -65,6 +70,8 @@ public:
     void fuegeFundHinzu(
         const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations = 0);
 
+    // A slot of `finished` may start or continue a search. The other signals come in the middle of the run's work:
+    // their slots only look.
 signals:
     /// The list was emptied; no node of it is left.
     void cleared();
@@ -94,6 +101,7 @@ private:
     bool starteAnfrage(size_t index, FundKnoten* knoten);
     void naechsteUrl(size_t index);
     void fuelleVerbindungen();
+    /// Ends the search when all connections are closed. Always the last thing done, since `finished` may change it all.
     void pruefeSuchende();
     void pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ);
     [[nodiscard]] FundKnoten* nextUnfetched();
@@ -102,13 +110,17 @@ private:
     static void closeExchange(Sock& sock);
     void onConnected(size_t index);
     void onHeader(size_t index, const QByteArray& header);
+    void onBody(size_t index, const QByteArray& piece);
     void onFailed(size_t index, const SocketFailure& failure);
     void onClosed(size_t index);
+    /// Ends the fetch by its item's state, and gives the connection its next item.
+    void closeFetch(size_t index);
     [[nodiscard]] bool isFollowedRelocation(const FundStück& item) const;
     void relocate(FundKnoten* knoten, const QByteArray& header);
     void takeAnswer(FundKnoten* knoten, const QByteArray& header);
 
-    void analyseSlice(size_t index);
+    /// Runs one slice of the page's analysis; at its end, gives the connections their next items.
+    void analyse(size_t index);
     /// Hands on references until the time of a slice is over; true when the page is finished or the search stopped.
     [[nodiscard]] bool analyseUntilPause(Sock& sock);
     void reportState(FundKnoten* knoten, FetchEvent event, const QByteArray& detail = {});
@@ -124,4 +136,5 @@ private:
     bool m_suchAbbruch = false;
     bool m_searching = false;
     bool m_followRelocation = true;
+    qsizetype m_bodyLimit = qsizetype { 1 } << 30;
 };

@@ -196,14 +196,14 @@ void tst_HtmlAnalysis::looksAtEachByteAFewTimes_data()
 
 void tst_HtmlAnalysis::looksAtEachByteAFewTimes()
 {
-    // The number of steps without a result tells how much was scanned in all: five passes at the most, each with
-    // eleven searches, none of which looks at a byte twice.
+    // The number of steps without a result tells how much was scanned in all. Five passes search for tags, and few
+    // rows make the other searches run through the page as well; a search that looked at bytes again for each of these
+    // hundred thousands of tags would take thousands of times as many.
     QFETCH(QByteArray, body);
     for (const AnalysisSwitches& switches : { everything, anySrc }) {
         const Outcome outcome = analyse(body, switches);
         QVERIFY(outcome.pauses > 0);
-        QVERIFY2(outcome.pauses <= 55 * (body.size() / HtmlAnalysis::bytesPerStep + 1),
-            qPrintable(QString::number(outcome.pauses)));
+        QVERIFY(outcome.pauses <= 8 * (body.size() / HtmlAnalysis::bytesPerStep + 1));
     }
 }
 

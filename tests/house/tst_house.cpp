@@ -18,12 +18,10 @@ private slots:
     void everyFolderIsAFloor();
     void includesPointDown();
     void noTwoFilesIncludeEachOther();
-    void engineKnowsNoWidget();
 
 private:
     /// The project's own includes of each file, both as "folder/file".
     QHash<QString, QStringList> m_includes;
-    QHash<QString, QString> m_sources;
 };
 
 static qsizetype floorOf(const QString& file)
@@ -46,7 +44,7 @@ void tst_house::initTestCase()
     while (files.hasNext()) {
         const QString file = sources.relativeFilePath(files.next());
         const QString text = QString::fromUtf8(contentOf(files.filePath()));
-        m_sources.insert(file, text);
+        m_includes.insert(file, {});
         for (const QRegularExpressionMatch& match : own.globalMatch(text))
             m_includes[file] += match.captured(1);
     }
@@ -83,23 +81,6 @@ void tst_house::noTwoFilesIncludeEachOther()
             const bool mutual = included != entry.key() && units.value(included).contains(entry.key());
             QVERIFY2(!mutual, qPrintable(entry.key() + QLatin1String(" and ") + included));
         }
-    }
-}
-
-void tst_house::engineKnowsNoWidget()
-{
-    // What the window library adds is told by the build files; everything else is the engine's or the console's.
-    static const QRegularExpression windows(
-        QStringLiteral("target_sources\\(tarnwick_windows[^)]*\\)"), QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression widget(QStringLiteral("#include <Q(Widget|Application|Dialog|MainWindow|SpinBox|"
-                                                          "TableView|TreeView|ListView|MessageBox|FileDialog)>"));
-    for (auto entry = m_sources.cbegin(); entry != m_sources.cend(); ++entry) {
-        const QString folder = entry.key().section(u'/', 0, 0);
-        const QString name = entry.key().section(u'/', 1);
-        const QString build = QString::fromUtf8(
-            contentOf(QStringLiteral(TARNWICK_SOURCES "/") + folder + QLatin1String("/CMakeLists.txt")));
-        if (!windows.match(build).captured().contains(name))
-            QVERIFY2(!entry.value().contains(widget), qPrintable(entry.key()));
     }
 }
 
