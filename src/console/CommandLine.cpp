@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/CommandLine.h"
 
+#include "console/Terminal.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -8,7 +10,7 @@
 
 void complain(const QString& text)
 {
-    QTextStream(stderr) << QLatin1String("tarnwick-cli: ") << text << Qt::endl;
+    QTextStream(stderr) << QLatin1String("tarnwick-cli: ") << terminal::printable(text) << Qt::endl;
 }
 
 bool printToStandardOutput(const std::function<void(QIODevice&)>& write)

@@ -22,7 +22,7 @@ struct UsageError {
     QString text;
 };
 
-/// Writes one line to standard error, with the program's name in front.
+/// Writes one line to standard error, with the program's name in front and nothing that a terminal would act on.
 void complain(const QString& text);
 
 /// Lets `write` write bytes to standard output. False, after a complaint, when they cannot all be written.

@@ -31,19 +31,32 @@ template <typename Use> void forEachShown(const FundListe& list, const ResultFil
     }
 }
 
+/// A URL as Unicode text that leads to the same place, whatever its bytes.
+QString unicodeUrl(const QByteArray& url)
+{
+    const QString text = allgemein::fromSystem(url);
+    if (allgemein::toSystem(text) == url)
+        return text;
+    QByteArray encoded;
+    for (const char byte : url)
+        encoded +=
+            static_cast<unsigned char>(byte) < 0x80 ? QByteArray(1, byte) : '%' + QByteArray(1, byte).toHex().toUpper();
+    return QString::fromLatin1(encoded);
+}
+
 QByteArray jsonLine(const FundStück& item)
 {
     using allgemein::fromSystem;
     const QJsonObject object {
-        { QStringLiteral("url"), fromSystem(item.adresse) },
+        { QStringLiteral("url"), unicodeUrl(item.adresse) },
         { QStringLiteral("mime"), fromSystem(item.mimeTyp) },
-        { QStringLiteral("size"), item.groesse < 0 ? QJsonValue() : QJsonValue(item.groesse) },
+        { QStringLiteral("size"), item.groesse == -1 ? QJsonValue() : QJsonValue(item.groesse) },
         { QStringLiteral("depth"), item.tiefe },
         { QStringLiteral("state"), static_cast<int>(item.zustand) },
         { QStringLiteral("status"), item.statusCode },
         { QStringLiteral("reference"), twk::referenceTypeName(item.referenzTyp) },
         { QStringLiteral("language"), fromSystem(item.sprache) },
-        { QStringLiteral("referer"), fromSystem(item.referer) },
+        { QStringLiteral("referer"), unicodeUrl(item.referer) },
     };
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }

@@ -27,14 +27,14 @@ QString errorText(const SearchFile::LoadResult& result, const LanguageTable& lan
     return {};
 }
 
-void complainOfSkippedLines(const QString& fileName, const QList<SearchFile::SkippedLine>& lines)
+void complainOfSkippedLines(
+    const QString& fileName, const QList<SearchFile::SkippedLine>& lines, const LanguageTable& language)
 {
-    const LanguageTable language;
     constexpr qsizetype longest = 60;
     for (const SearchFile::SkippedLine& line : lines) {
         complain(QStringLiteral("%1:%2: %3: %4")
                      .arg(fileName, QString::number(line.number), language.text("lang.invalidAttribut"),
-                         allgemein::fromSystem(line.text.left(longest))));
+                         allgemein::fromSystem(line.text).left(longest)));
     }
 }
 
@@ -57,7 +57,7 @@ int runListCommand(const QStringList& arguments)
     const QString error = errorText(result, language);
     // A file that is no search file at all is told of once, not once a line.
     if (result.error != SearchFile::LoadError::NotASearchFile)
-        complainOfSkippedLines(fileName, result.skipped);
+        complainOfSkippedLines(fileName, result.skipped, language);
     const ItemPrinter printer(language, [](const FundStück& item) { return QString::number(item.statusCode); });
     const bool printed = printToStandardOutput(
         [&](QIODevice& out) { printer.print(out, printing.format, search.list, printing.filter); });

@@ -8,7 +8,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
+
+#include <cstdlib>
 
 SearchCommand::SearchCommand(const SearchArguments& arguments)
     : m_arguments(arguments)
@@ -33,9 +34,11 @@ int SearchCommand::run()
     // Saved first: a reader of standard output that goes away must not cost the file.
     const bool saved = save();
     const bool printed = print();
+    const int status = !saved || !printed ? PartlyFailed : m_interrupted ? Interrupted : Done;
+    // An ordinary end would wait for name servers that are still being asked. All is written; nobody waits.
     if (m_interrupted)
-        return Interrupted;
-    return saved && printed ? Done : PartlyFailed;
+        std::_Exit(status);
+    return status;
 }
 
 void SearchCommand::tellNotes() const

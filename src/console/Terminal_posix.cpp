@@ -3,6 +3,7 @@
 
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 
 #include <sys/ioctl.h>
@@ -15,11 +16,30 @@ namespace {
 int handlerEnd = -1;
 int watchEnd = -1;
 
+constexpr int watchedSignals[] = { SIGINT, SIGTERM };
+
 void onSignal(int)
 {
+    const int interruptedError = errno;
+    for (const int signal : watchedSignals)
+        std::signal(signal, SIG_DFL);
     constexpr char byte = 1;
-    // Nothing can be done about a failure here, and a full buffer holds an interruption already.
+    // Nothing can be done about a failure here.
     [[maybe_unused]] const auto written = write(handlerEnd, &byte, sizeof byte);
+    errno = interruptedError;
+}
+
+/// Leaves alone a signal that the program was started to ignore.
+void watch(int signal)
+{
+    struct sigaction current = {};
+    sigaction(signal, nullptr, &current);
+    if (current.sa_handler == SIG_IGN)
+        return;
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
 }
 
 } // namespace
@@ -48,17 +68,14 @@ terminal::InterruptWatch::InterruptWatch(QObject* parent)
         notifier->setEnabled(false);
         emit interrupted();
     });
-    struct sigaction action = {};
-    action.sa_handler = onSignal;
-    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (const int signal : watchedSignals)
+        watch(signal);
 }
 
 terminal::InterruptWatch::~InterruptWatch()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (const int signal : watchedSignals)
+        std::signal(signal, SIG_DFL);
     close(handlerEnd);
     close(watchEnd);
 }

@@ -35,6 +35,8 @@ private slots:
     void failedSaveStillPrints();
     void fullStandardOutputIsAFailure();
     void listTellsWhatIsWrong();
+    void nothingDrivesTheTerminal();
+    void jsonLeadsToTheSamePlace();
     void helpsOnEveryCommand();
     void interruptionPrintsAndSaves();
 
@@ -299,6 +301,25 @@ void tst_cli::listTellsWhatIsWrong()
     QCOMPARE(errors.size(), 3);
     QVERIFY(errors[0].endsWith("x.twk:1: Invalid attribut:: Nonsense"));
     QVERIFY(errors[1].endsWith("x.twk: Unexpected end of file"));
+}
+
+void tst_cli::nothingDrivesTheTerminal()
+{
+    QVERIFY(
+        writeFile(file("x.twk"), "\x1b[2J=1\r\nResults:\r\nhttp://h/\x1b]0;x\a\t\x1b[2J\t0\t0\t0\t0\t0\t\x1b\t\r\n"));
+    const Result result =
+        run({ QStringLiteral("list"), file("x.twk"), QStringLiteral("--format"), QStringLiteral("table") });
+    QVERIFY(result.err.contains("?[2J"));
+    QVERIFY(!result.err.contains('\x1b') && !result.out.contains('\x1b') && !result.out.contains('\a'));
+}
+
+void tst_cli::jsonLeadsToTheSamePlace()
+{
+    QVERIFY(writeFile(file("x.twk"), "Results:\r\nhttp://h:80/\xc3\xa4\t\t-1\r\nhttp://h:80/\xe4\t\t0\r\n"));
+    const QByteArray out =
+        run({ QStringLiteral("list"), file("x.twk"), QStringLiteral("--format"), QStringLiteral("json") }).out;
+    QVERIFY(out.contains("\"url\":\"http://h:80/\xc3\xa4\"") && out.contains("\"size\":null"));
+    QVERIFY(out.contains("\"url\":\"http://h:80/%E4\"") && out.contains("\"size\":0"));
 }
 
 void tst_cli::helpsOnEveryCommand()
