@@ -2,6 +2,7 @@
 # shellcheck shell=bash
 set -euo pipefail
 
+caller=$PWD
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
@@ -16,39 +17,48 @@ as_root() {
     fi
 }
 
-# need_packages NAME...: installs the Debian packages that are missing. None of them starts a service by this.
+is_installed() { dpkg-query -W -f='${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed; }
+
+# need_packages NAME...: installs the Debian packages that are missing.
 need_packages() {
     local missing=() name
     for name in "$@"; do
-        [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+        is_installed "$name" || missing+=("$name")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     say "Installing ${missing[*]} ..."
     as_root apt-get update -qq
-    # A package that brings a service asks this file whether it may start it.
-    local policy=/usr/sbin/policy-rc.d made=no
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+# need_server NAME: installs a package for its program alone. The service that comes with it neither starts now nor at
+# the next boot: nobody who tries a crawler wants a public web server.
+need_server() (
+    ! is_installed "$1" || return 0
+    # The installation asks this file whether it may start services.
+    policy=/usr/sbin/policy-rc.d
     if [ ! -e "$policy" ]; then
+        trap 'as_root rm -f "$policy"' EXIT
+        trap 'exit 130' INT TERM
         printf '#!/bin/sh\nexit 101\n' | as_root tee "$policy" >/dev/null
         as_root chmod +x "$policy"
-        made=yes
     fi
-    local status=0
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2 ||
-        status=$?
-    [ "$made" = no ] || as_root rm -f "$policy"
-    return "$status"
-}
+    need_packages "$1"
+    as_root deb-systemd-helper disable "$1.service" >/dev/null
+    as_root update-rc.d "$1" disable >/dev/null
+)
 
 # build PRESET [TARGET...]: configures and builds, quietly unless something is wrong.
 build() {
     local preset=$1 log
     shift
-    need_packages g++ cmake ninja-build ccache qt6-base-dev libgl-dev python3
+    need_packages g++ cmake ninja-build ccache qt6-base-dev python3
     log=$(mktemp)
-    local configure=(cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     # Warnings stop a build only where nobody would read them.
-    [ -z "${CI:-}" ] || configure+=(-DCMAKE_COMPILE_WARNING_AS_ERROR=ON)
-    if ! "${configure[@]}" >"$log" 2>&1; then
+    local strict=OFF
+    [ -z "${CI:-}" ] || strict=ON
+    if ! cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_COMPILE_WARNING_AS_ERROR=$strict \
+        -DTARNWICK_BENCH="${TARNWICK_BENCH:-OFF}" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         return 1
