@@ -44,8 +44,11 @@ need_server() (
         as_root chmod +x "$policy"
     fi
     need_packages "$1"
-    as_root deb-systemd-helper disable "$1.service" >/dev/null
-    as_root update-rc.d "$1" disable >/dev/null
+    if command -v systemctl >/dev/null; then
+        as_root systemctl disable --quiet "$1.service" >&2
+    else
+        as_root update-rc.d "$1" disable >&2
+    fi
 )
 
 # build PRESET [TARGET...]: configures and builds, quietly unless something is wrong.
