@@ -5,7 +5,6 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "console/CommandLine.h"
-#include "crawl/url.h"
 #include "requests/LanguageStock.h"
 
 namespace {
@@ -95,20 +94,12 @@ QList<QByteArray> languagesFrom(const QString& codes)
     return chosen;
 }
 
-QByteArray startUrlFrom(const QString& typed, const LanguageTable& texts)
-{
-    const QByteArray url = SearchOptions::completedStartUrl(allgemein::toSystem(typed));
-    if (!url::isValidUrl(url))
-        throw UsageError { texts.text("lang.invalidStartUrl") + QStringLiteral(" '%1'").arg(typed) };
-    return url;
-}
-
-SearchOptions optionsFrom(const CommandParser& parser, const LanguageTable& texts)
+SearchOptions optionsFrom(const CommandParser& parser)
 {
     if (parser.isSet(option::inside) && parser.isSet(option::outside))
         throw UsageError { QStringLiteral("--inside and --outside exclude each other") };
     SearchOptions options;
-    options.startUrl = startUrlFrom(parser.argument(), texts);
+    options.startUrl = allgemein::toSystem(parser.argument());
     options.quellUrl = allgemein::toSystem(parser.value(option::referer));
     options.maxDepth = parser.isSet(option::depth);
     if (options.maxDepth)
@@ -150,7 +141,11 @@ std::optional<SearchArguments> SearchArguments::from(const QStringList& argument
     if (!parser.parse(arguments))
         return {};
     SearchArguments result;
-    result.options = optionsFrom(parser, texts);
+    result.options = optionsFrom(parser);
+    const Confirmation confirmation = result.options.confirm();
+    if (confirmation == Confirmation::InvalidStartUrl)
+        throw UsageError { texts.text("lang.invalidStartUrl") + QStringLiteral(" '%1'").arg(parser.argument()) };
+    result.unlimited = confirmation == Confirmation::Unlimited;
     result.prefs = prefsFrom(parser);
     result.followRelocation = !parser.isSet(option::noRelocation);
     result.cookieFolder = parser.value(option::cookies);

@@ -15,6 +15,7 @@ class LanguageTable;
 /// What `tarnwick-cli search` was told to do.
 struct SearchArguments {
     SearchOptions options;
+    bool unlimited = false; ///< nothing bounds the search but the web itself
     RequestPrefs prefs;
     bool followRelocation = true;
     QString cookieFolder; ///< empty for the user's own

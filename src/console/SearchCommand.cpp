@@ -49,7 +49,7 @@ void SearchCommand::tellNotes() const
     const auto note = [&](const QString& text) {
         complain(language.text("lang.note") + QLatin1String(": ") + text);
     };
-    if (m_arguments.options.isUnlimited())
+    if (m_arguments.unlimited)
         note(language.text("lang.warnNoSearchLimit"));
     if (m_arguments.options.startUrl.startsWith("http://https:"))
         note(QStringLiteral("only http is spoken; \"https\" is taken for the name of a host"));

@@ -3,6 +3,9 @@
 
 #include "base/SwitchKeys.h"
 #include "base/allgemein.h"
+#include "crawl/url.h"
+
+#include <QStringBuilder>
 
 #include <algorithm>
 
@@ -73,7 +76,12 @@ bool SearchOptions::follows(const QByteArray& url) const
     return inside == (followSub == FollowMode::Inside);
 }
 
-QByteArray SearchOptions::completedStartUrl(const QByteArray& typed)
+Confirmation SearchOptions::confirm()
 {
-    return typed.startsWith("http://") ? typed : "http://" + typed;
+    const QByteArray url = startUrl.startsWith("http://") ? startUrl : "http://" + startUrl;
+    if (!url::isValidUrl(url))
+        return Confirmation::InvalidStartUrl;
+    startUrl = url;
+    // Staying outside of sub-URLs leaves the rest of the web.
+    return maxDepth || followSub == FollowMode::Inside ? Confirmation::Limited : Confirmation::Unlimited;
 }

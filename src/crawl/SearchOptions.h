@@ -17,6 +17,13 @@ enum class FollowMode {
     Outside = 2, ///< those that match none
 };
 
+/// What can be said of a search's options before it starts.
+enum class Confirmation {
+    InvalidStartUrl, ///< the search cannot start
+    Unlimited, ///< it can, but neither a depth limit nor sub-URLs to stay inside of bound it
+    Limited,
+};
+
 /// Everything that a search is given. The defaults are those of a program that was never used.
 struct SearchOptions {
     QByteArray startUrl;
@@ -36,9 +43,7 @@ struct SearchOptions {
     [[nodiscard]] bool follows(const QByteArray& url) const;
     /// Whether the references of a page at this depth are wanted.
     [[nodiscard]] bool readsPagesAt(qint32 depth) const { return !maxDepth || depth < tiefe; }
-    /// True when neither a depth limit nor sub-URLs to stay inside of bound the search.
-    [[nodiscard]] bool isUnlimited() const { return !maxDepth && followSub != FollowMode::Inside; }
-
-    /// A typed start URL as it is searched: with "http://" in front unless it begins with exactly that.
-    [[nodiscard]] static QByteArray completedStartUrl(const QByteArray& typed);
+    /// Makes a typed start URL the one that is searched, with "http://" in front unless it begins with exactly that,
+    /// and tells whether the search can start. An invalid start URL stays as it was typed.
+    [[nodiscard]] Confirmation confirm();
 };

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchOptions.h"
-#include "crawl/url.h"
 
 #include <QBuffer>
 #include <QTest>
@@ -15,9 +14,8 @@ private slots:
     void givesEntryItsLevel();
     void followsByMode_data();
     void followsByMode();
-    void tellsUnlimitedSearch_data();
-    void tellsUnlimitedSearch();
-    void completesStartUrl();
+    void confirms_data();
+    void confirms();
     void survivesItsLines();
     void writesFollowModeOnlyWhenChosen();
     void refusesForeignKeys();
@@ -87,34 +85,39 @@ void tst_SearchOptions::followsByMode()
     QVERIFY(!options.follows(url));
 }
 
-void tst_SearchOptions::tellsUnlimitedSearch_data()
+void tst_SearchOptions::confirms_data()
 {
+    QTest::addColumn<QByteArray>("typed");
     QTest::addColumn<bool>("maxDepth");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<bool>("unlimited");
-    QTest::newRow("depth limit") << true << 0 << false;
-    QTest::newRow("stays inside") << false << 1 << false;
-    QTest::newRow("neither") << false << 0 << true;
-    QTest::newRow("staying outside is no limit") << false << 2 << true;
+    QTest::addColumn<FollowMode>("mode");
+    QTest::addColumn<Confirmation>("confirmation");
+    QTest::addColumn<QByteArray>("startUrl");
+    const auto row = [](const char* title, const char* typed, bool maxDepth, FollowMode mode, Confirmation confirmation,
+                         const char* startUrl) {
+        QTest::newRow(title) << QByteArray(typed) << maxDepth << mode << confirmation << QByteArray(startUrl);
+    };
+    using enum Confirmation;
+    row("a host", "srv.example.org", true, FollowMode::All, Limited, "http://srv.example.org");
+    row("a whole URL", "http://h:8080/a", true, FollowMode::All, Limited, "http://h:8080/a");
+    row("capitals are another protocol", "HTTP://h/", true, FollowMode::All, Limited, "http://HTTP://h/");
+    row("no host", "http://.org", true, FollowMode::All, InvalidStartUrl, "http://.org");
+    row("nothing", "", true, FollowMode::All, InvalidStartUrl, "");
+    row("staying inside is a limit", "h", false, FollowMode::Inside, Limited, "http://h");
+    row("no limit", "h", false, FollowMode::All, Unlimited, "http://h");
+    row("staying outside is no limit", "h", false, FollowMode::Outside, Unlimited, "http://h");
 }
 
-void tst_SearchOptions::tellsUnlimitedSearch()
+void tst_SearchOptions::confirms()
 {
+    QFETCH(QByteArray, typed);
     QFETCH(bool, maxDepth);
-    QFETCH(int, mode);
+    QFETCH(FollowMode, mode);
     SearchOptions options;
+    options.startUrl = typed;
     options.maxDepth = maxDepth;
-    options.followSub = static_cast<FollowMode>(mode);
-    QTEST(options.isUnlimited(), "unlimited");
-}
-
-void tst_SearchOptions::completesStartUrl()
-{
-    QCOMPARE(SearchOptions::completedStartUrl("srv.example.org"), "http://srv.example.org");
-    QCOMPARE(SearchOptions::completedStartUrl("http://srv.example.org"), "http://srv.example.org");
-    QCOMPARE(SearchOptions::completedStartUrl("HTTP://h/"), "http://HTTP://h/");
-    QVERIFY(!url::isValidUrl(SearchOptions::completedStartUrl("http://.org")));
-    QVERIFY(!url::isValidUrl(SearchOptions::completedStartUrl("")));
+    options.followSub = mode;
+    QTEST(options.confirm(), "confirmation");
+    QTEST(options.startUrl, "startUrl");
 }
 
 static QByteArray linesOf(const SearchOptions& options)
