@@ -28,6 +28,7 @@ private slots:
     void followsRelocation();
     void relocationTargetTakesThePlace();
     void relocationWithoutTargetLeadsToTheDirectory();
+    void relocationAtTheEndOfTheListLosesNothing();
     void relocationRingEnds();
     void relocationChainEnds();
     void faultIsShownAndSearchGoesOn_data();
@@ -329,6 +330,20 @@ void tst_SearchRun::relocationWithoutTargetLeadsToTheDirectory()
     QVERIFY(searchToEnd());
     QCOMPARE(urlsOf(m_list), urls({ "/a/" }));
     QCOMPARE(m_extras.takenCookies, QByteArrayList { "a=1;" });
+}
+
+void tst_SearchRun::relocationAtTheEndOfTheListLosesNothing()
+{
+    // The last item leaves the list as the walk stands on it, and only then another page finds more.
+    m_server->page("/", "<a href='slow'><a href='moved'>");
+    m_server->script("/slow", { {}, Afterwards::Stall });
+    m_server->relocation("/moved", "/");
+    QSignalSpy finished(m_run.get(), &SearchRun::finished);
+    m_run->starteSuche(m_options);
+    QTRY_VERIFY(m_server->paths().contains("/slow") && eventsOf("/moved").contains(FetchEvent::Relocated));
+    m_server->release("/slow", okHeader("text/html") + "<a href='late'>");
+    QVERIFY(finished.wait());
+    QCOMPARE(item("/late").statusCode, 404);
 }
 
 void tst_SearchRun::relocationRingEnds()
