@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchRun.h"
 
-#include "base/MIMETypes.h"
 #include "base/allgemein.h"
-#include "crawl/httpHeader.h"
 #include "crawl/url.h"
 
 #include <QElapsedTimer>
@@ -47,7 +45,7 @@ void SearchRun::starteSuche(const SearchOptions& options)
 void SearchRun::leereSuche()
 {
     for (Sock& sock : m_sock)
-        dropFetch(sock);
+        drop(sock);
     m_searching = false;
     m_walked = nullptr;
     m_list.clear();
@@ -58,11 +56,12 @@ void SearchRun::stopSearch()
 {
     // Those that are busy now: what one of them finds must not start the other's next fetch just to be closed as well.
     std::array<bool, connectionCount> busy {};
-    std::transform(
-        m_sock.begin(), m_sock.end(), busy.begin(), [](const Sock& sock) { return sock.exchange != nullptr; });
+    std::transform(m_sock.begin(), m_sock.end(), busy.begin(), [](const Sock& sock) { return sock.fetch != nullptr; });
     for (size_t index = 0; index < connectionCount; ++index) {
-        if (busy[index])
-            closeFetch(index);
+        if (!busy[index])
+            continue;
+        m_sock[index].fetch->close();
+        closeFetch(index);
     }
     m_suchAbbruch = true;
     m_searching = false;
@@ -83,7 +82,7 @@ void SearchRun::abandon()
     for (Sock& sock : m_sock) {
         if (sock.verbindungsKnoten)
             sock.verbindungsKnoten->inhalt.zustand = Zustand::NichtGeholt;
-        dropFetch(sock);
+        drop(sock);
     }
 }
 
@@ -125,13 +124,11 @@ FundKnoten* SearchRun::nextUnfetched()
 bool SearchRun::starteAnfrage(size_t index, FundKnoten* knoten)
 {
     if (url::protocolOf(knoten->inhalt.adresse) != "http") {
-        reportState(knoten, FetchEvent::UnsupportedProtocol);
+        emit reported(knoten, { FetchEvent::UnsupportedProtocol, {} });
         return false;
     }
     m_sock[index].verbindungsKnoten = knoten;
-    knoten->inhalt.zustand = Zustand::Verbindet;
-    reportState(knoten, FetchEvent::Connecting);
-    openExchange(index);
+    openFetch(index);
     return true;
 }
 
@@ -157,141 +154,76 @@ void SearchRun::fuelleVerbindungen()
 void SearchRun::pruefeSuchende()
 {
     for (const Sock& sock : m_sock) {
-        if (sock.exchange || sock.analysis)
+        if (sock.fetch || sock.analysis)
             return;
     }
     if (std::exchange(m_searching, false))
         emit finished();
 }
 
-void SearchRun::openExchange(size_t index)
+void SearchRun::openFetch(size_t index)
 {
-    auto* const exchange = new HttpExchange(this);
-    connect(exchange, &HttpExchange::connected, this, [this, index] { onConnected(index); });
-    connect(exchange, &HttpExchange::headerArrived, this,
-        [this, index](const QByteArray& header) { onHeader(index, header); });
-    connect(
-        exchange, &HttpExchange::bodyArrived, this, [this, index](const QByteArray& piece) { onBody(index, piece); });
-    connect(exchange, &HttpExchange::closed, this, [this, index] { onClosed(index); });
-    connect(exchange, &HttpExchange::failed, this,
-        [this, index](const SocketFailure& failure) { onFailed(index, failure); });
-
     Sock& sock = m_sock[index];
-    sock.exchange = exchange;
-    const QByteArray& adresse = sock.verbindungsKnoten->inhalt.adresse;
-    exchange->start(url::hostOf(adresse).toByteArray(), url::portOf(adresse));
+    FundKnoten* const knoten = sock.verbindungsKnoten;
+    FetchRules rules = m_fetchRules;
+    rules.followRelocation = rules.followRelocation && knoten->inhalt.umleitungen < relocationLimit;
+    rules.wantsReferences = m_options.readsPagesAt(knoten->inhalt.tiefe);
+
+    sock.fetch = new ItemFetch(knoten->inhalt, rules, m_extras, this);
+    connect(sock.fetch, &ItemFetch::reported, this,
+        [this, knoten](const FetchReport& report) { emit reported(knoten, report); });
+    connect(sock.fetch, &ItemFetch::answered, this, [this, knoten] { emit refreshed(knoten); });
+    connect(sock.fetch, &ItemFetch::ended, this, [this, index] {
+        closeFetch(index);
+        pruefeSuchende();
+    });
+    sock.fetch->start();
 }
 
-void SearchRun::closeExchange(Sock& sock)
+void SearchRun::releaseFetch(Sock& sock)
 {
-    if (HttpExchange* const exchange = std::exchange(sock.exchange, nullptr)) {
-        exchange->abort();
-        exchange->deleteLater();
+    if (ItemFetch* const fetch = std::exchange(sock.fetch, nullptr)) {
+        fetch->abort();
+        // Not at once: this may have been called by one of its signals.
+        fetch->deleteLater();
     }
-}
-
-void SearchRun::onConnected(size_t index)
-{
-    const Sock& sock = m_sock[index];
-    FundStück& item = sock.verbindungsKnoten->inhalt;
-    item.zustand = Zustand::Angefragt;
-    reportState(sock.verbindungsKnoten, FetchEvent::Requesting);
-    sock.exchange->send(httpHeader::baueAnfrage(item.adresse, item.referer, m_extras));
-}
-
-void SearchRun::onHeader(size_t index, const QByteArray& header)
-{
-    FundKnoten* const knoten = m_sock[index].verbindungsKnoten;
-    FundStück& item = knoten->inhalt;
-    item.statusCode = httpHeader::statusCode(header);
-    m_extras.takeCookie(httpHeader::setCookie(header), item.adresse);
-    if (isFollowedRelocation(item))
-        relocate(knoten, header);
-    else
-        takeAnswer(knoten, header);
-    if (item.zustand != Zustand::LaedtHtml)
-        onClosed(index);
-}
-
-bool SearchRun::isFollowedRelocation(const FundStück& item) const
-{
-    const bool relocated = item.statusCode == 301 || item.statusCode == 302 || item.statusCode == 307;
-    return relocated && m_followRelocation && item.umleitungen < relocationLimit;
-}
-
-void SearchRun::relocate(FundKnoten* knoten, const QByteArray& header)
-{
-    FundStück& item = knoten->inhalt;
-    const QByteArray location = httpHeader::location(header);
-    item.zustand = Zustand::Umgeleitet;
-    fuegeFundHinzu(url::resolveReference(item.adresse, location), item.tiefe, item.referer, item.referenzTyp,
-        item.umleitungen + 1);
-    emit refreshed(knoten);
-    reportState(knoten, FetchEvent::Relocated, location);
-    if (m_walked == knoten)
-        m_walked = knoten->vorheriger;
-    m_list.remove(knoten);
-}
-
-void SearchRun::takeAnswer(FundKnoten* knoten, const QByteArray& header)
-{
-    FundStück& item = knoten->inhalt;
-    item.groesse = httpHeader::contentLength(header);
-    item.mimeTyp = httpHeader::contentType(header);
-    item.sprache = httpHeader::contentLanguage(header);
-    emit refreshed(knoten);
-    const bool wanted = MIMETypes::isHTML(item.mimeTyp) && m_options.readsPagesAt(item.tiefe);
-    item.zustand = wanted ? Zustand::LaedtHtml : Zustand::Fertig;
-}
-
-void SearchRun::onFailed(size_t index, const SocketFailure& failure)
-{
-    Sock& sock = m_sock[index];
-    sock.verbindungsKnoten->inhalt.zustand = Zustand::Fehlgeschlagen;
-    const QByteArray fehlerText = QByteArray::number(failure.number) + ':' + allgemein::toSystem(failure.description);
-    reportState(sock.verbindungsKnoten, FetchEvent::SocketError, fehlerText);
-    onClosed(index);
-}
-
-void SearchRun::onBody(size_t index, const QByteArray& piece)
-{
-    BodyBuffer& body = m_sock[index].empfangsPuffer;
-    body.append(piece);
-    if (body.size() > m_bodyLimit)
-        onClosed(index);
-}
-
-void SearchRun::onClosed(size_t index)
-{
-    closeFetch(index);
-    pruefeSuchende();
 }
 
 void SearchRun::closeFetch(size_t index)
 {
     Sock& sock = m_sock[index];
-    closeExchange(sock);
-    FundStück& item = sock.verbindungsKnoten->inhalt;
-    BodyBuffer body = std::exchange(sock.empfangsPuffer, {});
-    switch (item.zustand) {
-    case Zustand::Verbindet:
-    case Zustand::Angefragt:
-        item.zustand = Zustand::Fehlgeschlagen;
-        reportState(sock.verbindungsKnoten, FetchEvent::EarlyDisconnect);
-        naechsteUrl(index);
-        break;
+    const ItemFetch& fetch = *sock.fetch;
+    FundKnoten* const knoten = sock.verbindungsKnoten;
+    switch (knoten->inhalt.zustand) {
     case Zustand::LaedtHtml:
-        sock.analysis.emplace(std::move(body), item.adresse, m_options.analysis);
+        sock.analysis.emplace(sock.fetch->takeBody(), knoten->inhalt.adresse, m_options.analysis);
+        releaseFetch(sock);
         analyse(index);
-        break;
-    case Zustand::Fertig:
-    case Zustand::Fehlgeschlagen:
+        return;
     case Zustand::Umgeleitet:
-        naechsteUrl(index);
+        relocate(knoten, fetch.location());
         break;
     case Zustand::NichtGeholt:
+    case Zustand::Verbindet:
+    case Zustand::Angefragt:
+    case Zustand::Fertig:
+    case Zustand::Fehlgeschlagen:
         break;
     }
+    releaseFetch(sock);
+    naechsteUrl(index);
+}
+
+void SearchRun::relocate(FundKnoten* knoten, const QByteArray& location)
+{
+    const FundStück& item = knoten->inhalt;
+    fuegeFundHinzu(url::resolveReference(item.adresse, location), item.tiefe, item.referer, item.referenzTyp,
+        item.umleitungen + 1);
+    emit refreshed(knoten);
+    emit reported(knoten, { FetchEvent::Relocated, location });
+    if (m_walked == knoten)
+        m_walked = knoten->vorheriger;
+    m_list.remove(knoten);
 }
 
 void SearchRun::analyse(size_t index)
@@ -329,16 +261,10 @@ bool SearchRun::analyseUntilPause(Sock& sock)
     return false;
 }
 
-void SearchRun::reportState(FundKnoten* knoten, FetchEvent event, const QByteArray& detail)
+void SearchRun::drop(Sock& sock)
 {
-    emit reported(knoten, { event, detail });
-}
-
-void SearchRun::dropFetch(Sock& sock)
-{
-    closeExchange(sock);
+    releaseFetch(sock);
     sock.nextSlice.stop();
     sock.analysis.reset();
-    sock.empfangsPuffer = {};
     sock.verbindungsKnoten = nullptr;
 }

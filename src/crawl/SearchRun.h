@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/BodyBuffer.h"
 #include "crawl/FundListe.h"
 #include "crawl/HtmlAnalysis.h"
-#include "crawl/HttpExchange.h"
+#include "crawl/ItemFetch.h"
 #include "crawl/SearchOptions.h"
 
 #include <QObject>
@@ -14,22 +13,6 @@
 #include <optional>
 
 class RequestExtras;
-
-/// What has just happened to an item's fetch.
-enum class FetchEvent {
-    Connecting,
-    Requesting,
-    UnsupportedProtocol,
-    Relocated, ///< `detail` is the Location value as received
-    EarlyDisconnect,
-    SocketError, ///< `detail` is the error number, ":" and its description
-};
-
-/// A fetch event with its data. It becomes text where it is shown.
-struct FetchReport {
-    FetchEvent event = FetchEvent::Connecting;
-    QByteArray detail;
-};
 
 /// Searches a site: fetches the items of a list in the order in which they were found, over two connections, reads the
 /// references of HTML pages, and appends what is new to the list. Everything happens on the thread of its event loop.
@@ -60,9 +43,9 @@ public:
     void abandon();
 
     /// Whether 301, 302 and 307 answers are followed.
-    void setFollowRelocation(bool on) { m_followRelocation = on; }
+    void setFollowRelocation(bool on) { m_fetchRules.followRelocation = on; }
     /// How many bytes of a body are kept; a longer page is analysed as far as it came. A gibibyte by default.
-    void setBodyLimit(qsizetype bytes) { m_bodyLimit = bytes; }
+    void setBodyLimit(qsizetype bytes) { m_fetchRules.bodyLimit = bytes; }
     /// True from a start or continue to the end or stop.
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
@@ -89,10 +72,8 @@ private:
     struct Sock {
         /// The item that the connection works on; nullptr when it is idle.
         FundKnoten* verbindungsKnoten = nullptr;
-        /// The body as far as it arrived.
-        BodyBuffer empfangsPuffer;
         /// nullptr while the socket is closed.
-        HttpExchange* exchange = nullptr;
+        ItemFetch* fetch = nullptr;
         std::optional<HtmlAnalysis> analysis;
         /// Takes the analysis up again after other events.
         QTimer nextSlice;
@@ -106,25 +87,17 @@ private:
     void pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ);
     [[nodiscard]] FundKnoten* nextUnfetched();
 
-    void openExchange(size_t index);
-    static void closeExchange(Sock& sock);
-    void onConnected(size_t index);
-    void onHeader(size_t index, const QByteArray& header);
-    void onBody(size_t index, const QByteArray& piece);
-    void onFailed(size_t index, const SocketFailure& failure);
-    void onClosed(size_t index);
-    /// Ends the fetch by its item's state, and gives the connection its next item.
+    void openFetch(size_t index);
+    static void releaseFetch(Sock& sock);
+    /// Goes on by the state in which the fetch has left its item.
     void closeFetch(size_t index);
-    [[nodiscard]] bool isFollowedRelocation(const FundStück& item) const;
-    void relocate(FundKnoten* knoten, const QByteArray& header);
-    void takeAnswer(FundKnoten* knoten, const QByteArray& header);
+    void relocate(FundKnoten* knoten, const QByteArray& location);
 
     /// Runs one slice of the page's analysis; at its end, gives the connections their next items.
     void analyse(size_t index);
     /// Hands on references until the time of a slice is over; true when the page is finished or the search stopped.
     [[nodiscard]] bool analyseUntilPause(Sock& sock);
-    void reportState(FundKnoten* knoten, FetchEvent event, const QByteArray& detail = {});
-    static void dropFetch(Sock& sock);
+    static void drop(Sock& sock);
 
     FundListe& m_list;
     RequestExtras& m_extras;
@@ -135,6 +108,5 @@ private:
     FundKnoten* m_walked = nullptr;
     bool m_suchAbbruch = false;
     bool m_searching = false;
-    bool m_followRelocation = true;
-    qsizetype m_bodyLimit = qsizetype { 1 } << 30;
+    FetchRules m_fetchRules;
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "crawl/FundListe.h"
-#include "crawl/SearchRun.h"
+#include "crawl/ItemFetch.h"
 
 #include <QString>
 
