@@ -69,7 +69,7 @@ void SearchCommand::onReport(FundKnoten* knoten, const FetchReport& report)
     case FetchEvent::UnsupportedProtocol:
     case FetchEvent::EarlyDisconnect:
     case FetchEvent::SocketError:
-        m_unanswered.insert(&knoten->inhalt, report);
+        rememberUnanswered(knoten->inhalt, report);
         break;
     case FetchEvent::Connecting:
         showProgress(knoten);
@@ -78,6 +78,15 @@ void SearchCommand::onReport(FundKnoten* knoten, const FetchReport& report)
     case FetchEvent::Relocated:
         break;
     }
+}
+
+void SearchCommand::rememberUnanswered(const FundStück& item, const FetchReport& report)
+{
+    if (m_arguments.printing.format != ItemFormat::Table)
+        return;
+    // Where one fetch fails, mostly many fail alike: they share the text.
+    const QByteArray detail = *m_details.insert(report.detail);
+    m_unanswered.insert(&item, { report.event, detail });
 }
 
 void SearchCommand::showProgress(const FundKnoten* knoten)

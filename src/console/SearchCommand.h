@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 
 /// `tarnwick-cli search`: runs one search to its end or to the user's interruption, saves it, and prints what it found.
 class SearchCommand final : public QObject {
@@ -23,6 +24,7 @@ private:
     void tellNotes() const;
     void interrupt();
     void onReport(FundKnoten* knoten, const FetchReport& report);
+    void rememberUnanswered(const FundStück& item, const FetchReport& report);
     void showProgress(const FundKnoten* knoten);
     [[nodiscard]] bool save() const;
     [[nodiscard]] bool print() const;
@@ -36,4 +38,5 @@ private:
     bool m_interrupted = false;
     /// The states of the items that got no answer, for the table.
     QHash<const FundStück*, FetchReport> m_unanswered;
+    QSet<QByteArray> m_details;
 };
