@@ -141,6 +141,18 @@ qsizetype indexOfNoCase(QByteArrayView text, QByteArrayView needle, qsizetype fr
     return notFound;
 }
 
+QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char))
+{
+    QByteArray encoded;
+    for (const char c : bytes) {
+        if (isEncoded(c))
+            encoded += '%' + QByteArray(1, c).toHex().toUpper();
+        else
+            encoded += c;
+    }
+    return encoded;
+}
+
 bool isOnOneLine(QByteArrayView bytes)
 {
     return std::none_of(bytes.begin(), bytes.end(), breaksLine);
@@ -148,16 +160,7 @@ bool isOnOneLine(QByteArrayView bytes)
 
 QByteArray onOneLine(const QByteArray& bytes)
 {
-    if (isOnOneLine(bytes))
-        return bytes;
-    QByteArray encoded;
-    for (const char c : bytes) {
-        if (breaksLine(c))
-            encoded += '%' + QByteArray(1, c).toHex().toUpper();
-        else
-            encoded += c;
-    }
-    return encoded;
+    return isOnOneLine(bytes) ? bytes : percentEncoded(bytes, breaksLine);
 }
 
 std::optional<Line> readLine(QIODevice& file)

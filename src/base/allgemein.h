@@ -34,6 +34,8 @@ constexpr qsizetype notFound = -1;
 /// `notFound` when nowhere.
 [[nodiscard]] qsizetype indexOfNoCase(QByteArrayView text, QByteArrayView needle, qsizetype from = 0);
 
+/// `bytes` with those for which `isEncoded` holds written as "%" and two capital hexadecimal digits.
+[[nodiscard]] QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char));
 /// `bytes` with TAB, CR, LF and NUL percent-encoded, so that they stay one field of one line in requests and files.
 [[nodiscard]] QByteArray onOneLine(const QByteArray& bytes);
 /// Whether `onOneLine` would leave `bytes` alone.

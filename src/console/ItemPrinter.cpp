@@ -37,11 +37,10 @@ QString unicodeUrl(const QByteArray& url)
     const QString text = allgemein::fromSystem(url);
     if (allgemein::toSystem(text) == url)
         return text;
-    QByteArray encoded;
-    for (const char byte : url)
-        encoded +=
-            static_cast<unsigned char>(byte) < 0x80 ? QByteArray(1, byte) : '%' + QByteArray(1, byte).toHex().toUpper();
-    return QString::fromLatin1(encoded);
+    const auto isBeyondAscii = [](char c) {
+        return static_cast<unsigned char>(c) >= 0x80;
+    };
+    return QString::fromLatin1(allgemein::percentEncoded(url, isBeyondAscii));
 }
 
 QByteArray jsonLine(const FundStück& item)
