@@ -13,7 +13,6 @@ private slots:
     void removesAnyNode();
     void removedNodeLivesOn();
     void clearedListStartsAnew();
-    void countsEqualUrls();
 };
 
 static FundKnoten* addUrl(FundListe& list, const QByteArray& url)
@@ -91,18 +90,6 @@ void tst_FundListe::clearedListStartsAnew()
     QCOMPARE(urlsOf(list), QByteArrayList { "c" });
     QCOMPARE(urlsBackwards(list), QByteArrayList { "c" });
     QCOMPARE(list.getAnzahl(), 1);
-}
-
-void tst_FundListe::countsEqualUrls()
-{
-    // A file may hold a URL twice; it stays known until the last of them is gone.
-    FundListe list;
-    FundKnoten* const first = addUrl(list, "a");
-    FundKnoten* const second = addUrl(list, "a");
-    list.remove(first);
-    QVERIFY(list.istBekannt("a"));
-    list.remove(second);
-    QVERIFY(!list.istBekannt("a"));
 }
 
 QTEST_GUILESS_MAIN(tst_FundListe)

@@ -17,8 +17,6 @@ private slots:
     void confirms_data();
     void confirms();
     void survivesItsLines();
-    void writesFollowModeOnlyWhenChosen();
-    void refusesForeignKeys();
 };
 
 void tst_SearchOptions::givesEntryItsLevel_data()
@@ -151,22 +149,6 @@ void tst_SearchOptions::survivesItsLines()
     QCOMPARE(linesOf(read), lines);
     QVERIFY(std::equal(read.unterpfade.begin(), read.unterpfade.end(), options.unterpfade.begin(),
         options.unterpfade.end(), [](const SubUrl& a, const SubUrl& b) { return a.level == b.level; }));
-}
-
-void tst_SearchOptions::writesFollowModeOnlyWhenChosen()
-{
-    SearchOptions options;
-    QVERIFY(!linesOf(options).contains("FollowSub"));
-    options.followSub = FollowMode::Inside;
-    QVERIFY(linesOf(options).contains("FollowSub=1\r\n"));
-}
-
-void tst_SearchOptions::refusesForeignKeys()
-{
-    SearchOptions options;
-    QVERIFY(!options.initOpt("starturl", "x"));
-    QVERIFY(!options.initOpt("Referrer", "1"));
-    QVERIFY(options.startUrl.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_SearchOptions)

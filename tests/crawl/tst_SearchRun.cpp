@@ -23,18 +23,15 @@ private slots:
     void recordsEachUrlOnce();
     void keepsUrlOnOneLine();
     void boundsWhatAServerCanPile();
-    void insideOfNothingRecordsNothing();
     void followsRelocation_data();
     void followsRelocation();
     void relocationTargetTakesThePlace();
     void relocationWithoutTargetLeadsToTheDirectory();
     void relocationAtTheEndOfTheListLosesNothing();
     void relocationRingEnds();
-    void relocationChainEnds();
     void faultIsShownAndSearchGoesOn_data();
     void faultIsShownAndSearchGoesOn();
     void manyFailuresDoNotNest();
-    void twoFetchesRunAtATime();
     void stopLeavesTheRestForContinue();
     void stopHandsOnWhatAPageHeld();
     void stopEndsAnalysis();
@@ -275,14 +272,6 @@ void tst_SearchRun::boundsWhatAServerCanPile()
     QCOMPARE(urlsOf(m_list), urls({ "/", "/1" }));
 }
 
-void tst_SearchRun::insideOfNothingRecordsNothing()
-{
-    m_server->page("/", "<a href='x'>");
-    m_options.followSub = FollowMode::Inside;
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/" }));
-}
-
 void tst_SearchRun::followsRelocation_data()
 {
     QTest::addColumn<int>("status");
@@ -357,17 +346,6 @@ void tst_SearchRun::relocationRingEnds()
     QCOMPARE(item("/b").zustand, Zustand::Fertig);
 }
 
-void tst_SearchRun::relocationChainEnds()
-{
-    m_server->page("/", "<a href='1'>");
-    for (int hop = 1; hop <= 30; ++hop)
-        m_server->relocation('/' + QByteArray::number(hop), '/' + QByteArray::number(hop + 1));
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/20" }));
-    QCOMPARE(item("/20").statusCode, 302);
-    QCOMPARE(item("/20").tiefe, 1);
-}
-
 void tst_SearchRun::faultIsShownAndSearchGoesOn_data()
 {
     QTest::addColumn<QByteArray>("bad");
@@ -416,21 +394,6 @@ void tst_SearchRun::manyFailuresDoNotNest()
     QVERIFY(searchToEnd());
     QCOMPARE(m_list.getAnzahl(), 20'001);
     QCOMPARE(m_list.getLetzter()->inhalt.zustand, Zustand::Fehlgeschlagen);
-}
-
-void tst_SearchRun::twoFetchesRunAtATime()
-{
-    m_server->page("/", "<a href='1'><a href='2'><a href='3'>");
-    for (const char* path : { "/1", "/2" })
-        m_server->script(path, { {}, Afterwards::Stall });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(m_server->paths(), (QByteArrayList { "/", "/1", "/2" }));
-    QCOMPARE(item("/3").zustand, Zustand::NichtGeholt);
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_server->release("/1", okHeader("image/png"));
-    QTRY_COMPARE(m_server->paths().constLast(), "/3");
-    m_server->release("/2", okHeader("image/png"));
-    QVERIFY(finished.wait());
 }
 
 void tst_SearchRun::stopLeavesTheRestForContinue()

@@ -14,9 +14,6 @@ private slots:
     void weighsLanguages_data();
     void weighsLanguages();
     void survivesItsBlock();
-    void readsSwitches_data();
-    void readsSwitches();
-    void addsLanguagesToThoseChosen();
     void stocksLanguages();
 };
 
@@ -69,40 +66,6 @@ void tst_RequestPrefs::survivesItsBlock()
         QVERIFY(readRequestPref(read, line.first(equals), line.sliced(equals + 1).chopped(1)));
     }
     QCOMPARE(blockOf(read), block);
-}
-
-void tst_RequestPrefs::readsSwitches_data()
-{
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("one") << QByteArray("1") << true;
-    QTest::newRow("more than one") << QByteArray("2") << true;
-    QTest::newRow("number with text behind") << QByteArray("1x") << true;
-    QTest::newRow("zero") << QByteArray("0") << false;
-    QTest::newRow("negative") << QByteArray("-1") << false;
-    QTest::newRow("text") << QByteArray("abc") << false;
-    QTest::newRow("empty") << QByteArray() << false;
-}
-
-void tst_RequestPrefs::readsSwitches()
-{
-    QFETCH(QByteArray, value);
-    QFETCH(bool, on);
-    RequestPrefs prefs;
-    prefs.useLanguage = !on;
-    QVERIFY(readRequestPref(prefs, "UseLanguage", value));
-    QCOMPARE(prefs.useLanguage, on);
-    QVERIFY(!readRequestPref(prefs, "uselanguage", value));
-}
-
-void tst_RequestPrefs::addsLanguagesToThoseChosen()
-{
-    RequestPrefs prefs;
-    for (int round = 0; round < 2; ++round) {
-        readRequestPref(prefs, "Language", "de German");
-        readRequestPref(prefs, "Language", "en English");
-    }
-    QCOMPARE(prefs.sprachAuswahl, (QByteArrayList { "de German", "en English", "de German", "en English" }));
 }
 
 void tst_RequestPrefs::stocksLanguages()

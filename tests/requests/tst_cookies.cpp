@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/CookieStore.h"
-#include "requests/RequestProfile.h"
 #include "support/Text.h"
 
 #include <QDir>
@@ -21,8 +20,6 @@ private slots:
     void sendsWherePathMatches();
     void readsBroadDomainsFirst();
     void survivesDamagedFile();
-    void keepsOldFileWhenFolderIsGone();
-    void profileObeysSwitches();
 
 private:
     [[nodiscard]] QByteArray stored(const QString& host = QStringLiteral("h")) const;
@@ -157,34 +154,6 @@ void tst_cookies::survivesDamagedFile()
     QCOMPARE(m_store.getCookieHeader("http://h/"), "Cookie: a=1; c=3\r\n");
     m_store.saveCookie("h", "/", "a", "4");
     QCOMPARE(stored(), "garbage\r\n/\tonly\r\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3\r\n/\ta\t4\r\n");
-}
-
-void tst_cookies::keepsOldFileWhenFolderIsGone()
-{
-    m_store.setCookieFolder(m_folder->filePath(QStringLiteral("gone")));
-    QVERIFY(QDir(m_folder->path()).rmdir(QStringLiteral("gone")));
-    QVERIFY(!m_store.saveCookie("h", "/", "a", "1"));
-    QVERIFY(m_store.getCookieHeader("http://h/").isEmpty());
-}
-
-void tst_cookies::profileObeysSwitches()
-{
-    RequestPrefs prefs;
-    RequestProfile profile(prefs, m_store);
-    profile.takeCookie("a=1; path=/", "http://h/");
-    QCOMPARE(profile.cookieLine("http://h/"), "");
-    prefs.useCookies = true;
-    QCOMPARE(profile.cookieLine("http://h/"), "Cookie: a=1\r\n");
-    prefs.setCookies = false;
-    profile.takeCookie("b=2; path=/", "http://h/");
-    QCOMPARE(profile.cookieLine("http://h/"), "Cookie: a=1\r\n");
-
-    prefs.userAgent = "agent";
-    QVERIFY(profile.userAgentLine() == "agent" && !profile.acceptLanguageLine() && profile.sendsReferer());
-    prefs.useUserAgent = false;
-    prefs.useLanguage = true;
-    prefs.useReferrer = false;
-    QVERIFY(!profile.userAgentLine() && profile.acceptLanguageLine() == "" && !profile.sendsReferer());
 }
 
 QTEST_GUILESS_MAIN(tst_cookies)

@@ -21,7 +21,6 @@ private slots:
     void passesOverUnknownLines();
     void cutAnywhereKeepsWhatIsWhole();
     void failedSaveLeavesOldFile();
-    void neighboursShareTheirReferrer();
 
 private:
     [[nodiscard]] QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -191,16 +190,6 @@ void tst_SearchFile::failedSaveLeavesOldFile()
     QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.twk")));
     QVERIFY(SearchFile::save(file("folder.twk"), {}, {}, list).has_value());
     QVERIFY(QFileInfo(file("folder.twk")).isDir());
-}
-
-void tst_SearchFile::neighboursShareTheirReferrer()
-{
-    QVERIFY(writeFile(file("x.twk"), "Results:\r\nu\tm\t0\t0\t0\t0\t0\t\tr\r\nv\tm\t0\t0\t0\t0\t0\t\tr\r\n"));
-    StoredSearch search;
-    QCOMPARE(SearchFile::load(file("x.twk"), search).error, LoadError::None);
-    const FundKnoten* const first = search.list.getStart();
-    QCOMPARE(first->naechster->inhalt.referer.constData(), first->inhalt.referer.constData());
-    QCOMPARE(first->naechster->inhalt.mimeTyp.constData(), first->inhalt.mimeTyp.constData());
 }
 
 QTEST_GUILESS_MAIN(tst_SearchFile)
