@@ -68,10 +68,13 @@ void HttpExchange::readAvailable()
 void HttpExchange::takeHeaderBytes(const QByteArray& piece)
 {
     constexpr QByteArrayView blankLine = "\r\n\r\n";
-    const qsizetype searched = qMax<qsizetype>(0, m_header.size() - (blankLine.size() - 1));
+    // A blank line may be cut: all but its last byte may stand at the end of what has come.
+    constexpr qsizetype cut = blankLine.size() - 1;
+    const qsizetype searched = qMax<qsizetype>(0, m_header.size() - cut);
     m_header += piece;
     const qsizetype end = m_header.indexOf(blankLine, searched);
-    if ((end < 0 ? m_header.size() : end) > headerLimit) {
+    const qsizetype earliestEnd = end < 0 ? m_header.size() - cut : end;
+    if (earliestEnd > headerLimit) {
         abort();
         emit closed();
         return;
