@@ -25,8 +25,8 @@ struct Verweis {
 };
 
 /// Pulls the references out of an HTML page, one kind after the other: anchors, links, then any src or frames and
-/// images, then form actions, each kind in the order of the page. A call looks at a bounded number of bytes, and the
-/// whole analysis at each byte a fixed number of times, whatever the page.
+/// images, then form actions, each kind in the order of the page. A call scans a bounded number of bytes, and the whole
+/// analysis scans each byte a fixed number of times, whatever the page.
 class HtmlAnalysis {
 public:
     enum class Step {

@@ -73,10 +73,10 @@ HtmlPass::Step HtmlPass::next(QByteArrayView body, ScanBudget& budget)
         if (!value)
             return Step::Pause;
         m_pos = *tag + advance;
-        if (!value->isNull()) {
-            m_value = *value;
-            return Step::Value;
-        }
+        if (value->isNull() || value->data() == m_value.data())
+            continue;
+        m_value = *value;
+        return Step::Value;
     }
 }
 
@@ -98,6 +98,6 @@ std::optional<QByteArrayView> HtmlPass::valueAt(QByteArrayView body, qsizetype p
     const auto quoted = (*attribute == none ? m_valueAtStart : m_values).read(body, place, budget);
     if (!quoted)
         return {};
-    return quoted->endsBefore(*tagEnd) ? body.sliced(quoted->open + 1, quoted->close - quoted->open - 1)
-                                       : QByteArrayView();
+    const qsizetype size = quoted->close - quoted->open - 1;
+    return quoted->endsBefore(*tagEnd) && size <= longestValue ? body.sliced(quoted->open + 1, size) : QByteArrayView();
 }

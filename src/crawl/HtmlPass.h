@@ -54,9 +54,13 @@ struct PassRule {
 };
 
 /// One pass over a page: the quoted values of one attribute in one kind of tag, in the order of their tags. It searches
-/// text and parses nothing: an attribute counts for a tag when its value closes before the tag's first ">".
+/// text and parses nothing: an attribute counts for a tag when its value closes before the tag's first ">". Tags that
+/// run into one another may share a value; it is given once.
 class HtmlPass {
 public:
+    /// A longer value, in bytes, is passed over.
+    static constexpr qsizetype longestValue = 1024 * 1024;
+
     enum class Step {
         Value, ///< `value` is the next one
         Pause, ///< the budget is spent; call again
