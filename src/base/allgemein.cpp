@@ -174,6 +174,11 @@ std::optional<Line> readLine(QIODevice& file)
     return Line { text, ended };
 }
 
+bool writeAll(QIODevice& file, const QByteArray& bytes)
+{
+    return file.write(bytes) == bytes.size();
+}
+
 std::optional<KeyValue> splitKeyValue(const QByteArray& line)
 {
     const qsizetype equals = line.indexOf('=');

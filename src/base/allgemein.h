@@ -53,6 +53,10 @@ struct Line {
 /// The next line of `file`; nothing at its end or on a read error.
 [[nodiscard]] std::optional<Line> readLine(QIODevice& file);
 
+/// Writes all of `bytes`; false when not all could be written, as on a full disk. (A device may take a part of a long
+/// text and report no error.)
+[[nodiscard]] bool writeAll(QIODevice& file, const QByteArray& bytes);
+
 /// A key=value line. The key is what stands before the first "=".
 struct KeyValue {
     QByteArray key;

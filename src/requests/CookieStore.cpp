@@ -39,7 +39,8 @@ bool applies(const Cookie& cookie, QByteArrayView directory)
     return slashes > 0 && cookie.path == url::leadingDirectories(directory, slashes - 1);
 }
 
-/// Copies every line but the cookies of a name. False when there is a file that cannot be read to its end.
+/// Copies every line but the cookies of a name. False when there is a file that cannot be read to its end, or not all
+/// of it can be written.
 bool copyWithout(const QByteArray& name, const QString& from, QIODevice& to)
 {
     QFile old(from);
@@ -49,8 +50,9 @@ bool copyWithout(const QByteArray& name, const QString& from, QIODevice& to)
         return false;
     while (const auto line = allgemein::readLine(old)) {
         const auto cookie = cookieFrom(line->text);
-        if (!cookie || cookie->name != name)
-            to.write(line->text + allgemein::lineEnd);
+        const bool kept = !cookie || cookie->name != name;
+        if (kept && !allgemein::writeAll(to, line->text + allgemein::lineEnd))
+            return false;
     }
     return old.error() == QFile::NoError;
 }
@@ -92,11 +94,10 @@ bool CookieStore::saveCookie(
     QFile next(m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"));
     if (!next.open(QIODevice::WriteOnly))
         return false;
-    bool written = copyWithout(name, fileName, next);
-    if (!value.isEmpty())
-        next.write(path + '\t' + name + '\t' + value + allgemein::lineEnd);
+    const QByteArray line = value.isEmpty() ? QByteArray() : path + '\t' + name + '\t' + value + allgemein::lineEnd;
+    bool written = copyWithout(name, fileName, next) && allgemein::writeAll(next, line) && next.flush();
     next.close();
-    written = written && next.error() == QFile::NoError && takePlaceOf(next.fileName(), fileName);
+    written = written && takePlaceOf(next.fileName(), fileName);
     if (!written)
         next.remove();
     return written;

@@ -3,6 +3,7 @@
 
 #include "base/allgemein.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QSaveFile>
 
@@ -43,6 +44,16 @@ private:
     const QByteArray& m_line;
     qsizetype m_next = 0;
 };
+
+/// Everything before the item lines.
+QByteArray headerLines(const SearchOptions& options, const RequestPrefs& prefs)
+{
+    QBuffer lines;
+    lines.open(QIODevice::WriteOnly);
+    options.speicherOpts(lines);
+    twkEinstellungen::writeRequestPrefs(lines, prefs);
+    return lines.data() + resultsMark + allgemein::lineEnd;
+}
 
 /// Neighbouring items mostly have the same type and referrer: they share its bytes.
 void shareEqualTexts(FundStück& item, const FundKnoten* previous)
@@ -145,12 +156,13 @@ std::optional<QString> SearchFile::save(
     QSaveFile file(fileName);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
-    options.speicherOpts(file);
-    twkEinstellungen::writeRequestPrefs(file, prefs);
-    file.write(resultsMark + allgemein::lineEnd);
-    for (const FundKnoten* knoten = list.getStart(); knoten; knoten = knoten->naechster)
-        file.write(itemLine(knoten->inhalt) + allgemein::lineEnd);
-    return file.commit() ? std::nullopt : std::optional(file.errorString());
+    bool written = allgemein::writeAll(file, headerLines(options, prefs));
+    for (const FundKnoten* knoten = list.getStart(); knoten && written; knoten = knoten->naechster)
+        written = allgemein::writeAll(file, itemLine(knoten->inhalt) + allgemein::lineEnd);
+    if (written)
+        return file.commit() ? std::nullopt : std::optional(file.errorString());
+    file.cancelWriting();
+    return QStringLiteral("not all could be written; the disk may be full");
 }
 
 SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)

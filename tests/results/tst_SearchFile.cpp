@@ -6,6 +6,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+
+#include <sys/resource.h>
+#endif
+
 using SearchFile::LoadError;
 
 class tst_SearchFile : public QObject {
@@ -21,6 +27,7 @@ private slots:
     void passesOverUnknownLines();
     void cutAnywhereKeepsWhatIsWhole();
     void failedSaveLeavesOldFile();
+    void fullDiskLeavesOldFile();
 
 private:
     [[nodiscard]] QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -190,6 +197,28 @@ void tst_SearchFile::failedSaveLeavesOldFile()
     QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.twk")));
     QVERIFY(SearchFile::save(file("folder.twk"), {}, {}, list).has_value());
     QVERIFY(QFileInfo(file("folder.twk")).isDir());
+}
+
+void tst_SearchFile::fullDiskLeavesOldFile()
+{
+#ifdef Q_OS_UNIX
+    QVERIFY(writeFile(file("a.twk"), "old"));
+    FundListe list;
+    list.add(someItem(QByteArray(60'000, 'x')));
+    // The system takes a part of the last line, and reports no error unless it is asked for more.
+    rlimit before {};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit limited { 50'000, before.rlim_max };
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    const auto error = SearchFile::save(file("a.twk"), {}, {}, list);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(error.has_value());
+    QCOMPARE(contentOf(file("a.twk")), "old");
+#else
+    QSKIP("Only Unix can limit the size of files for a test.");
+#endif
 }
 
 QTEST_GUILESS_MAIN(tst_SearchFile)
