@@ -39,7 +39,8 @@ signals:
     void headerArrived(const QByteArray& header);
     /// The next piece of the body, as it arrived.
     void bodyArrived(const QByteArray& piece);
-    /// The other side closed the connection, or its header exceeded the limit. All that it sent was handed on before.
+    /// The other side closed the connection, or its header exceeded the limit. All that it sent behind a whole header
+    /// was handed on before.
     void closed();
     void failed(const SocketFailure& failure);
 

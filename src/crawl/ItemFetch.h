@@ -29,7 +29,7 @@ struct FetchReport {
 struct FetchRules {
     bool followRelocation = true; ///< whether 301, 302 and 307 end the fetch as relocated
     bool wantsReferences = true; ///< whether the body is kept if it is HTML
-    /// How many bytes of a body are kept; a longer one ends there.
+    /// A body that exceeds this many bytes ends with the piece that does it.
     qsizetype bodyLimit = qsizetype { 1 } << 30;
 };
 

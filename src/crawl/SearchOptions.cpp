@@ -79,7 +79,7 @@ bool SearchOptions::follows(const QByteArray& url) const
 Confirmation SearchOptions::confirm()
 {
     const QByteArray url = startUrl.startsWith("http://") ? startUrl : "http://" + startUrl;
-    if (!url::isValidUrl(url))
+    if (!url::isValidUrl(url) || url.size() > url::longest)
         return Confirmation::InvalidStartUrl;
     startUrl = url;
     // Staying outside of sub-URLs leaves the rest of the web.

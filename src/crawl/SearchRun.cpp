@@ -89,7 +89,7 @@ void SearchRun::abandon()
 void SearchRun::fuegeFundHinzu(
     const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations)
 {
-    if (url::hostOf(url).isEmpty() || url.size() > longestUrl)
+    if (url::hostOf(url).isEmpty() || url.size() > url::longest)
         return;
     const QByteArray adresse = allgemein::onOneLine(url::normalised(url));
     if (m_list.istBekannt(adresse))

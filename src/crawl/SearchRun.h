@@ -22,8 +22,6 @@ class SearchRun final : public QObject {
 public:
     /// An item that this many relocations have led to is recorded with its answer, even if it relocates again.
     static constexpr qint32 relocationLimit = 19;
-    /// A longer URL, in bytes, is not recorded: one page of short references to it would multiply it.
-    static constexpr qsizetype longestUrl = 64 * 1024;
 
     /// Works on `list`, with request lines and cookies from `extras`; both must outlive the run. Only the run may take
     /// items out of the list or empty it.
@@ -33,8 +31,8 @@ public:
     void starteSuche(const SearchOptions& options);
     /// Drops what is running and empties the list.
     void leereSuche();
-    /// Closes the connections and starts nothing more, but for the one fetch that each closed connection may begin at
-    /// once. Those end on their own, without `finished`.
+    /// Closes the connections and starts nothing more, but for the fetches that the closed ones give rise to, one for
+    /// each connection at the most. Those end on their own, without `finished`.
     void stopSearch();
     /// Goes on with the items of the list that were not fetched yet.
     void continueSearch(const SearchOptions& options);
@@ -49,7 +47,8 @@ public:
     /// True from a start or continue to the end or stop.
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
-    /// Records a URL, unless it has no host or is in the list. `relocations` counts the relocations that led to it.
+    /// Records a URL, unless it has no host, is too long, or is in the list. `relocations` counts the relocations that
+    /// led to it.
     void fuegeFundHinzu(
         const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations = 0);
 

@@ -13,6 +13,9 @@
 /// directory, and each further level one more directory.
 namespace url {
 
+/// A longer URL, in bytes, is not recorded: one page of short references to it would multiply it.
+constexpr qsizetype longest = 64 * 1024;
+
 /// What stands before the first ":"; empty without one.
 [[nodiscard]] QByteArrayView protocolOf(QByteArrayView url);
 /// From behind the first "//" (or the start) to the next ":", or else to the next "/", or else to the end. The ":" is

@@ -90,9 +90,9 @@ void tst_SearchOptions::confirms_data()
     QTest::addColumn<FollowMode>("mode");
     QTest::addColumn<Confirmation>("confirmation");
     QTest::addColumn<QByteArray>("startUrl");
-    const auto row = [](const char* title, const char* typed, bool maxDepth, FollowMode mode, Confirmation confirmation,
-                         const char* startUrl) {
-        QTest::newRow(title) << QByteArray(typed) << maxDepth << mode << confirmation << QByteArray(startUrl);
+    const auto row = [](const char* title, const QByteArray& typed, bool maxDepth, FollowMode mode,
+                         Confirmation confirmation, const QByteArray& startUrl) {
+        QTest::newRow(title) << typed << maxDepth << mode << confirmation << startUrl;
     };
     using enum Confirmation;
     row("a host", "srv.example.org", true, FollowMode::All, Limited, "http://srv.example.org");
@@ -100,6 +100,8 @@ void tst_SearchOptions::confirms_data()
     row("capitals are another protocol", "HTTP://h/", true, FollowMode::All, Limited, "http://HTTP://h/");
     row("no host", "http://.org", true, FollowMode::All, InvalidStartUrl, "http://.org");
     row("nothing", "", true, FollowMode::All, InvalidStartUrl, "");
+    const QByteArray endless = "http://h/" + QByteArray(64 * 1024, 'x');
+    row("too long to be recorded", endless, true, FollowMode::All, InvalidStartUrl, endless);
     row("staying inside is a limit", "h", false, FollowMode::Inside, Limited, "http://h");
     row("no limit", "h", false, FollowMode::All, Unlimited, "http://h");
     row("staying outside is no limit", "h", false, FollowMode::Outside, Unlimited, "http://h");
