@@ -1,6 +1,7 @@
 # Sourced by the project's commands: what all of them need of the system, and the build.
 # shellcheck shell=bash
 set -euo pipefail
+unset CDPATH # with it, cd would print where it went
 
 caller=$PWD
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

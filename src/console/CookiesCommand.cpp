@@ -18,11 +18,11 @@ int runCookiesCommand(const QStringList& arguments)
         QStringLiteral("cookies show http://www.example.org/shop/"), QStringLiteral("URL"),
         QStringLiteral("The URL of the request."));
     parser.addValue({ cookies }, QStringLiteral("The cookie folder. Default: the user's own."), QStringLiteral("DIR"));
-    const bool shows = action == QLatin1String("show");
-    if (!parser.parse(shows ? arguments.sliced(1) : arguments))
+    const bool asksForHelp = action == QLatin1String("--help") || action == QLatin1String("-h");
+    if (action != QLatin1String("show") && !asksForHelp)
+        throw UsageError { QStringLiteral("cookies: unknown action '%1'; try 'cookies show URL'").arg(action) };
+    if (!parser.parse(asksForHelp ? arguments : arguments.sliced(1)))
         return Done;
-    if (!shows)
-        throw UsageError { QStringLiteral("cookies: unknown action '%1'; try 'cookies show'").arg(action) };
 
     const QString typed = parser.argument();
     const QByteArray url = url::withProtocol(allgemein::toSystem(typed));

@@ -18,11 +18,22 @@ int watchEnd = -1;
 
 constexpr int watchedSignals[] = { SIGINT, SIGTERM };
 
+void onSignal(int);
+
+/// Gives a signal back its usual effect, if it was taken over.
+void release(int signal)
+{
+    struct sigaction current = {};
+    sigaction(signal, nullptr, &current);
+    if (current.sa_handler == onSignal)
+        std::signal(signal, SIG_DFL);
+}
+
 void onSignal(int)
 {
     const int interruptedError = errno;
     for (const int signal : watchedSignals)
-        std::signal(signal, SIG_DFL);
+        release(signal);
     constexpr char byte = 1;
     // Nothing can be done about a failure here.
     [[maybe_unused]] const auto written = write(handlerEnd, &byte, sizeof byte);
@@ -75,7 +86,7 @@ terminal::InterruptWatch::InterruptWatch(QObject* parent)
 terminal::InterruptWatch::~InterruptWatch()
 {
     for (const int signal : watchedSignals)
-        std::signal(signal, SIG_DFL);
+        release(signal);
     close(handlerEnd);
     close(watchEnd);
 }
