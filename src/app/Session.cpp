@@ -3,13 +3,15 @@
 
 #include "base/allgemein.h"
 
+#include <QDir>
+
 Session::Session()
     : requestProfile(requestPrefs, cookies)
     , search(foundItems, requestProfile)
 {
 }
 
-QString Session::userCookieFolder()
+QString Session::cookieFolder(const QString& chosen)
 {
-    return allgemein::withTrailingSeparator(allgemein::dataFolder() + QLatin1String("Cookies"));
+    return chosen.isEmpty() ? allgemein::dataFolder() + QLatin1String("Cookies") : QDir(chosen).absolutePath();
 }

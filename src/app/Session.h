@@ -23,6 +23,6 @@ public:
     FundListe foundItems;
     SearchRun search;
 
-    /// The folder in which the user's own cookies are kept.
-    [[nodiscard]] static QString userCookieFolder();
+    /// The cookie folder that was chosen, or the user's own when none was.
+    [[nodiscard]] static QString cookieFolder(const QString& chosen);
 };

@@ -30,8 +30,7 @@ int runCookiesCommand(const QStringList& arguments)
     if (!url::isValidUrl(url))
         throw UsageError { language.text("lang.invalidStartUrl") + QStringLiteral(" '%1'").arg(typed) };
     CookieStore store;
-    const QString folder =
-        parser.isSet(cookies) ? QDir(parser.value(cookies)).absolutePath() : Session::userCookieFolder();
+    const QString folder = Session::cookieFolder(parser.value(cookies));
     // Looking must not create the folder; without it there are no cookies.
     if (QDir(folder).exists())
         store.setCookieFolder(folder);

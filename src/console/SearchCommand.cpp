@@ -7,7 +7,6 @@
 #include "results/twk.h"
 
 #include <QCoreApplication>
-#include <QDir>
 
 #include <cstdlib>
 
@@ -16,8 +15,7 @@ SearchCommand::SearchCommand(const SearchArguments& arguments)
     , m_progress(!arguments.quiet && terminal::isTerminal(stderr))
 {
     m_session.requestPrefs = arguments.prefs;
-    m_session.cookies.setCookieFolder(
-        arguments.cookieFolder.isEmpty() ? Session::userCookieFolder() : QDir(arguments.cookieFolder).absolutePath());
+    m_session.cookies.setCookieFolder(Session::cookieFolder(arguments.cookieFolder));
     m_session.search.setFollowRelocation(arguments.followRelocation);
     connect(&m_session.search, &SearchRun::reported, this, &SearchCommand::onReport);
     connect(&m_session.search, &SearchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);

@@ -71,8 +71,9 @@ bool SearchOptions::follows(const QByteArray& url) const
 {
     if (followSub == FollowMode::All)
         return true;
+    const QByteArray recorded = allgemein::onOneLine(url);
     const bool inside =
-        std::any_of(unterpfade.begin(), unterpfade.end(), [&](const SubUrl& entry) { return entry.matches(url); });
+        std::any_of(unterpfade.begin(), unterpfade.end(), [&](const SubUrl& entry) { return entry.matches(recorded); });
     return inside == (followSub == FollowMode::Inside);
 }
 

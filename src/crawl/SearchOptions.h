@@ -39,7 +39,7 @@ struct SearchOptions {
     /// Writes the lines that `initOpt` reads.
     void speicherOpts(QIODevice& file) const;
 
-    /// Whether a reference is recorded under the follow mode.
+    /// Whether a reference is recorded under the follow mode. It is tested as it would be recorded, on one line.
     [[nodiscard]] bool follows(const QByteArray& url) const;
     /// Whether the references of a page at this depth are wanted.
     [[nodiscard]] bool readsPagesAt(qint32 depth) const { return !maxDepth || depth < tiefe; }

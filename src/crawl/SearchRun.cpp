@@ -105,10 +105,8 @@ void SearchRun::fuegeFundHinzu(
 
 void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ)
 {
-    // Tested as it would be recorded.
-    const QByteArray encoded = allgemein::onOneLine(url);
-    if (m_options.follows(encoded))
-        fuegeFundHinzu(encoded, tiefe, referer, typ);
+    if (m_options.follows(url))
+        fuegeFundHinzu(url, tiefe, referer, typ);
 }
 
 FundKnoten* SearchRun::nextUnfetched()

@@ -62,6 +62,7 @@ void tst_SearchOptions::followsByMode_data()
     QTest::newRow("the directory's other case") << QByteArray("http://h:80/A/y.html") << false;
     QTest::newRow("the directory on another port") << QByteArray("http://h:81/a/y.html") << false;
     QTest::newRow("above the directory") << QByteArray("http://h:80/y.html") << false;
+    QTest::newRow("a TAB as it is recorded") << QByteArray("http://h:80/b\tc/y.html") << true;
     QTest::newRow("an address") << QByteArray("mailto:me@example.org") << false;
 }
 
@@ -70,7 +71,8 @@ void tst_SearchOptions::followsByMode()
     QFETCH(QByteArray, url);
     QFETCH(bool, inside);
     SearchOptions options;
-    options.unterpfade = { SubUrl::fromText("example.org"), SubUrl::fromText("http://h/a/") };
+    options.unterpfade = { SubUrl::fromText("example.org"), SubUrl::fromText("http://h/a/"),
+        SubUrl::fromText("h/b%09c/") };
     QVERIFY(options.follows(url));
     options.followSub = FollowMode::Inside;
     QCOMPARE(options.follows(url), inside);
