@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "crawl/SearchRun.h"
-#include "support/PlainExtras.h"
-#include "support/ScriptedServer.h"
-#include "support/Text.h"
+#include "support/SearchFixture.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
-class tst_SearchRun : public QObject {
+class tst_SearchRun : public SearchFixture {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-
     void recordsInOrderOfDiscovery();
     void speaksAsAgreed();
     void recordsWhatTheServerSays_data();
@@ -32,96 +23,7 @@ private slots:
     void faultIsShownAndSearchGoesOn_data();
     void faultIsShownAndSearchGoesOn();
     void manyFailuresDoNotNest();
-    void stopLeavesTheRestForContinue();
-    void stopHandsOnWhatAPageHeld();
-    void stopEndsAnalysis();
-    void abandonedFetchIsDoneByContinue();
-    void continueWithNothingLeftFinishesOnce();
-    void newSearchDropsTheOld();
-    void finishedMayStartAnother();
-    void unsupportedStartUrlWaitsForStop();
-
-private:
-    [[nodiscard]] QByteArray url(const QByteArray& path) const { return m_server->origin() + path; }
-    [[nodiscard]] QByteArrayList urls(const QByteArrayList& paths) const;
-    [[nodiscard]] FundStück item(const QByteArray& path) const;
-    [[nodiscard]] QList<FetchEvent> eventsOf(const QByteArray& path) const;
-    [[nodiscard]] QByteArrayList detailsOf(const QByteArray& path) const;
-    [[nodiscard]] bool searchToEnd();
-
-    std::unique_ptr<ScriptedServer> m_server;
-    PlainExtras m_extras;
-    SearchOptions m_options;
-    FundListe m_list;
-    std::unique_ptr<SearchRun> m_run;
-    QList<QPair<QByteArray, FetchReport>> m_reports;
 };
-
-void tst_SearchRun::init()
-{
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_server = std::make_unique<ScriptedServer>();
-    m_extras = {};
-    m_options = {};
-    m_options.startUrl = m_server->origin();
-    m_options.maxDepth = false;
-    m_run = std::make_unique<SearchRun>(m_list, m_extras);
-    m_reports.clear();
-    connect(m_run.get(), &SearchRun::reported, this, [this](FundKnoten* knoten, const FetchReport& report) {
-        m_reports += { knoten->inhalt.adresse, report };
-    });
-}
-
-void tst_SearchRun::cleanup()
-{
-    m_run.reset();
-    m_server.reset();
-    m_list.clear();
-}
-
-QByteArrayList tst_SearchRun::urls(const QByteArrayList& paths) const
-{
-    QByteArrayList urls;
-    for (const QByteArray& path : paths)
-        urls += path.startsWith('/') ? url(path) : path;
-    return urls;
-}
-
-FundStück tst_SearchRun::item(const QByteArray& path) const
-{
-    for (const FundKnoten* knoten = m_list.getStart(); knoten; knoten = knoten->naechster) {
-        if (knoten->inhalt.adresse == url(path) || knoten->inhalt.adresse == path)
-            return knoten->inhalt;
-    }
-    return {};
-}
-
-QList<FetchEvent> tst_SearchRun::eventsOf(const QByteArray& path) const
-{
-    QList<FetchEvent> events;
-    for (const auto& [adresse, report] : m_reports) {
-        if (adresse == url(path) || adresse == path)
-            events += report.event;
-    }
-    return events;
-}
-
-QByteArrayList tst_SearchRun::detailsOf(const QByteArray& path) const
-{
-    QByteArrayList details;
-    for (const auto& [adresse, report] : m_reports) {
-        if (adresse == url(path))
-            details += report.detail;
-    }
-    return details;
-}
-
-bool tst_SearchRun::searchToEnd()
-{
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_run->starteSuche(m_options);
-    return (finished.count() == 1 || finished.wait(20'000)) && finished.count() == 1 && !m_run->isSearching();
-}
 
 void tst_SearchRun::recordsInOrderOfDiscovery()
 {
@@ -395,134 +297,6 @@ void tst_SearchRun::manyFailuresDoNotNest()
     QVERIFY(searchToEnd());
     QCOMPARE(m_list.getAnzahl(), 20'001);
     QCOMPARE(m_list.getLetzter()->inhalt.zustand, Zustand::Fehlgeschlagen);
-}
-
-void tst_SearchRun::stopLeavesTheRestForContinue()
-{
-    m_server->page("/", "<a href='1'><a href='2'><a href='3'><a href='4'><a href='5'>");
-    for (const char* path : { "/1", "/2", "/3" })
-        m_server->script(path, { {}, Afterwards::Stall });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(m_server->paths().size(), 3);
-
-    // Each of the two connections may begin one more fetch.
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_run->stopSearch();
-    QVERIFY(!m_run->isSearching());
-    QCOMPARE(item("/1").zustand, Zustand::Fehlgeschlagen);
-    QCOMPARE(eventsOf("/2").constLast(), FetchEvent::EarlyDisconnect);
-    QTRY_VERIFY(m_server->paths().contains("/3") && item("/4").zustand == Zustand::Fertig);
-    QCOMPARE(item("/5").zustand, Zustand::NichtGeholt);
-
-    // The connection that has run dry is there for the rest, while the other is still busy.
-    m_run->continueSearch(m_options);
-    QTRY_COMPARE(item("/5").zustand, Zustand::Fertig);
-    QCOMPARE(finished.count(), 0);
-    m_server->release("/3", okHeader("text/html") + "<a href='6'>");
-    QVERIFY(finished.wait());
-    QCOMPARE(item("/6").statusCode, 404);
-    QCOMPARE(m_server->paths().count("/1"), 1);
-}
-
-void tst_SearchRun::stopHandsOnWhatAPageHeld()
-{
-    m_server->script("/", { { okHeader("text/html") + "<a href='1'><a href='2'><a hr" }, Afterwards::Stall });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(item("/").zustand, Zustand::LaedtHtml);
-    m_run->stopSearch();
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/1", "/2" }));
-    // Both connections may begin a fetch; neither is cut off before it has asked.
-    QTRY_COMPARE(item("/1").zustand, Zustand::Fertig);
-    QTRY_COMPARE(item("/2").zustand, Zustand::Fertig);
-}
-
-void tst_SearchRun::stopEndsAnalysis()
-{
-    m_server->page("/", "<a href='x'>" + QByteArray(8'000'000, '<') + "<a href='last'>");
-    // Queued, the stop comes between the slice that found "x" and the next one.
-    const auto stop = [this](const FundKnoten* knoten) {
-        if (knoten->inhalt.tiefe == 1)
-            m_run->stopSearch();
-    };
-    QObject context;
-    connect(m_run.get(), &SearchRun::recorded, &context, stop, Qt::QueuedConnection);
-    m_run->starteSuche(m_options);
-    QTRY_VERIFY(!m_run->isSearching());
-
-    QTimer eachPass;
-    QSignalSpy passes(&eachPass, &QTimer::timeout);
-    eachPass.start(0);
-    QTRY_VERIFY(passes.count() >= 3);
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_run->continueSearch(m_options);
-    QVERIFY(finished.count() == 1 || finished.wait());
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/x" }));
-}
-
-void tst_SearchRun::abandonedFetchIsDoneByContinue()
-{
-    m_server->page("/", "<a href='1'><a href='2'>");
-    m_server->script("/1", { {}, Afterwards::Stall });
-    m_server->script("/2", { {}, Afterwards::Stall });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(m_server->paths().size(), 3);
-    m_run->abandon();
-    QCOMPARE(item("/1").zustand, Zustand::NichtGeholt);
-    m_server->page("/1", "");
-    m_server->page("/2", "");
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_run->continueSearch(m_options);
-    QVERIFY(finished.wait());
-    QCOMPARE(item("/1").statusCode, 200);
-    QCOMPARE(item("/2").statusCode, 200);
-}
-
-void tst_SearchRun::continueWithNothingLeftFinishesOnce()
-{
-    QVERIFY(searchToEnd());
-    QSignalSpy finished(m_run.get(), &SearchRun::finished);
-    m_run->continueSearch(m_options);
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(m_server->paths(), QByteArrayList { "/" });
-}
-
-void tst_SearchRun::newSearchDropsTheOld()
-{
-    m_server->page("/", "<a href='1'><a href='2'>");
-    m_server->script("/1", { {}, Afterwards::Stall });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(m_server->paths().size(), 3);
-    m_options.startUrl = url("/fresh");
-    QSignalSpy cleared(m_run.get(), &SearchRun::cleared);
-    QVERIFY(searchToEnd());
-    QCOMPARE(cleared.count(), 1);
-    QCOMPARE(urlsOf(m_list), urls({ "/fresh" }));
-}
-
-void tst_SearchRun::finishedMayStartAnother()
-{
-    m_server->page("/", "<a href='1'>");
-    QByteArrayList found;
-    connect(m_run.get(), &SearchRun::finished, this, [&] {
-        found += urlsOf(m_list);
-        if (m_options.startUrl == m_server->origin()) {
-            m_options.startUrl = url("/fresh");
-            m_run->starteSuche(m_options);
-        }
-    });
-    m_run->starteSuche(m_options);
-    QTRY_COMPARE(found, urls({ "/", "/1", "/fresh" }));
-    QVERIFY(!m_run->isSearching());
-}
-
-void tst_SearchRun::unsupportedStartUrlWaitsForStop()
-{
-    m_options.startUrl = "https://h/";
-    m_run->starteSuche(m_options);
-    QVERIFY(m_run->isSearching());
-    QCOMPARE(eventsOf("https://h:80/"), QList { FetchEvent::UnsupportedProtocol });
-    m_run->stopSearch();
-    QVERIFY(!m_run->isSearching());
 }
 
 QTEST_GUILESS_MAIN(tst_SearchRun)
