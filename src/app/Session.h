@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/SearchStatus.h"
 #include "base/lang.h"
 #include "crawl/FundListe.h"
 #include "crawl/SearchOptions.h"
@@ -8,6 +9,7 @@
 #include "requests/CookieStore.h"
 #include "requests/RequestPrefs.h"
 #include "requests/RequestProfile.h"
+#include "results/ResultFilter.h"
 
 /// One of everything that the program has while it runs, and the one place where these objects meet.
 class Session {
@@ -22,6 +24,7 @@ public:
     SearchOptions searchOptions;
     FundListe foundItems;
     SearchRun search;
+    ResultFilter filter;
 
     /// The cookie folder that was chosen, or the user's own when none was.
     [[nodiscard]] static QString cookieFolder(const QString& chosen);

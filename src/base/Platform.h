@@ -13,4 +13,7 @@ namespace platform {
 /// Whether the system takes a file of this name for something other than a file of its folder.
 [[nodiscard]] bool isReservedFileName(QByteArrayView name);
 
+/// Puts a file on the system's list of recent documents, where it keeps one.
+void addRecentDocument(const QString& path);
+
 } // namespace platform

@@ -15,4 +15,9 @@ bool isReservedFileName(QByteArrayView)
     return false;
 }
 
+void addRecentDocument(const QString&)
+{
+    // Desktops here keep such lists in files of their own; there is no system function.
+}
+
 } // namespace platform

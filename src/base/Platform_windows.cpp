@@ -30,4 +30,9 @@ bool isReservedFileName(QByteArrayView name)
     return name.contains(':') || port || std::find(devices.begin(), devices.end(), stem) != devices.end();
 }
 
+void addRecentDocument(const QString& path)
+{
+    SHAddToRecentDocs(SHARD_PATHW, QDir::toNativeSeparators(path).utf16());
+}
+
 } // namespace platform

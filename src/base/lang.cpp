@@ -9,8 +9,30 @@
 
 namespace {
 
-/// The built-in languages in the order of their indices. The files are UTF-8 text of key=value lines.
-constexpr std::array builtInFiles { ":/languages/english.lng" };
+struct BuiltInLanguage {
+    QLocale::Language language;
+    /// Its texts: UTF-8 lines of key=value.
+    const char* file;
+    const char* moreFile;
+};
+
+/// In the order of their indices.
+constexpr std::array<BuiltInLanguage, LanguageTable::builtInCount> builtInLanguages { {
+    { QLocale::English, ":/languages/english.lng", ":/languages/more_english.lng" },
+    { QLocale::German, ":/languages/german.lng", ":/languages/more_german.lng" },
+    { QLocale::French, ":/languages/french.lng", ":/languages/more_french.lng" },
+} };
+
+void readTexts(const char* fileName, QHash<QByteArray, QString>& texts)
+{
+    QFile file(QString::fromLatin1(fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The language file %s is missing from the program.", fileName);
+    while (const auto line = allgemein::readLine(file)) {
+        if (const auto pair = allgemein::splitKeyValue(line->text))
+            texts.insert(pair->key, QString::fromUtf8(pair->value));
+    }
+}
 
 } // namespace
 
@@ -21,18 +43,53 @@ LanguageTable::LanguageTable()
 
 void LanguageTable::selectBuiltIn(int index)
 {
-    if (index < 0 || index >= static_cast<int>(builtInFiles.size()))
+    if (index < 0 || index >= builtInCount)
         return;
-    QFile file(QString::fromLatin1(builtInFiles[static_cast<size_t>(index)]));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The built-in language %d is missing from the program.", index);
-    while (const auto line = allgemein::readLine(file)) {
-        if (const auto pair = allgemein::splitKeyValue(line->text))
-            m_texts.insert(pair->key, QString::fromUtf8(pair->value));
+    const BuiltInLanguage& language = builtInLanguages[static_cast<size_t>(index)];
+    readTexts(language.file, m_texts);
+    readTexts(language.moreFile, m_more);
+    m_builtIn = index;
+    emit changed();
+}
+
+int LanguageTable::builtInFor(const QLocale& locale)
+{
+    for (int index = 0; index < builtInCount; ++index) {
+        if (localeOf(index).language() == locale.language())
+            return index;
     }
+    return English;
+}
+
+QLocale LanguageTable::localeOf(int index)
+{
+    return QLocale(builtInLanguages.at(static_cast<size_t>(index)).language);
+}
+
+bool LanguageTable::set(const QByteArray& key, const QString& text)
+{
+    const auto place = m_texts.find(key);
+    if (place == m_texts.end())
+        return false;
+    *place = text;
+    return true;
+}
+
+QString LanguageTable::text(const QByteArray& key) const
+{
+    const auto place = m_texts.constFind(key);
+    return place != m_texts.constEnd() ? *place : m_more.value(key);
 }
 
 QString LanguageTable::text(const char* key) const
 {
-    return m_texts.value(QByteArray::fromRawData(key, static_cast<qsizetype>(qstrlen(key))));
+    return text(QByteArray::fromRawData(key, static_cast<qsizetype>(qstrlen(key))));
+}
+
+QString LanguageTable::plain(QString caption)
+{
+    caption.remove(u'&');
+    if (caption.endsWith(QLatin1String("...")))
+        caption.chop(3);
+    return caption.trimmed();
 }

@@ -5,36 +5,17 @@
 #include "base/lang.h"
 #include "console/CommandLine.h"
 #include "console/PrintOptions.h"
-#include "results/SearchFile.h"
+#include "results/SearchFileReader.h"
+#include "results/twk.h"
 
 namespace {
-
-/// What is wrong with a file, as one line; empty when nothing is.
-QString errorText(const SearchFile::LoadResult& result, const LanguageTable& language)
-{
-    switch (result.error) {
-    case SearchFile::LoadError::None:
-        return {};
-    case SearchFile::LoadError::CannotOpen:
-        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.systemText;
-    case SearchFile::LoadError::CannotRead:
-        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.systemText;
-    case SearchFile::LoadError::NotASearchFile:
-        return language.text("lang.errWhileOpening") + QLatin1String(": this is not a search file");
-    case SearchFile::LoadError::Truncated:
-        return language.text("lang.errEOF");
-    }
-    return {};
-}
 
 void complainOfSkippedLines(
     const QString& fileName, const QList<SearchFile::SkippedLine>& lines, const LanguageTable& language)
 {
-    constexpr qsizetype longest = 60;
     for (const SearchFile::SkippedLine& line : lines) {
-        complain(QStringLiteral("%1:%2: %3: %4")
-                     .arg(fileName, QString::number(line.number), language.text("lang.invalidAttribut"),
-                         allgemein::fromSystem(line.text).left(longest)));
+        complain(
+            QStringLiteral("%1:%2: %3").arg(fileName, QString::number(line.number), twk::warningText(line, language)));
     }
 }
 
@@ -54,7 +35,7 @@ int runListCommand(const QStringList& arguments)
     StoredSearch search;
     const SearchFile::LoadResult result = SearchFile::load(fileName, search);
     const LanguageTable language;
-    const QString error = errorText(result, language);
+    const QString error = twk::errorText(result, language);
     // A file that is no search file at all is told of once, not once a line.
     if (result.error != SearchFile::LoadError::NotASearchFile)
         complainOfSkippedLines(fileName, result.skipped, language);

@@ -33,6 +33,15 @@ void FundListe::remove(FundKnoten* knoten)
     m_entfernte.emplace_back(knoten);
 }
 
+void FundListe::swap(FundListe& other) noexcept
+{
+    std::swap(m_erster, other.m_erster);
+    std::swap(m_letzter, other.m_letzter);
+    std::swap(m_anzahl, other.m_anzahl);
+    std::swap(m_index, other.m_index);
+    m_entfernte.swap(other.m_entfernte);
+}
+
 void FundListe::Löschen()
 {
     m_index.clear();

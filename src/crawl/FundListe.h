@@ -70,6 +70,8 @@ public:
     void Löschen();
     /// The same as `Löschen`.
     void clear() { Löschen(); }
+    /// Exchanges all items with those of `other`. No node moves.
+    void swap(FundListe& other) noexcept;
 
 private:
     FundKnoten* m_erster = nullptr;

@@ -20,6 +20,7 @@ SearchRun::SearchRun(FundListe& list, RequestExtras& extras, QObject* parent)
     : QObject(parent)
     , m_list(list)
     , m_extras(extras)
+    , m_walk(list)
 {
     for (size_t index = 0; index < connectionCount; ++index) {
         QTimer& timer = m_sock[index].nextSlice;
@@ -44,11 +45,15 @@ void SearchRun::starteSuche(const SearchOptions& options)
 
 void SearchRun::leereSuche()
 {
-    for (Sock& sock : m_sock)
-        drop(sock);
-    m_searching = false;
-    m_walked = nullptr;
+    dropAll();
     m_list.clear();
+    emit cleared();
+}
+
+void SearchRun::openSearch(FundListe& loaded)
+{
+    dropAll();
+    m_list.swap(loaded);
     emit cleared();
 }
 
@@ -72,7 +77,7 @@ void SearchRun::continueSearch(const SearchOptions& options)
     m_options = options;
     m_suchAbbruch = false;
     m_searching = true;
-    m_walked = nullptr;
+    m_walk.restart();
     fuelleVerbindungen();
     pruefeSuchende();
 }
@@ -111,8 +116,7 @@ void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteA
 
 FundKnoten* SearchRun::nextUnfetched()
 {
-    while (FundKnoten* const knoten = m_walked ? m_walked->naechster : m_list.getStart()) {
-        m_walked = knoten;
+    while (FundKnoten* const knoten = m_walk.next()) {
         if (knoten->inhalt.zustand == Zustand::NichtGeholt)
             return knoten;
     }
@@ -219,8 +223,8 @@ void SearchRun::relocate(FundKnoten* knoten, const QByteArray& location)
         item.umleitungen + 1);
     emit refreshed(knoten);
     emit reported(knoten, { FetchEvent::Relocated, location });
-    if (m_walked == knoten)
-        m_walked = knoten->vorheriger;
+    m_walk.removing(knoten);
+    emit removing(knoten);
     m_list.remove(knoten);
 }
 
@@ -265,4 +269,12 @@ void SearchRun::drop(Sock& sock)
     sock.nextSlice.stop();
     sock.analysis.reset();
     sock.verbindungsKnoten = nullptr;
+}
+
+void SearchRun::dropAll()
+{
+    for (Sock& sock : m_sock)
+        drop(sock);
+    m_searching = false;
+    m_walk.restart();
 }

@@ -4,6 +4,7 @@
 #include "crawl/FundListe.h"
 #include "crawl/HtmlAnalysis.h"
 #include "crawl/ItemFetch.h"
+#include "crawl/ListWalk.h"
 #include "crawl/SearchOptions.h"
 
 #include <QObject>
@@ -31,6 +32,8 @@ public:
     void starteSuche(const SearchOptions& options);
     /// Drops what is running and empties the list.
     void leereSuche();
+    /// Drops what is running and puts the items of `loaded` in the place of the list's own, which go to `loaded`.
+    void openSearch(FundListe& loaded);
     /// Closes the connections and starts nothing more, but for the fetches that the closed ones give rise to, one for
     /// each connection at the most. Those end on their own, without `finished`.
     void stopSearch();
@@ -55,13 +58,15 @@ public:
     // A slot of `finished` may start or continue a search. The other signals come in the middle of the run's work:
     // their slots only look.
 signals:
-    /// The list was emptied; no node of it is left.
+    /// All items that were in the list are gone. After `openSearch`, others are there already.
     void cleared();
     void recorded(FundKnoten* knoten);
     /// The answer's fields were set in the item.
     void refreshed(FundKnoten* knoten);
     /// The item's state text changes.
     void reported(FundKnoten* knoten, const FetchReport& report);
+    /// The item, which was relocated, is about to be taken out of the list. Its node lives until `cleared`.
+    void removing(FundKnoten* knoten);
     /// No item is left to fetch and all connections are closed. Views are rebuilt from the list now.
     void finished();
 
@@ -97,14 +102,15 @@ private:
     /// Hands on references until the time of a slice is over; true when the page is finished or the search stopped.
     [[nodiscard]] bool analyseUntilPause(Sock& sock);
     static void drop(Sock& sock);
+    void dropAll();
 
     FundListe& m_list;
     RequestExtras& m_extras;
     SearchOptions m_options;
     std::array<Sock, connectionCount> m_sock;
-    /// The last item that the walk for the next one has passed; nullptr when it starts at the head. Items are taken in
-    /// list order, so whatever a connection has just finished, nothing before this place is left to fetch.
-    FundKnoten* m_walked = nullptr;
+    /// The walk for the next item to fetch. Items are taken in list order, so whatever a connection has just finished,
+    /// nothing before the walk's place is left to fetch.
+    ListWalk m_walk;
     bool m_suchAbbruch = false;
     bool m_searching = false;
     FetchRules m_fetchRules;

@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 
+#include <vector>
+
 /// An entry of a sub-URL list: a URL prefix and the level at which URLs are cut to compare with it.
 struct SubUrl {
     QByteArray text;
@@ -11,6 +13,9 @@ struct SubUrl {
     /// The entry for what somebody typed, or for a stored entry's text. "http://" is put in front when there is no
     /// "://". A bare host stands for all its labels, on any port; a port or a path for the directory.
     [[nodiscard]] static SubUrl fromText(const QByteArray& typed);
+
+    /// The entries that match `url`, from its top-level domain to its directory, but no more than the first 100.
+    [[nodiscard]] static std::vector<SubUrl> levelsOf(const QByteArray& url);
 
     /// Whether `url`, cut to the entry's level, is exactly the entry's text.
     [[nodiscard]] bool matches(const QByteArray& url) const;

@@ -126,6 +126,11 @@ qint32 labelCount(QByteArrayView host)
     return countOccurrences(".", host) + 1;
 }
 
+qint32 levelCount(QByteArrayView url)
+{
+    return labelCount(hostOf(url)) + countOccurrences("/", directoryOf(url));
+}
+
 QByteArray subUrl(QByteArrayView url, qint32 level)
 {
     const QByteArrayView host = hostOf(url);

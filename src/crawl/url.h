@@ -43,6 +43,8 @@ constexpr qsizetype longest = 64 * 1024;
 
 /// How many labels the host has: its dots plus one.
 [[nodiscard]] qint32 labelCount(QByteArrayView host);
+/// The level that keeps the whole directory.
+[[nodiscard]] qint32 levelCount(QByteArrayView url);
 /// The URL cut to a level. A level beyond the last directory keeps the whole directory.
 [[nodiscard]] QByteArray subUrl(QByteArrayView url, qint32 level);
 /// The piece that the level after `level` (0-based) adds: a host label, counted from the right, then the port (with

@@ -3,30 +3,35 @@
 
 #include <algorithm>
 
-namespace {
-
-bool sortsBefore(const MimeListe::Entry& entry, const QByteArray& type)
+size_t MimeListe::placeOf(const QByteArray& type) const
 {
-    return entry.type.compare(type, Qt::CaseInsensitive) < 0;
+    const auto sortsBefore = [](const Entry& entry, const QByteArray& other) {
+        return entry.type.compare(other, Qt::CaseInsensitive) < 0;
+    };
+    return static_cast<size_t>(
+        std::lower_bound(m_entries.begin(), m_entries.end(), type, sortsBefore) - m_entries.begin());
 }
 
-bool isSame(const MimeListe::Entry& entry, const QByteArray& type)
+bool MimeListe::standsAt(size_t place, const QByteArray& type) const
 {
-    return entry.type.compare(type, Qt::CaseInsensitive) == 0;
+    return place < m_entries.size() && m_entries[place].type.compare(type, Qt::CaseInsensitive) == 0;
 }
 
-} // namespace
+bool MimeListe::contains(const QByteArray& type) const
+{
+    return standsAt(placeOf(type), type);
+}
 
 MimeListe::Entry& MimeListe::insert(const QByteArray& type)
 {
-    auto place = std::lower_bound(m_entries.begin(), m_entries.end(), type, sortsBefore);
-    if (place == m_entries.end() || !isSame(*place, type))
-        place = m_entries.insert(place, { type, false });
-    return *place;
+    const size_t place = placeOf(type);
+    if (!standsAt(place, type))
+        m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(place), { type, false });
+    return m_entries[place];
 }
 
 bool MimeListe::isListed(const QByteArray& type) const
 {
-    const auto place = std::lower_bound(m_entries.begin(), m_entries.end(), type, sortsBefore);
-    return place != m_entries.end() && isSame(*place, type) && place->listed;
+    const size_t place = placeOf(type);
+    return standsAt(place, type) && m_entries[place].listed;
 }

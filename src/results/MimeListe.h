@@ -13,12 +13,18 @@ public:
         bool listed = false;
     };
 
+    /// The index of a type's entry, or of the place where it belongs.
+    [[nodiscard]] size_t placeOf(const QByteArray& type) const;
+    [[nodiscard]] bool contains(const QByteArray& type) const;
     /// Adds a type, unless it is in the list; returns its entry.
     Entry& insert(const QByteArray& type);
+    void setListed(size_t index, bool listed) { m_entries[index].listed = listed; }
     /// Whether the type is in the list and marked as listed.
     [[nodiscard]] bool isListed(const QByteArray& type) const;
     [[nodiscard]] const std::vector<Entry>& entries() const { return m_entries; }
 
 private:
+    [[nodiscard]] bool standsAt(size_t place, const QByteArray& type) const;
+
     std::vector<Entry> m_entries;
 };

@@ -31,6 +31,6 @@ bool ResultFilter::shows(const FundStück& item) const
         return std::any_of(filterTexte.begin(), filterTexte.end(),
             [&](const QByteArray& part) { return item.adresse.contains(part); });
     };
-    return depth.admits(item.tiefe) && size.admits(item.groesse) && passes(mimeSwitch, typeListed)
+    return depth.admits(item.tiefe) && size.admits(item.groesse, sizeUnit) && passes(mimeSwitch, typeListed)
         && passes(urlSwitch, partListed) && (!branch || branch->matches(item.adresse));
 }

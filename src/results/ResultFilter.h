@@ -19,14 +19,18 @@ struct FilterRange {
     bool used = false;
     qint64 min = 0;
     qint64 max = 0;
-    [[nodiscard]] bool admits(qint64 value) const { return !used || (min <= value && value <= max); }
+    [[nodiscard]] bool admits(qint64 value, qint64 unit = 1) const
+    {
+        return !used || (min * unit <= value && value <= max * unit);
+    }
 };
 
 /// Which found items are shown. The default shows all.
 struct ResultFilter {
     FilterRange depth;
-    /// In bytes. An unknown size counts as -1.
+    /// In units of `sizeUnit`. An unknown size is -1 byte.
     FilterRange size;
+    qint64 sizeUnit = 1; ///< in bytes
     FilterSwitch mimeSwitch = FilterSwitch::Off;
     MimeListe mimeListe;
     FilterSwitch urlSwitch = FilterSwitch::Off;

@@ -4,14 +4,11 @@
 #include "base/allgemein.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QSaveFile>
 
 #include <utility>
 
 namespace {
-
-constexpr QByteArrayView resultsMark = "Results:";
 
 template <typename Enum> QByteArray number(Enum value)
 {
@@ -52,77 +49,8 @@ QByteArray headerLines(const SearchOptions& options, const RequestPrefs& prefs)
     lines.open(QIODevice::WriteOnly);
     options.speicherOpts(lines);
     twkEinstellungen::writeRequestPrefs(lines, prefs);
-    return lines.data() + resultsMark + allgemein::lineEnd;
+    return lines.data() + SearchFile::resultsMark + allgemein::lineEnd;
 }
-
-/// Neighbouring items mostly have the same type and referrer: they share its bytes.
-void shareEqualTexts(FundStück& item, const FundKnoten* previous)
-{
-    if (!previous)
-        return;
-    if (item.mimeTyp == previous->inhalt.mimeTyp)
-        item.mimeTyp = previous->inhalt.mimeTyp;
-    if (item.sprache == previous->inhalt.sprache)
-        item.sprache = previous->inhalt.sprache;
-    if (item.referer == previous->inhalt.referer)
-        item.referer = previous->inhalt.referer;
-}
-
-/// Reads a file line by line into a search.
-class Loader {
-public:
-    Loader(StoredSearch& search, QList<SearchFile::SkippedLine>& skipped)
-        : m_search(search)
-        , m_skipped(skipped)
-    {
-    }
-
-    void take(const QByteArray& line)
-    {
-        ++m_number;
-        if (m_inResults)
-            takeItem(line);
-        else
-            takeHeaderLine(line);
-    }
-
-    [[nodiscard]] bool knewSomething() const { return m_knewSomething; }
-
-private:
-    void takeHeaderLine(const QByteArray& line)
-    {
-        if (const auto pair = allgemein::splitKeyValue(line)) {
-            if (m_search.options.initOpt(pair->key, pair->value)
-                || twkEinstellungen::readRequestPref(m_search.prefs, pair->key, pair->value))
-                m_knewSomething = true;
-            else
-                skip(SearchFile::SkippedLine::UnknownKey, pair->key);
-        } else if (line == resultsMark) {
-            m_inResults = m_knewSomething = true;
-        } else {
-            skip(SearchFile::SkippedLine::NoKey, line);
-        }
-    }
-
-    void takeItem(const QByteArray& line)
-    {
-        auto item = SearchFile::itemFrom(line);
-        if (!item) {
-            skip(SearchFile::SkippedLine::NoUrl, line);
-            return;
-        }
-        shareEqualTexts(*item, m_search.list.getLetzter());
-        m_search.list.add(std::move(*item));
-    }
-
-    void skip(SearchFile::SkippedLine::Why why, const QByteArray& text) { m_skipped += { m_number, why, text }; }
-
-    StoredSearch& m_search;
-    QList<SearchFile::SkippedLine>& m_skipped;
-    qint64 m_number = 0;
-    bool m_inResults = false;
-    bool m_knewSomething = false;
-};
 
 } // namespace
 
@@ -163,34 +91,4 @@ std::optional<QString> SearchFile::save(
         return file.commit() ? std::nullopt : std::optional(file.errorString());
     file.cancelWriting();
     return QStringLiteral("not all could be written; the disk may be full");
-}
-
-SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)
-{
-    LoadResult result;
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        result.error = LoadError::CannotOpen;
-        result.systemText = file.errorString();
-        return result;
-    }
-    Loader loader(search, result.skipped);
-    bool whole = true;
-    while (whole) {
-        const auto line = allgemein::readLine(file);
-        if (!line)
-            break;
-        whole = line->ended;
-        if (whole)
-            loader.take(line->text);
-    }
-    if (file.error() != QFile::NoError) {
-        result.error = LoadError::CannotRead;
-        result.systemText = file.errorString();
-    } else if (!loader.knewSomething()) {
-        result.error = LoadError::NotASearchFile;
-    } else if (!whole) {
-        result.error = LoadError::Truncated;
-    }
-    return result;
 }

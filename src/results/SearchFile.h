@@ -5,21 +5,16 @@
 #include "crawl/SearchOptions.h"
 #include "requests/RequestPrefs.h"
 
-#include <QList>
 #include <QString>
 
 #include <optional>
 
-/// A search with everything that a search file keeps of it.
-struct StoredSearch {
-    SearchOptions options;
-    RequestPrefs prefs;
-    FundListe list;
-};
-
 /// Search files (`*.twk`): lines of search options, lines of request preferences, the line "Results:", and a line for
 /// each found item in the order of the list.
 namespace SearchFile {
+
+/// The line between the options and the items.
+constexpr QByteArrayView resultsMark = "Results:";
 
 /// The nine fields of an item, joined by TAB: URL, MIME type, size, depth, processing state, HTTP status, reference
 /// type number, language, referring URL. A byte that would break the line is percent-encoded.
@@ -30,34 +25,5 @@ namespace SearchFile {
 /// Replaces the file as a whole. Returns the system's error text on failure, which leaves an old file untouched.
 [[nodiscard]] std::optional<QString> save(
     const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list);
-
-/// A line that was passed over.
-struct SkippedLine {
-    enum Why {
-        NoKey, ///< neither a key nor "Results:"
-        UnknownKey, ///< `text` is the key
-        NoUrl, ///< an item line without a URL
-    };
-    qint64 number = 0; ///< from 1
-    Why why = NoKey;
-    QByteArray text;
-};
-
-enum class LoadError {
-    None,
-    CannotOpen,
-    CannotRead,
-    NotASearchFile, ///< not one line of it is known
-    Truncated, ///< its last line breaks off; whatever stands before was loaded
-};
-
-struct LoadResult {
-    LoadError error = LoadError::None;
-    QString systemText; ///< what the system says of `CannotOpen` and `CannotRead`
-    QList<SkippedLine> skipped;
-};
-
-/// Loads a file into `search`, which must be new.
-[[nodiscard]] LoadResult load(const QString& fileName, StoredSearch& search);
 
 } // namespace SearchFile

@@ -23,6 +23,29 @@ QString twk::referenceTypeName(ReferenzTyp typ)
     return {};
 }
 
+QString twk::errorText(const SearchFile::LoadResult& result, const LanguageTable& language)
+{
+    switch (result.error) {
+    case SearchFile::LoadError::None:
+        return {};
+    case SearchFile::LoadError::CannotOpen:
+        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.systemText;
+    case SearchFile::LoadError::CannotRead:
+        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.systemText;
+    case SearchFile::LoadError::NotASearchFile:
+        return language.text("lang.errWhileOpening") + QLatin1String(": ") + language.text("more.notASearchFile");
+    case SearchFile::LoadError::Truncated:
+        return language.text("lang.errEOF");
+    }
+    return {};
+}
+
+QString twk::warningText(const SearchFile::SkippedLine& line, const LanguageTable& language)
+{
+    constexpr qsizetype longest = 60;
+    return language.text("lang.invalidAttribut") + QLatin1String(": ") + allgemein::fromSystem(line.text).left(longest);
+}
+
 QString twk::stateText(const FetchReport& report, const LanguageTable& language)
 {
     const auto withDetail = [&](const char* key) -> QString {

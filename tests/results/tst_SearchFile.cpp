@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/SearchFile.h"
+#include "results/SearchFileReader.h"
 #include "support/Text.h"
 
 #include <QDir>

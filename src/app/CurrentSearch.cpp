@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CurrentSearch.h"
+
+#include "app/SearchOpening.h"
+#include "app/Session.h"
+#include "results/SearchFile.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+/// Whether a file gave a search that can be shown.
+bool isUsable(SearchFile::LoadError error)
+{
+    switch (error) {
+    case SearchFile::LoadError::None:
+    case SearchFile::LoadError::Truncated:
+        return true;
+    case SearchFile::LoadError::CannotOpen:
+    case SearchFile::LoadError::CannotRead:
+    case SearchFile::LoadError::NotASearchFile:
+        return false;
+    }
+    return false;
+}
+
+} // namespace
+
+CurrentSearch::CurrentSearch(Session& session)
+    : m_session(session)
+{
+    connect(&session.search, &SearchRun::finished, this, [this] { enter(SearchState::Finished); });
+}
+
+void CurrentSearch::start()
+{
+    delete std::exchange(m_opening, nullptr);
+    m_fileName.clear();
+    m_status.startUrl = m_session.searchOptions.startUrl;
+    m_status.depthLimit = m_session.searchOptions.tiefe;
+    enter(SearchState::Searching);
+    m_session.search.starteSuche(m_session.searchOptions);
+}
+
+void CurrentSearch::stop()
+{
+    m_session.search.stopSearch();
+    enter(SearchState::Stopped);
+}
+
+void CurrentSearch::continueSearch()
+{
+    m_status.depthLimit = m_session.searchOptions.tiefe;
+    enter(SearchState::Searching);
+    m_session.search.continueSearch(m_session.searchOptions);
+}
+
+void CurrentSearch::open(const QString& fileName)
+{
+    // A file names its sub-URLs and languages in full, and the follow mode unless it is the first.
+    SearchOptions options = m_session.searchOptions;
+    options.quellUrl.clear();
+    options.followSub = FollowMode::All;
+    options.unterpfade.clear();
+    RequestPrefs prefs = m_session.requestPrefs;
+    prefs.sprachAuswahl.clear();
+
+    delete m_opening;
+    m_opening = new SearchOpening(fileName, options, prefs, this);
+    connect(m_opening, &SearchOpening::ended, this, &CurrentSearch::takeOpened);
+}
+
+void CurrentSearch::takeOpened()
+{
+    // Told by one of its signals, so it cannot go at once.
+    SearchOpening* const opening = std::exchange(m_opening, nullptr);
+    opening->deleteLater();
+    StoredSearch& search = opening->search();
+    if (isUsable(opening->result().error)) {
+        m_session.searchOptions = search.options;
+        m_session.requestPrefs = search.prefs;
+        m_fileName = opening->fileName();
+        m_status.startUrl = search.options.startUrl;
+        m_status.depthLimit = search.options.tiefe;
+        m_session.search.openSearch(search.list);
+        enter(SearchState::Loaded);
+    }
+    emit opened(opening->fileName(), opening->result(), search.mimeTypes);
+}
+
+std::optional<QString> CurrentSearch::save(const QString& fileName)
+{
+    auto error = SearchFile::save(fileName, m_session.searchOptions, m_session.requestPrefs, m_session.foundItems);
+    if (!error) {
+        m_fileName = fileName;
+        emit changed();
+    }
+    return error;
+}
+
+SearchStatus CurrentSearch::status() const
+{
+    SearchStatus status = m_status;
+    status.found = m_session.foundItems.getAnzahl();
+    return status;
+}
+
+void CurrentSearch::enter(SearchState state)
+{
+    m_status.state = state;
+    emit changed();
+}

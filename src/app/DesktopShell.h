@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Shell.h"
+
+/// The desktop on which the program runs.
+class DesktopShell final : public Shell {
+public:
+    bool openFile(const QString& path) override;
+    bool openUrl(const QUrl& url) override;
+    void addRecentDocument(const QString& path) override;
+};

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/LanguageChoice.h"
+
+#include "base/LanguageFile.h"
+#include "base/Messages.h"
+#include "base/allgemein.h"
+
+LanguageChoice::LanguageChoice(LanguageTable& table, Messages& messages)
+    : m_table(table)
+    , m_messages(messages)
+    , m_index(table.builtIn())
+{
+}
+
+LanguageChoice::~LanguageChoice() = default;
+
+void LanguageChoice::selectBuiltIn(int index)
+{
+    if (index < 0 || index >= LanguageTable::builtInCount)
+        return;
+    m_reading.reset();
+    m_index = index;
+    m_fileName.clear();
+    m_table.selectBuiltIn(index);
+}
+
+void LanguageChoice::load(const QString& fileName)
+{
+    m_index = file;
+    m_fileName = fileName;
+    m_reading = std::make_unique<LanguageFile>(fileName, m_table);
+    readOn();
+}
+
+// What it says is not in the table, since the table is what may be wrong.
+void LanguageChoice::readOn()
+{
+    const QString title = QStringLiteral("Parsing Error");
+    switch (m_reading->read()) {
+    case LanguageFile::Step::End:
+        m_reading.reset();
+        break;
+    case LanguageFile::Step::Failed:
+        m_reading.reset();
+        m_messages.tell({ Messages::Sign::Warning, title, QStringLiteral("Error while loading language file") });
+        break;
+    case LanguageFile::Step::UnknownKey:
+        m_messages.ask({ Messages::Sign::Warning, title,
+                           QStringLiteral("Not a valid l-Value for Translation: %1\nContinue loading Language-file?")
+                               .arg(allgemein::fromSystem(m_reading->key())) },
+            [this, asked = m_reading.get()](bool goOn) {
+                // Another language may have been chosen meanwhile.
+                if (asked != m_reading.get())
+                    return;
+                if (goOn)
+                    readOn();
+                else
+                    m_reading.reset();
+            });
+        break;
+    }
+}

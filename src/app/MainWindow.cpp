@@ -1,0 +1,379 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+
+#include "app/About.h"
+#include "app/Session.h"
+#include "app/StatusPanels.h"
+#include "app/WindowLayout.h"
+#include "base/Captions.h"
+#include "base/FileDialogs.h"
+#include "base/Messages.h"
+#include "base/Shell.h"
+#include "base/allgemein.h"
+#include "crawl/dialog_getSearch.h"
+#include "results/FilterPane.h"
+#include "results/FoundsView.h"
+#include "results/HostTreeView.h"
+#include "results/twk.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+#include <QSplitter>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+
+/// The one file that is dragged; empty for anything else.
+QString draggedFile(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+} // namespace
+
+MainWindow::MainWindow(Session& session, const Seams& seams)
+    : m_session(session)
+    , m_seams(seams)
+    , m_search(session)
+    , m_language(session.language, seams.messages)
+    , m_menus(*this)
+    , m_founds(session.foundItems, session.filter, session.language, nullptr)
+    , m_hosts(session.foundItems, nullptr)
+    , m_baum(new HostTreeView(m_hosts, this))
+    , m_list(new FoundsView(m_founds, session.language, this))
+    , m_filter(new FilterPane(session.filter, this))
+    , m_status(new StatusPanels(this))
+    , m_splitter(new QSplitter(this))
+    , m_newSearch(new dialog_getSearch(session.searchOptions, session.language, seams.messages, seams.urlPicker, this))
+    , m_rowCommands(m_founds, *m_list)
+{
+    setObjectName(QStringLiteral("main"));
+    setAcceptDrops(true);
+    layOut();
+    wireSearch();
+    wireViews();
+    wireSearchMenu();
+    wireEditMenu();
+    wireViewMenu();
+    wireOtherMenus();
+    applyCaptions();
+}
+
+MainWindow::~MainWindow()
+{
+    // What is still running must not tell of itself to what is going.
+    m_session.search.disconnect(this);
+}
+
+void MainWindow::layOut()
+{
+    m_baum->setObjectName(QStringLiteral("baum"));
+    m_list->setObjectName(QStringLiteral("l_founds"));
+    m_splitter->addWidget(m_baum);
+    m_splitter->addWidget(m_list);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setChildrenCollapsible(false);
+    const int line = fontMetrics().height();
+    m_splitter->setSizes({ 14 * line, 46 * line });
+
+    auto* const area = new QWidget(this);
+    auto* const rows = new QVBoxLayout(area);
+    rows->addWidget(m_splitter, 1);
+    rows->addWidget(m_filter);
+    setCentralWidget(area);
+    setStatusBar(m_status);
+    resize(62 * line, 40 * line);
+    m_list->setFocus();
+}
+
+void MainWindow::wireSearch()
+{
+    SearchRun& run = m_session.search;
+    connect(&run, &SearchRun::recorded, this, [this](FundKnoten* knoten) {
+        m_founds.offer(knoten);
+        m_hosts.add(knoten->inhalt);
+        m_statusUpdate.start();
+    });
+    connect(&run, &SearchRun::refreshed, this, [this](FundKnoten* knoten) {
+        m_founds.refresh(knoten);
+        m_filter->mimeTypes().meet(knoten->inhalt.mimeTyp);
+    });
+    connect(&run, &SearchRun::reported, &m_founds, &FoundModel::report);
+    connect(&run, &SearchRun::removing, this, [this](FundKnoten* knoten) {
+        m_founds.removing(knoten);
+        m_hosts.removing(knoten);
+        m_statusUpdate.start();
+    });
+    connect(&run, &SearchRun::cleared, this, &MainWindow::forgetViews);
+    connect(&run, &SearchRun::finished, this, &MainWindow::rebuildViews);
+    connect(&m_search, &CurrentSearch::changed, this, &MainWindow::updateStatus);
+    connect(&m_search, &CurrentSearch::opened, this, &MainWindow::takeLoaded);
+    connect(m_newSearch, &dialog_getSearch::confirmed, this, &MainWindow::startSearch);
+}
+
+void MainWindow::wireViews()
+{
+    m_statusUpdate.setSingleShot(true);
+    connect(&m_statusUpdate, &QTimer::timeout, this, &MainWindow::updateStatus);
+    connect(&m_founds, &FoundModel::countChanged, this, [this] { m_statusUpdate.start(); });
+    connect(m_baum, &HostTreeView::branchChosen, this, [this](const SubUrl& branch) {
+        // The root stands for everything, whatever its protocol.
+        m_session.filter.branch = branch.level > 0 ? std::optional(branch) : std::nullopt;
+        filterChanged();
+    });
+    connect(m_filter, &FilterPane::filterChanged, this, &MainWindow::filterChanged);
+    connect(m_filter, &FilterPane::applyClicked, &m_founds, &FoundModel::rebuild);
+    connect(m_filter, &FilterPane::closeClicked, this, [this] { m_menus.m_showFilter->setChecked(false); });
+    m_list->setCommands(m_menus.m_edit->actions());
+}
+
+void MainWindow::wireSearchMenu()
+{
+    connect(m_menus.m_searchNew, &QAction::triggered, this, [this] {
+        m_newSearch->showOptions();
+        m_newSearch->open();
+    });
+    connect(m_menus.m_searchContinue, &QAction::triggered, &m_search, &CurrentSearch::continueSearch);
+    connect(m_menus.m_searchStop, &QAction::triggered, &m_search, &CurrentSearch::stop);
+    connect(m_menus.m_searchOpen, &QAction::triggered, this, &MainWindow::askForSearchFile);
+    connect(m_menus.m_searchSave, &QAction::triggered, this, [this] { save(m_search.fileName()); });
+    connect(m_menus.m_searchSaveAs, &QAction::triggered, this, &MainWindow::saveAs);
+    connect(m_menus.m_quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::wireEditMenu()
+{
+    const auto command = [this](QAction* action, auto run) {
+        connect(action, &QAction::triggered, this, [this, run] { run(m_rowCommands); });
+    };
+    command(m_menus.m_selectedToClipboard, [](const RowCommands& rows) { rows.copy(false); });
+    command(m_menus.m_markedToClipboard, [](const RowCommands& rows) { rows.copy(true); });
+    command(m_menus.m_selectedMark, [](const RowCommands& rows) { rows.setMarked(true); });
+    command(m_menus.m_selectedDemark, [](const RowCommands& rows) { rows.setMarked(false); });
+    command(m_menus.m_selectAll, [](const RowCommands& rows) { rows.selectAll(); });
+    command(m_menus.m_selectedInvert, [](const RowCommands& rows) { rows.invertSelection(); });
+    command(m_menus.m_markedSelect, [](const RowCommands& rows) { rows.selectMarked(); });
+}
+
+void MainWindow::wireViewMenu()
+{
+    connect(m_menus.m_showFilter, &QAction::toggled, m_filter, &QWidget::setVisible);
+    connect(m_menus.m_showTree, &QAction::toggled, m_baum, &QWidget::setVisible);
+    connect(m_menus.listModes, &QActionGroup::triggered, this,
+        [this](const QAction* mode) { m_list->setMode(static_cast<FoundsMode>(mode->data().toInt())); });
+    connect(m_menus.units, &QActionGroup::triggered, this, [this](const QAction* unit) { chooseUnit(*unit); });
+    chooseUnit(*m_menus.units->checkedAction());
+    connect(m_menus.languages, &QActionGroup::triggered, this,
+        [this](const QAction* language) { m_language.selectBuiltIn(language->data().toInt()); });
+    connect(m_menus.m_externLang, &QAction::triggered, this, &MainWindow::askForLanguageFile);
+    connect(&m_session.language, &LanguageTable::changed, this, &MainWindow::applyCaptions);
+}
+
+void MainWindow::wireOtherMenus()
+{
+    connect(
+        m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) { m_session.search.setFollowRelocation(on); });
+    connect(m_menus.m_goHelpfile, &QAction::triggered, this, &MainWindow::showHelp);
+    connect(m_menus.m_about, &QAction::triggered, this, &MainWindow::showAbout);
+    const auto page = [this](QAction* action, const QUrl& url) {
+        action->setEnabled(!url.isEmpty());
+        connect(action, &QAction::triggered, this, [this, url] { m_seams.shell.openUrl(url); });
+    };
+    page(m_menus.m_goWebsite, about::website());
+    page(m_menus.m_goUpdates, about::updates());
+}
+
+void MainWindow::applyCaptions()
+{
+    captions::apply(*this, m_session.language);
+    for (QAction* const action : m_menus.languages->actions())
+        action->setChecked(action->data().toInt() == m_language.index());
+    m_list->setAccessibleName(text("more.results"));
+    updateStatus();
+}
+
+void MainWindow::startSearch()
+{
+    m_session.filter.branch.reset();
+    m_search.start();
+    m_baum->expandHostOf(m_session.searchOptions.startUrl);
+}
+
+void MainWindow::open(const QString& fileName)
+{
+    m_search.open(QFileInfo(fileName).absoluteFilePath());
+}
+
+void MainWindow::takeLoaded(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes)
+{
+    const QString error = twk::errorText(result, m_session.language);
+    if (!error.isEmpty())
+        complain("lang.errTitle", QDir::toNativeSeparators(fileName) + u'\n' + error);
+    if (m_search.fileName() != fileName || m_search.status().state != SearchState::Loaded)
+        return;
+    warnOfSkippedLines(result.skipped);
+    m_seams.shell.addRecentDocument(fileName);
+    m_session.filter.branch.reset();
+    for (const MimeListe::Entry& entry : mimeTypes.entries())
+        m_filter->mimeTypes().meet(entry.type);
+    m_newSearch->showOptions();
+    m_baum->expandHostOf(m_session.searchOptions.startUrl);
+    rebuildViews();
+}
+
+void MainWindow::warnOfSkippedLines(const QList<SearchFile::SkippedLine>& lines)
+{
+    constexpr qsizetype most = 10;
+    if (lines.isEmpty())
+        return;
+    QStringList warnings;
+    for (const SearchFile::SkippedLine& line : lines.first(qMin(most, lines.size())))
+        warnings += twk::warningText(line, m_session.language);
+    if (lines.size() > most)
+        warnings += text("more.andMore").arg(lines.size() - most);
+    complain("lang.note", warnings.join(u'\n'));
+}
+
+void MainWindow::askForSearchFile()
+{
+    const FileDialogs::Request request { LanguageTable::plain(text("main.m_searchOpen")),
+        { { text("lang.filetype_twk"), QStringLiteral("*.twk") }, { text("lang.filetype_all"), QStringLiteral("*") } },
+        {}, {} };
+    m_seams.fileDialogs.open(request, [this](const QString& path) { open(path); });
+}
+
+void MainWindow::askForLanguageFile()
+{
+    const FileDialogs::Request request { LanguageTable::plain(text("main.m_externLang")),
+        { { text("lang.filetype_lng"), QStringLiteral("*.lng") } }, {}, {} };
+    m_seams.fileDialogs.open(request, [this](const QString& path) { m_language.load(path); });
+}
+
+void MainWindow::save(const QString& fileName)
+{
+    if (fileName.isEmpty())
+        saveAs();
+    else if (const auto error = m_search.save(fileName))
+        complain("lang.errWhileSavingFile", QDir::toNativeSeparators(fileName) + u'\n' + *error);
+}
+
+void MainWindow::saveAs()
+{
+    const FileDialogs::Request request { LanguageTable::plain(text("main.m_searchSaveAs")),
+        { { text("lang.filetype_twk"), QStringLiteral("*.twk") }, { text("lang.filetype_all"), QStringLiteral("*") } },
+        m_search.fileName(), QStringLiteral("twk") };
+    m_seams.fileDialogs.save(request, [this](const QString& path) { save(path); });
+}
+
+void MainWindow::filterChanged()
+{
+    if (m_menus.m_filterAutoApply->isChecked())
+        m_founds.rebuild();
+}
+
+void MainWindow::rebuildViews()
+{
+    m_founds.rebuild();
+    m_hosts.rebuild();
+}
+
+void MainWindow::forgetViews()
+{
+    m_founds.clear();
+    m_hosts.clear();
+}
+
+void MainWindow::chooseUnit(const QAction& unit)
+{
+    m_filter->setSizeUnit(unit.data().toLongLong(), unit.text());
+    filterChanged();
+}
+
+void MainWindow::showHelp()
+{
+    if (!m_seams.shell.openFile(about::helpFile(text("lang.helpfile"))))
+        complain("lang.errTitle", text("lang.errHelp"));
+}
+
+void MainWindow::showAbout()
+{
+    m_seams.messages.tell(
+        { Messages::Sign::Information, LanguageTable::plain(text("main.m_about")), about::text(m_session.language) });
+}
+
+void MainWindow::complain(const char* titleKey, const QString& message)
+{
+    m_seams.messages.tell({ Messages::Sign::Warning, text(titleKey), message });
+}
+
+void MainWindow::updateStatus()
+{
+    const SearchStatus status = m_search.status();
+    m_status->show(status, m_founds.rowCount(), m_session.language);
+    m_filter->setShownCount(m_founds.rowCount());
+    m_list->setEmptyText(emptyText(status));
+    m_menus.m_searchNew->setEnabled(status.canStart());
+    m_menus.m_searchContinue->setEnabled(status.canContinue());
+    m_menus.m_searchStop->setEnabled(status.canStop());
+    m_menus.m_searchOpen->setEnabled(status.canStart());
+    updateTitle();
+}
+
+void MainWindow::updateTitle()
+{
+    const QString program = QApplication::applicationDisplayName();
+    const QString file = QFileInfo(m_search.fileName()).fileName();
+    setWindowTitle(file.isEmpty() ? program : file + QStringLiteral(" – ") + program);
+}
+
+QString MainWindow::emptyText(const SearchStatus& status) const
+{
+    if (status.state == SearchState::None)
+        return text("lang.search_noSearch") + u'\n' + text("more.hintNew");
+    return status.found > 0 ? text("more.allFiltered") : QString();
+}
+
+QString MainWindow::text(const char* key) const
+{
+    return m_session.language.text(key);
+}
+
+void MainWindow::restoreLayout()
+{
+    const WindowLayout layout = WindowLayout::load();
+    restoreGeometry(layout.geometry);
+    m_splitter->restoreState(layout.splitter);
+    m_list->restoreColumns(layout.columns);
+}
+
+void MainWindow::saveLayout() const
+{
+    WindowLayout { saveGeometry(), m_splitter->saveState(), m_list->columnState() }.save();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    saveLayout();
+    m_session.search.stopSearch();
+    event->accept();
+    QApplication::closeAllWindows();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (m_search.status().canStart() && !draggedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    open(draggedFile(event->mimeData()));
+    event->acceptProposedAction();
+}

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/CurrentSearch.h"
+#include "app/LanguageChoice.h"
+#include "app/MainMenus.h"
+#include "app/Seams.h"
+#include "results/FoundModel.h"
+#include "results/HostTree.h"
+#include "results/RowCommands.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+class FilterPane;
+class FoundsView;
+class HostTreeView;
+class QSplitter;
+class Session;
+class StatusPanels;
+class dialog_getSearch;
+
+/// The main window: the results as list and tree, the filter, the menus and the status bar, wired to the search.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Both, and what the seams refer to, must outlive the window.
+    MainWindow(Session& session, const Seams& seams);
+    ~MainWindow() override;
+
+    /// Opens a search file, as the user's command does.
+    void open(const QString& fileName);
+    /// Puts the window and its columns where they were when the program last ended.
+    void restoreLayout();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void layOut();
+    void wireSearch();
+    void wireViews();
+    void wireSearchMenu();
+    void wireEditMenu();
+    void wireViewMenu();
+    void wireOtherMenus();
+    void applyCaptions();
+
+    void startSearch();
+    void takeLoaded(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
+    void warnOfSkippedLines(const QList<SearchFile::SkippedLine>& lines);
+    void askForSearchFile();
+    void askForLanguageFile();
+    void save(const QString& fileName);
+    void saveAs();
+    void saveLayout() const;
+    void filterChanged();
+    void rebuildViews();
+    void forgetViews();
+    void chooseUnit(const QAction& unit);
+    void showHelp();
+    void showAbout();
+    void complain(const char* titleKey, const QString& text);
+    void updateStatus();
+    void updateTitle();
+    [[nodiscard]] QString emptyText(const SearchStatus& status) const;
+    [[nodiscard]] QString text(const char* key) const;
+
+    Session& m_session;
+    Seams m_seams;
+    CurrentSearch m_search;
+    LanguageChoice m_language;
+    MainMenus m_menus;
+    FoundModel m_founds;
+    HostTree m_hosts;
+    HostTreeView* m_baum;
+    FoundsView* m_list;
+    FilterPane* m_filter;
+    StatusPanels* m_status;
+    QSplitter* m_splitter;
+    dialog_getSearch* m_newSearch;
+    RowCommands m_rowCommands;
+    QTimer m_statusUpdate;
+};

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Messages.h"
+
+#include <QMessageBox>
+#include <QQueue>
+
+/// Message boxes on the screen, one after the other, over the window in which the user is.
+class MessageBoxes final : public QObject, public Messages {
+    Q_OBJECT
+
+public:
+    using Messages::tell;
+    void tell(const Box& box, std::function<void()> closed) override;
+    void ask(const Box& box, std::function<void(bool yes)> answered) override;
+
+private:
+    struct Waiting {
+        Box box;
+        QMessageBox::StandardButtons buttons;
+        std::function<void(bool yes)> answered;
+    };
+
+    void enqueue(Waiting waiting);
+    void showNext();
+
+    QQueue<Waiting> m_waiting;
+    bool m_isShowing = false;
+};

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+
+class LanguageTable;
+
+/// How far the search has come.
+enum class SearchState {
+    None, ///< nothing was searched or opened yet
+    Searching,
+    Stopped,
+    Finished,
+    Loaded, ///< opened from a search file
+};
+
+/// The search as status bar and menus tell of it.
+struct SearchStatus {
+    SearchState state = SearchState::None;
+    QByteArray startUrl;
+    qint32 depthLimit = 0;
+    qint32 found = 0; ///< how many items the search has
+
+    [[nodiscard]] bool canStart() const { return state != SearchState::Searching; }
+    [[nodiscard]] bool canStop() const { return state == SearchState::Searching; }
+    /// A finished search has nothing left to continue with.
+    [[nodiscard]] bool canContinue() const { return state == SearchState::Stopped || state == SearchState::Loaded; }
+
+    /// The texts of the status bar's panels: state, start URL, depth limit, found URLs, analysed URLs. The last has
+    /// no counter behind it.
+    [[nodiscard]] std::array<QString, 5> panels(const LanguageTable& language) const;
+};

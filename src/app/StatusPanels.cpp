@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/StatusPanels.h"
+
+#include "app/SearchStatus.h"
+#include "base/lang.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace {
+
+/// A label that takes what room there is and shows of a long text what fits.
+class Panel final : public QLabel {
+public:
+    Panel(const QString& name, QWidget* parent)
+        : QLabel(parent)
+    {
+        setObjectName(name);
+        setTextFormat(Qt::PlainText);
+        setMinimumWidth(fontMetrics().averageCharWidth() * 8);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        style()->drawItemText(
+            &painter, contentsRect(), Qt::AlignVCenter, palette(), isEnabled(), shown, foregroundRole());
+    }
+};
+
+/// How the panels share the room; the start URL needs the most.
+constexpr std::array<int, 6> stretches { 3, 6, 2, 3, 4, 3 };
+
+} // namespace
+
+StatusPanels::StatusPanels(QWidget* parent)
+    : QStatusBar(parent)
+    , m_busy(new QProgressBar(this))
+{
+    setObjectName(QStringLiteral("statusBar"));
+    for (size_t panel = 0; panel < m_panels.size(); ++panel) {
+        m_panels[panel] = new Panel(QStringLiteral("panel_%1").arg(panel + 1), this);
+        addWidget(m_panels[panel], stretches[panel]);
+    }
+    m_busy->setObjectName(QStringLiteral("busy"));
+    m_busy->setRange(0, 0);
+    m_busy->setTextVisible(false);
+    m_busy->setMaximumSize(fontMetrics().averageCharWidth() * 12, fontMetrics().height());
+    m_busy->hide();
+    addPermanentWidget(m_busy);
+}
+
+void StatusPanels::show(const SearchStatus& status, int shownRows, const LanguageTable& language)
+{
+    QString shown = language.text("main.lbl_nFiltered").remove(u':').trimmed();
+    shown += QLatin1String(": ") + QString::number(shownRows);
+    const auto texts = status.panels(language);
+    for (size_t panel = 0; panel < m_panels.size(); ++panel)
+        m_panels[panel]->setText(panel < shownPanel ? texts[panel] : shown);
+    m_panels[1]->setToolTip(texts[1]);
+    m_busy->setVisible(status.state == SearchState::Searching);
+    m_busy->setAccessibleName(language.text("lang.search_searching"));
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Captions.h"
+
+#include "base/lang.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QRegularExpression>
+
+namespace {
+
+void setCaption(QObject& control, const QString& caption)
+{
+    if (auto* const action = qobject_cast<QAction*>(&control))
+        action->setText(caption);
+    else if (auto* const menu = qobject_cast<QMenu*>(&control))
+        menu->setTitle(caption);
+    else if (auto* const button = qobject_cast<QAbstractButton*>(&control))
+        button->setText(caption);
+    else if (auto* const label = qobject_cast<QLabel*>(&control))
+        label->setText(caption);
+    else if (auto* const frame = qobject_cast<QGroupBox*>(&control))
+        frame->setTitle(caption);
+}
+
+/// Labels show the text of their additional key; other controls, which have a sign or nothing for a caption, explain
+/// themselves by it.
+void setAddition(QObject& control, const QString& text)
+{
+    if (qobject_cast<QLabel*>(&control) || qobject_cast<QAction*>(&control) || qobject_cast<QMenu*>(&control)) {
+        setCaption(control, text);
+    } else if (auto* const widget = qobject_cast<QWidget*>(&control)) {
+        widget->setToolTip(text);
+        widget->setAccessibleName(text);
+    }
+}
+
+/// Whether it is a window of its own, with captions of its own.
+bool isOtherWindow(const QObject* object)
+{
+    const auto* const widget = qobject_cast<const QWidget*>(object);
+    return widget && widget->isWindow() && !qobject_cast<const QMenu*>(object);
+}
+
+} // namespace
+
+void captions::nameArrays(QObject& window)
+{
+    static const QRegularExpression index(QStringLiteral("_([0-9]+)$"));
+    for (QObject* const control : window.findChildren<QObject*>())
+        control->setObjectName(control->objectName().replace(index, QStringLiteral("(\\1)")));
+}
+
+void captions::apply(QWidget& window, const LanguageTable& language)
+{
+    if (const QByteArray key = window.objectName().toUtf8(); language.contains(key))
+        window.setWindowTitle(language.text(key));
+    apply(window, window.objectName(), language);
+}
+
+void captions::apply(QObject& part, const QString& windowName, const LanguageTable& language)
+{
+    const QByteArray key = QString(windowName + u'.' + part.objectName()).toUtf8();
+    if (language.contains(key))
+        setCaption(part, language.text(key));
+    if (const QString addition = language.text("more." + key); !addition.isEmpty())
+        setAddition(part, addition);
+    for (QObject* const child : part.children()) {
+        if (!isOtherWindow(child))
+            apply(*child, windowName, language);
+    }
+}

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+/// The dialogs in which a user names a file. Nothing waits for them: `chosen` is called with the full path when one was
+/// named, and never when the dialog was cancelled.
+class FileDialogs {
+public:
+    struct FileType {
+        QString label;
+        QString pattern; ///< such as "*.twk"
+    };
+
+    struct Request {
+        QString title;
+        QList<FileType> types;
+        QString proposal; ///< the file name to begin with; may be empty
+        QString defaultSuffix; ///< added to a name without one when saving; no dot
+    };
+
+    virtual ~FileDialogs() = default;
+
+    virtual void open(const Request& request, std::function<void(const QString& path)> chosen) = 0;
+    virtual void save(const Request& request, std::function<void(const QString& path)> chosen) = 0;
+};

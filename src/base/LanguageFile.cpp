@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/LanguageFile.h"
+
+#include "base/allgemein.h"
+
+namespace {
+
+constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
+
+} // namespace
+
+LanguageFile::LanguageFile(const QString& fileName, LanguageTable& table)
+    : m_file(fileName)
+    , m_table(table)
+{
+    if (!m_file.open(QIODevice::ReadOnly))
+        return;
+    m_isUtf8 = m_file.peek(utf8Mark.size()) == utf8Mark;
+    if (m_isUtf8)
+        m_file.skip(utf8Mark.size());
+}
+
+LanguageFile::Step LanguageFile::read()
+{
+    if (!m_file.isOpen())
+        return Step::Failed;
+    const Step step = readLines();
+    emit m_table.changed();
+    return step;
+}
+
+LanguageFile::Step LanguageFile::readLines()
+{
+    while (const auto line = allgemein::readLine(m_file)) {
+        if (!takeLine(line->text))
+            return Step::UnknownKey;
+    }
+    return m_file.error() == QFile::NoError ? Step::End : Step::Failed;
+}
+
+bool LanguageFile::takeLine(const QByteArray& line)
+{
+    const auto pair = allgemein::splitKeyValue(line);
+    if (!pair || pair->key.startsWith("//"))
+        return true;
+    m_key = pair->key;
+    return m_table.set(m_key, m_isUtf8 ? QString::fromUtf8(pair->value) : allgemein::fromSystem(pair->value));
+}

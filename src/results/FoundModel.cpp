@@ -1,0 +1,363 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/FoundModel.h"
+
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "crawl/url.h"
+#include "results/ResultFilter.h"
+#include "results/twk.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// How long a rebuild runs before other events get their turn.
+constexpr int sliceMilliseconds = 8;
+/// How many items are tested between two looks at the clock.
+constexpr int itemsPerLook = 64;
+/// Views follow this many separate changes, and keep selection and place; beyond it they start anew.
+constexpr size_t mostChanges = 64;
+
+bool isNumber(int column)
+{
+    return column == FoundModel::Size || column == FoundModel::Depth || column == FoundModel::Status;
+}
+
+QByteArray headerKey(int column)
+{
+    return "main.l_founds.ColumnHeaders(" + QByteArray::number(column + 1) + ')';
+}
+
+} // namespace
+
+FoundModel::FoundModel(
+    const FundListe& list, const ResultFilter& filter, const LanguageTable& language, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_filter(filter)
+    , m_language(language)
+    , m_walk(list)
+    , m_fileIcon(QApplication::style()->standardIcon(QStyle::SP_FileIcon))
+    , m_folderIcon(QApplication::style()->standardIcon(QStyle::SP_DirIcon))
+{
+    m_tellViews.setSingleShot(true);
+    connect(&m_tellViews, &QTimer::timeout, this, &FoundModel::tellViews);
+    connect(&m_rebuildSlice, &QTimer::timeout, this, &FoundModel::rebuildSlice);
+    connect(&language, &LanguageTable::changed, this, [this] {
+        emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+        showRows(0, m_told);
+    });
+}
+
+void FoundModel::offer(FundKnoten* knoten)
+{
+    // A rebuild comes to it.
+    if (m_rebuildSlice.isActive() || !m_filter.shows(knoten->inhalt))
+        return;
+    m_rows.push_back({ knoten, false });
+    knoten->inhalt.listIndex = static_cast<qint32>(m_rows.size());
+    tellViewsSoon();
+}
+
+void FoundModel::refresh(FundKnoten* knoten)
+{
+    if (const auto row = rowOf(knoten)) {
+        m_stateTexts.remove(knoten);
+        showRows(*row, 1);
+    }
+}
+
+void FoundModel::report(FundKnoten* knoten, const FetchReport& report)
+{
+    if (const auto row = rowOf(knoten)) {
+        m_stateTexts.insert(knoten, report);
+        showRows(*row, 1);
+    }
+}
+
+void FoundModel::clear()
+{
+    m_rebuildSlice.stop();
+    m_next = {};
+    m_walk.restart();
+    beginResetModel();
+    m_rows = {};
+    m_told = 0;
+    m_stateTexts.clear();
+    endResetModel();
+    emit countChanged();
+}
+
+void FoundModel::rebuild()
+{
+    m_walk.restart();
+    m_next.clear();
+    m_rebuildSlice.start(0);
+    rebuildSlice();
+}
+
+void FoundModel::rebuildSlice()
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!timer.hasExpired(sliceMilliseconds)) {
+        for (int item = 0; item < itemsPerLook; ++item) {
+            FundKnoten* const knoten = m_walk.next();
+            if (!knoten) {
+                takeOver();
+                return;
+            }
+            if (m_filter.shows(knoten->inhalt))
+                m_next.push_back(knoten);
+        }
+    }
+}
+
+void FoundModel::takeOver()
+{
+    m_rebuildSlice.stop();
+    tellViews();
+    m_stateTexts.clear();
+    m_shownUnit = m_filter.sizeUnit;
+    if (const auto changes = changesToNext())
+        std::for_each(changes->rbegin(), changes->rend(), [this](const Change& change) { apply(change); });
+    else
+        replaceAll();
+    number();
+    m_next = {};
+    showRows(0, m_told);
+    emit countChanged();
+    emit rebuilt();
+}
+
+std::optional<std::vector<FoundModel::Change>> FoundModel::changesToNext() const
+{
+    std::vector<Change> changes;
+    size_t old = 0;
+    const auto changeHere = [&](size_t place) -> Change& {
+        if (changes.empty() || changes.back().at + changes.back().removed != old
+            || changes.back().from + changes.back().inserted != place)
+            changes.push_back({ old, 0, place, 0 });
+        return changes.back();
+    };
+    // Both are in the order of the list, so what is in both comes in the same order.
+    for (size_t place = 0; place <= m_next.size(); ++place) {
+        const auto row = place < m_next.size() ? rowOf(m_next[place]) : m_rows.size();
+        if (!row) {
+            ++changeHere(place).inserted;
+        } else {
+            if (*row > old)
+                changeHere(place).removed += *row - old;
+            old = *row + 1;
+        }
+        if (changes.size() > mostChanges)
+            return std::nullopt;
+    }
+    return changes;
+}
+
+void FoundModel::apply(const Change& change)
+{
+    const auto rowAt = [this](size_t row) {
+        return m_rows.begin() + static_cast<std::ptrdiff_t>(row);
+    };
+    const int first = static_cast<int>(change.at);
+    if (change.removed > 0) {
+        const auto end = rowAt(change.at + change.removed);
+        beginRemoveRows({}, first, first + static_cast<int>(change.removed) - 1);
+        std::for_each(rowAt(change.at), end, [](const Row& row) { row.knoten->inhalt.listIndex = 0; });
+        m_rows.erase(rowAt(change.at), end);
+        m_told = m_rows.size();
+        endRemoveRows();
+    }
+    if (change.inserted > 0) {
+        beginInsertRows({}, first, first + static_cast<int>(change.inserted) - 1);
+        const auto items = m_next.begin() + static_cast<std::ptrdiff_t>(change.from);
+        auto row = m_rows.insert(rowAt(change.at), change.inserted, {});
+        std::for_each(items, items + static_cast<std::ptrdiff_t>(change.inserted), [&](FundKnoten* knoten) {
+            *row++ = { knoten, false };
+        });
+        m_told = m_rows.size();
+        endInsertRows();
+    }
+}
+
+void FoundModel::replaceAll()
+{
+    std::vector<Row> rows;
+    rows.reserve(m_next.size());
+    for (FundKnoten* const knoten : m_next) {
+        const auto row = rowOf(knoten);
+        rows.push_back({ knoten, row && m_rows[*row].marked });
+    }
+    beginResetModel();
+    for (const Row& row : m_rows)
+        row.knoten->inhalt.listIndex = 0;
+    m_rows.swap(rows);
+    m_told = m_rows.size();
+    endResetModel();
+}
+
+void FoundModel::number()
+{
+    qint32 row = 0;
+    for (const Row& shown : m_rows)
+        shown.knoten->inhalt.listIndex = ++row;
+}
+
+std::optional<size_t> FoundModel::rowOf(const FundKnoten* knoten) const
+{
+    const size_t number = static_cast<size_t>(knoten->inhalt.listIndex);
+    return number > 0 && number <= m_rows.size() && m_rows[number - 1].knoten == knoten ? std::optional(number - 1)
+                                                                                        : std::nullopt;
+}
+
+void FoundModel::showRows(size_t first, size_t count)
+{
+    if (count == 0)
+        return;
+    const bool none = m_firstChanged > m_lastChanged;
+    m_firstChanged = none ? first : qMin(m_firstChanged, first);
+    m_lastChanged = none ? first + count - 1 : qMax(m_lastChanged, first + count - 1);
+    tellViewsSoon();
+}
+
+void FoundModel::tellViewsSoon()
+{
+    if (!m_tellViews.isActive())
+        m_tellViews.start(0);
+}
+
+void FoundModel::tellViews()
+{
+    m_tellViews.stop();
+    if (m_rows.size() > m_told) {
+        beginInsertRows({}, static_cast<int>(m_told), static_cast<int>(m_rows.size()) - 1);
+        m_told = m_rows.size();
+        endInsertRows();
+        emit countChanged();
+    }
+    const size_t first = std::exchange(m_firstChanged, 1);
+    const size_t last = qMin(std::exchange(m_lastChanged, 0) + 1, m_told);
+    if (first < last) {
+        emit dataChanged(index(static_cast<int>(first), 0), index(static_cast<int>(last) - 1, ColumnCount - 1));
+    }
+}
+
+RowRuns FoundModel::markedRows() const
+{
+    RowRuns marked;
+    for (size_t row = 0; row < m_told; ++row) {
+        const int number = static_cast<int>(row);
+        if (!m_rows[row].marked)
+            continue;
+        if (!marked.empty() && marked.back().last == number - 1)
+            marked.back().last = number;
+        else
+            marked.push_back({ number, number });
+    }
+    return marked;
+}
+
+void FoundModel::setMarked(const RowRuns& rows, bool marked)
+{
+    for (const RowRun& run : rows) {
+        for (int row = run.first; row <= run.last; ++row)
+            m_rows[static_cast<size_t>(row)].marked = marked;
+        showRows(static_cast<size_t>(run.first), static_cast<size_t>(run.last - run.first) + 1);
+    }
+}
+
+int FoundModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_told);
+}
+
+int FoundModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int { ColumnCount };
+}
+
+QVariant FoundModel::data(const QModelIndex& index, int role) const
+{
+    const Row& row = m_rows[static_cast<size_t>(index.row())];
+    const int column = index.column();
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(row.knoten, column);
+    case Qt::ToolTipRole:
+        return column == Filename ? text(row.knoten, Url) : QVariant();
+    case Qt::TextAlignmentRole:
+        return isNumber(column) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    case Qt::CheckStateRole:
+        return column == Filename ? QVariant(row.marked ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case Qt::DecorationRole:
+        if (column != Filename)
+            return {};
+        return url::fileNameOf(row.knoten->inhalt.adresse).isEmpty() ? m_folderIcon : m_fileIcon;
+    default:
+        return {};
+    }
+}
+
+bool FoundModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole || index.column() != Filename)
+        return false;
+    setMarked({ { index.row(), index.row() } }, value.toInt() == Qt::Checked);
+    tellViews();
+    return true;
+}
+
+Qt::ItemFlags FoundModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags all = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    return index.column() == Filename ? all | Qt::ItemIsUserCheckable : all;
+}
+
+QVariant FoundModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::DisplayRole)
+        return m_language.text(headerKey(section));
+    if (role == Qt::TextAlignmentRole)
+        return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return {};
+}
+
+QString FoundModel::text(const FundKnoten* knoten, int column) const
+{
+    const FundStück& item = knoten->inhalt;
+    switch (column) {
+    case Filename:
+        return allgemein::fromSystem(url::fileNameOf(item.adresse));
+    case MimeContent:
+        return allgemein::fromSystem(item.mimeTyp);
+    case Size:
+        return item.groesse < 0 ? QStringLiteral("?") : QString::number(item.groesse / m_shownUnit);
+    case Depth:
+        return QString::number(item.tiefe);
+    case Status:
+        return statusText(knoten);
+    case RefType:
+        return twk::referenceTypeName(item.referenzTyp);
+    case Language:
+        return allgemein::fromSystem(item.sprache);
+    case Url:
+        return allgemein::fromSystem(item.adresse);
+    default:
+        return {};
+    }
+}
+
+QString FoundModel::statusText(const FundKnoten* knoten) const
+{
+    const auto report = m_stateTexts.constFind(knoten);
+    return report != m_stateTexts.constEnd() ? twk::stateText(*report, m_language)
+                                             : QString::number(knoten->inhalt.statusCode);
+}

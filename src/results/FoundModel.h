@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/ItemFetch.h"
+#include "crawl/ListWalk.h"
+#include "results/RowRuns.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+#include <QIcon>
+#include <QTimer>
+
+#include <optional>
+#include <vector>
+
+class LanguageTable;
+struct ResultFilter;
+
+/// The found items that pass the filter, a row each, in the order in which they were found. Rows that come are told to
+/// the views once per pass of the event loop. A row's check box is its mark.
+///
+/// An item's `listIndex` is its row here, from 1. It may be out of date for an item that has lost its row.
+class FoundModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { Filename, MimeContent, Size, Depth, Status, RefType, Language, Url, ColumnCount };
+
+    /// All three must outlive the model.
+    FoundModel(const FundListe& list, const ResultFilter& filter, const LanguageTable& language, QObject* parent);
+
+    /// Gives a new item a row if it passes the filter.
+    void offer(FundKnoten* knoten);
+    /// Shows an item's row anew, with the status number in the place of a state text.
+    void refresh(FundKnoten* knoten);
+    /// Writes a state text into an item's row, if it has one.
+    void report(FundKnoten* knoten, const FetchReport& report);
+    /// Must be told before an item is taken out of the list; its row stays until the next rebuild.
+    void removing(FundKnoten* knoten) { m_walk.removing(knoten); }
+    /// Drops all rows, since their items are gone.
+    void clear();
+    /// Chooses the rows anew, by the filter as it is now. It works between other events, shows the result at the end
+    /// with `rebuilt`, and starts over when it is called again meanwhile.
+    void rebuild();
+
+    /// The item of a row, from 0.
+    [[nodiscard]] const FundStück& itemAt(int row) const { return m_rows[static_cast<size_t>(row)].knoten->inhalt; }
+    [[nodiscard]] RowRuns markedRows() const;
+    /// Marks rows or takes their marks away.
+    void setMarked(const RowRuns& rows, bool marked);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+signals:
+    /// How many rows there are has changed.
+    void countChanged();
+    void rebuilt();
+
+private:
+    struct Row {
+        FundKnoten* knoten;
+        bool marked;
+    };
+    /// A place where a rebuild changes the rows: from row `at` on, `removed` rows give way to the `inserted` items of
+    /// the new choice that begin at `from`.
+    struct Change {
+        size_t at;
+        size_t removed;
+        size_t from;
+        size_t inserted;
+    };
+
+    /// The item's row, from 0; nothing without one.
+    [[nodiscard]] std::optional<size_t> rowOf(const FundKnoten* knoten) const;
+    /// Has the views show rows anew.
+    void showRows(size_t first, size_t count);
+    void tellViewsSoon();
+    void tellViews();
+    void rebuildSlice();
+    void takeOver();
+    /// How to get from the rows to the new choice; nothing when they differ in too many places.
+    [[nodiscard]] std::optional<std::vector<Change>> changesToNext() const;
+    void apply(const Change& change);
+    void replaceAll();
+    /// Writes the rows' numbers into their items.
+    void number();
+    [[nodiscard]] QString text(const FundKnoten* knoten, int column) const;
+    [[nodiscard]] QString statusText(const FundKnoten* knoten) const;
+
+    const ResultFilter& m_filter;
+    const LanguageTable& m_language;
+    std::vector<Row> m_rows;
+    size_t m_told = 0; ///< how many rows the views know of
+    /// The rows that show something else than the views know; none while first exceeds last.
+    size_t m_firstChanged = 1;
+    size_t m_lastChanged = 0;
+    QHash<const FundKnoten*, FetchReport> m_stateTexts;
+    qint64 m_shownUnit = 1; ///< the unit of the sizes in the rows: that of the last rebuild
+    QTimer m_tellViews;
+
+    ListWalk m_walk;
+    std::vector<FundKnoten*> m_next; ///< the rows that a rebuild has chosen so far
+    QTimer m_rebuildSlice;
+    QIcon m_fileIcon;
+    QIcon m_folderIcon;
+};

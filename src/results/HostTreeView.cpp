@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/HostTreeView.h"
+
+#include "crawl/url.h"
+#include "results/HostTree.h"
+
+#include <algorithm>
+
+HostTreeView::HostTreeView(HostTree& tree, QWidget* parent)
+    : QTreeView(parent)
+    , m_tree(tree)
+{
+    setModel(&tree);
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    rememberExpanded();
+    connect(this, &QTreeView::clicked, this, &HostTreeView::choose);
+    connect(this, &QTreeView::activated, this, &HostTreeView::choose);
+    connect(&tree, &HostTree::modelAboutToBeReset, this, &HostTreeView::rememberExpanded);
+    connect(&tree, &HostTree::modelReset, this, &HostTreeView::expandWanted);
+    connect(&tree, &HostTree::rowsInserted, this, &HostTreeView::expandWanted);
+}
+
+void HostTreeView::expandHostOf(const QByteArray& url)
+{
+    m_wanted.clear();
+    for (qint32 level = 0; level <= url::labelCount(url::hostOf(url)) + 1; ++level)
+        m_wanted.emplace_back(url, level);
+    expandWanted();
+}
+
+void HostTreeView::choose(const QModelIndex& index)
+{
+    emit branchChosen(m_tree.branch(index));
+}
+
+void HostTreeView::rememberExpanded()
+{
+    const QModelIndex root = m_tree.index(0, 0);
+    m_wanted.emplace_back(m_tree.urlBelow(root), 0);
+    for (QModelIndex index = root; index.isValid(); index = indexBelow(index)) {
+        if (isExpanded(index))
+            m_wanted.emplace_back(m_tree.urlBelow(index), m_tree.branch(index).level);
+    }
+}
+
+void HostTreeView::expandWanted()
+{
+    const auto isDone = [this](const auto& wanted) {
+        const QModelIndex index = m_tree.find(wanted.first, wanted.second);
+        // Expanded without children, a node would not show those that come.
+        if (!index.isValid() || m_tree.rowCount(index) == 0)
+            return false;
+        expand(index);
+        return true;
+    };
+    m_wanted.erase(std::remove_if(m_wanted.begin(), m_wanted.end(), isDone), m_wanted.end());
+}

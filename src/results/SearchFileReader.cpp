@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/SearchFileReader.h"
+
+#include "base/allgemein.h"
+#include "results/SearchFile.h"
+
+#include <QElapsedTimer>
+
+#include <utility>
+
+using SearchFile::LoadError;
+using SearchFile::SkippedLine;
+
+SearchFileReader::SearchFileReader(const QString& fileName, StoredSearch& search)
+    : m_file(fileName)
+    , m_search(search)
+{
+    if (m_file.open(QIODevice::ReadOnly))
+        return;
+    m_result.error = LoadError::CannotOpen;
+    m_result.systemText = m_file.errorString();
+}
+
+bool SearchFileReader::readFor(int milliseconds)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (m_file.isOpen() && !timer.hasExpired(milliseconds)) {
+        // The clock costs more than a line.
+        for (int line = 0; line < 100; ++line) {
+            if (!readLine())
+                return true;
+        }
+    }
+    return !m_file.isOpen();
+}
+
+bool SearchFileReader::readLine()
+{
+    const auto line = allgemein::readLine(m_file);
+    const bool whole = !line || line->ended;
+    if (line && whole) {
+        takeLine(line->text);
+        return true;
+    }
+    finish(whole);
+    return false;
+}
+
+void SearchFileReader::finish(bool whole)
+{
+    if (m_file.error() != QFile::NoError) {
+        m_result.error = LoadError::CannotRead;
+        m_result.systemText = m_file.errorString();
+    } else if (!m_knewSomething) {
+        m_result.error = LoadError::NotASearchFile;
+    } else if (!whole) {
+        m_result.error = LoadError::Truncated;
+    }
+    m_file.close();
+}
+
+void SearchFileReader::takeLine(const QByteArray& line)
+{
+    ++m_number;
+    if (m_inResults)
+        takeItem(line);
+    else
+        takeHeaderLine(line);
+}
+
+void SearchFileReader::takeHeaderLine(const QByteArray& line)
+{
+    if (const auto pair = allgemein::splitKeyValue(line)) {
+        if (m_search.options.initOpt(pair->key, pair->value)
+            || twkEinstellungen::readRequestPref(m_search.prefs, pair->key, pair->value))
+            m_knewSomething = true;
+        else
+            skip(SkippedLine::UnknownKey, pair->key);
+    } else if (line == SearchFile::resultsMark) {
+        m_inResults = m_knewSomething = true;
+    } else {
+        skip(SkippedLine::NoKey, line);
+    }
+}
+
+void SearchFileReader::takeItem(const QByteArray& line)
+{
+    auto item = SearchFile::itemFrom(line);
+    if (!item) {
+        skip(SkippedLine::NoUrl, line);
+        return;
+    }
+    shareEqualTexts(*item);
+    if (!item->mimeTyp.isEmpty())
+        m_search.mimeTypes.insert(item->mimeTyp);
+    m_search.list.add(std::move(*item));
+}
+
+/// Neighbouring items mostly have the same type and referrer: they share its bytes.
+void SearchFileReader::shareEqualTexts(FundStück& item) const
+{
+    const FundKnoten* const previous = m_search.list.getLetzter();
+    if (!previous)
+        return;
+    if (item.mimeTyp == previous->inhalt.mimeTyp)
+        item.mimeTyp = previous->inhalt.mimeTyp;
+    if (item.sprache == previous->inhalt.sprache)
+        item.sprache = previous->inhalt.sprache;
+    if (item.referer == previous->inhalt.referer)
+        item.referer = previous->inhalt.referer;
+}
+
+void SearchFileReader::skip(SkippedLine::Why why, const QByteArray& text)
+{
+    m_result.skipped += { m_number, why, text };
+}
+
+SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)
+{
+    SearchFileReader reader(fileName, search);
+    while (!reader.readFor(1000)) { }
+    return reader.result();
+}

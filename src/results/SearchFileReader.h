@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "crawl/FundListe.h"
+#include "crawl/SearchOptions.h"
+#include "requests/RequestPrefs.h"
+#include "results/MimeListe.h"
+
+#include <QFile>
+#include <QList>
+#include <QString>
+
+/// A search with everything that a search file keeps of it.
+struct StoredSearch {
+    SearchOptions options;
+    RequestPrefs prefs;
+    FundListe list;
+    MimeListe mimeTypes; ///< those of the items; not kept in the file, but gathered from it
+};
+
+namespace SearchFile {
+
+/// A line that was passed over.
+struct SkippedLine {
+    enum Why {
+        NoKey, ///< neither a key nor "Results:"
+        UnknownKey, ///< `text` is the key
+        NoUrl, ///< an item line without a URL
+    };
+    qint64 number = 0; ///< from 1
+    Why why = NoKey;
+    QByteArray text;
+};
+
+enum class LoadError {
+    None,
+    CannotOpen,
+    CannotRead,
+    NotASearchFile, ///< not one line of it is known
+    Truncated, ///< its last line breaks off; whatever stands before was loaded
+};
+
+struct LoadResult {
+    LoadError error = LoadError::None;
+    QString systemText; ///< what the system says of `CannotOpen` and `CannotRead`
+    QList<SkippedLine> skipped;
+};
+
+} // namespace SearchFile
+
+/// Reads a search file into a search. A large file takes many steps, with room for other events between them.
+class SearchFileReader {
+public:
+    /// `search`, which must outlive the reading, holds no items yet. What the file does not name stays as it is.
+    SearchFileReader(const QString& fileName, StoredSearch& search);
+
+    /// Reads for about so many milliseconds; true when there is no more to read.
+    [[nodiscard]] bool readFor(int milliseconds);
+    /// Complete when `readFor` has returned true.
+    [[nodiscard]] const SearchFile::LoadResult& result() const { return m_result; }
+
+private:
+    [[nodiscard]] bool readLine();
+    void finish(bool whole);
+    void takeLine(const QByteArray& line);
+    void takeHeaderLine(const QByteArray& line);
+    void takeItem(const QByteArray& line);
+    void shareEqualTexts(FundStück& item) const;
+    void skip(SearchFile::SkippedLine::Why why, const QByteArray& text);
+
+    QFile m_file;
+    StoredSearch& m_search;
+    SearchFile::LoadResult m_result;
+    qint64 m_number = 0;
+    bool m_inResults = false;
+    bool m_knewSomething = false;
+};
+
+namespace SearchFile {
+
+/// Loads a whole file into `search`, which must be new.
+[[nodiscard]] LoadResult load(const QString& fileName, StoredSearch& search);
+
+} // namespace SearchFile

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/FileDialogs.h"
+#include "base/Messages.h"
+#include "base/Shell.h"
+#include "base/UrlPicker.h"
+
+#include <QList>
+#include <QStringList>
+#include <QUrl>
+
+/// Message boxes that a test answers beforehand and reads afterwards.
+struct AnsweredMessages final : Messages {
+    QList<Box> told;
+    QList<Box> asked;
+    bool answer = true;
+
+    using Messages::tell;
+    void tell(const Box& box, std::function<void()> closed) override
+    {
+        told += box;
+        closed();
+    }
+    void ask(const Box& box, std::function<void(bool yes)> answered) override
+    {
+        asked += box;
+        answered(answer);
+    }
+};
+
+/// File dialogs in which a test has chosen beforehand; cancelled while `choice` is empty.
+struct AnsweredFileDialogs final : FileDialogs {
+    QString choice;
+    QList<Request> requests;
+
+    void open(const Request& request, std::function<void(const QString& path)> chosen) override
+    {
+        requests += request;
+        if (!choice.isEmpty())
+            chosen(choice);
+    }
+    void save(const Request& request, std::function<void(const QString& path)> chosen) override
+    {
+        open(request, std::move(chosen));
+    }
+};
+
+/// A desktop that only remembers what it was asked.
+struct RecordingShell final : Shell {
+    QStringList openedFiles;
+    QList<QUrl> openedUrls;
+    QStringList recentDocuments;
+    bool opens = true;
+
+    bool openFile(const QString& path) override
+    {
+        openedFiles += path;
+        return opens;
+    }
+    bool openUrl(const QUrl& url) override
+    {
+        openedUrls += url;
+        return opens;
+    }
+    void addRecentDocument(const QString& path) override { recentDocuments += path; }
+};
+
+/// A picker in which the user takes `choice`, or cancels while it is empty.
+struct AnsweredPicker final : UrlPicker {
+    QByteArray choice;
+
+    [[nodiscard]] bool isAvailable() const override { return true; }
+    void pickUrl(const QByteArray&, std::function<void(const QByteArray& url)> picked) override
+    {
+        if (!choice.isEmpty())
+            picked(choice);
+    }
+};
