@@ -81,7 +81,7 @@ void MainWindow::layOut()
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setChildrenCollapsible(false);
     const int line = fontMetrics().height();
-    m_splitter->setSizes({ 14 * line, 46 * line });
+    m_splitter->setSizes({ 16 * line, 46 * line });
 
     auto* const area = new QWidget(this);
     auto* const rows = new QVBoxLayout(area);

@@ -44,7 +44,7 @@ private:
 };
 
 /// In ninths of the height of a line of text.
-constexpr std::array<int, FoundModel::ColumnCount> columnWidths { 110, 70, 40, 30, 75, 40, 40, 240 };
+constexpr std::array<int, FoundModel::ColumnCount> columnWidths { 110, 70, 40, 50, 75, 55, 45, 240 };
 
 /// Names a directory by its last piece, since it has no file name.
 class IconDelegate final : public QStyledItemDelegate {

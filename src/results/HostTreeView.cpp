@@ -4,20 +4,28 @@
 #include "crawl/url.h"
 #include "results/HostTree.h"
 
+#include <QHeaderView>
+
 #include <algorithm>
 
 HostTreeView::HostTreeView(HostTree& tree, QWidget* parent)
     : QTreeView(parent)
     , m_tree(tree)
 {
+    // Before the view connects itself, since it forgets what is expanded by the same signal.
+    connect(&tree, &HostTree::modelAboutToBeReset, this, &HostTreeView::rememberExpanded);
     setModel(&tree);
     setHeaderHidden(true);
     setUniformRowHeights(true);
+    setIndentation(fontMetrics().height());
+    // Deep branches are scrolled to, not cut off.
+    header()->setStretchLastSection(false);
+    header()->setResizeContentsPrecision(0);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     rememberExpanded();
     connect(this, &QTreeView::clicked, this, &HostTreeView::choose);
     connect(this, &QTreeView::activated, this, &HostTreeView::choose);
-    connect(&tree, &HostTree::modelAboutToBeReset, this, &HostTreeView::rememberExpanded);
     connect(&tree, &HostTree::modelReset, this, &HostTreeView::expandWanted);
     connect(&tree, &HostTree::rowsInserted, this, &HostTreeView::expandWanted);
 }
