@@ -284,6 +284,8 @@ int FoundModel::columnCount(const QModelIndex& parent) const
 
 QVariant FoundModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid())
+        return {};
     const Row& row = m_rows[static_cast<size_t>(index.row())];
     const int column = index.column();
     switch (role) {
@@ -315,13 +317,15 @@ bool FoundModel::setData(const QModelIndex& index, const QVariant& value, int ro
 
 Qt::ItemFlags FoundModel::flags(const QModelIndex& index) const
 {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
     const Qt::ItemFlags all = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
     return index.column() == Filename ? all | Qt::ItemIsUserCheckable : all;
 }
 
 QVariant FoundModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
+    if (orientation != Qt::Horizontal || section >= ColumnCount)
         return {};
     if (role == Qt::DisplayRole)
         return m_language.text(headerKey(section));

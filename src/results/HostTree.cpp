@@ -168,6 +168,8 @@ int HostTree::columnCount(const QModelIndex&) const
 
 QVariant HostTree::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid())
+        return {};
     const HostArena::Node& node = m_arena.node(idOf(index));
     switch (role) {
     case Qt::DisplayRole:

@@ -26,6 +26,8 @@ int MimeModel::rowCount(const QModelIndex& parent) const
 
 QVariant MimeModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid())
+        return {};
     const MimeListe::Entry& entry = m_list.entries()[static_cast<size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
@@ -47,7 +49,9 @@ bool MimeModel::setData(const QModelIndex& index, const QVariant& value, int rol
     return true;
 }
 
-Qt::ItemFlags MimeModel::flags(const QModelIndex&) const
+Qt::ItemFlags MimeModel::flags(const QModelIndex& index) const
 {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemNeverHasChildren;
 }

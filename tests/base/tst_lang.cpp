@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/LanguageFile.h"
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "support/Text.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Step = LanguageFile::Step;
+
+class tst_lang : public QObject {
+    Q_OBJECT
+
+private slots:
+    void languagesHaveTheSameKeys_data();
+    void languagesHaveTheSameKeys();
+    void selectsBuiltInLanguages();
+    void knowsTheLanguageOfALocale_data();
+    void knowsTheLanguageOfALocale();
+    void readsLanguageFiles_data();
+    void readsLanguageFiles();
+    void stopsAtUnknownKeys();
+    void failsOnAMissingFile();
+
+private:
+    [[nodiscard]] QString fileWith(const QByteArray& content) const;
+
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+using Texts = QList<QPair<QByteArray, QString>>;
+
+Texts textsOf(const char* fileName)
+{
+    Texts texts;
+    for (const QByteArray& line : contentOf(QLatin1String(":/languages/") + QLatin1String(fileName)).split('\n')) {
+        if (const auto pair = allgemein::splitKeyValue(line))
+            texts += { pair->key, QString::fromUtf8(pair->value) };
+    }
+    return texts;
+}
+
+/// Without what varies between captions that are the same word.
+QString bare(QString text)
+{
+    return text.remove(u'&').remove(QChar(QChar::Nbsp)).remove(u' ');
+}
+
+} // namespace
+
+QString tst_lang::fileWith(const QByteArray& content) const
+{
+    const QString name = m_folder.filePath(QStringLiteral("x.lng"));
+    return writeFile(name, content) ? name : QString();
+}
+
+void tst_lang::languagesHaveTheSameKeys_data()
+{
+    QTest::addColumn<QByteArray>("english");
+    QTest::addColumn<QByteArray>("other");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QStringList>("sameWords");
+    const QByteArray table = "english.lng";
+    const QByteArray more = "more_english.lng";
+    QTest::newRow("German") << table << QByteArray("german.lng") << 214
+                            << QStringLiteral("Filter Details Status Url URL: URL Links(linkhref) Frames(framesrc) "
+                                              "Cookies OK Start")
+                                   .split(u' ');
+    QTest::newRow("French") << table << QByteArray("french.lng") << 214
+                            << QStringLiteral("Options URL: URL Cookies OK Question").split(u' ');
+    QTest::newRow("the additions in German") << more << QByteArray("more_german.lng") << 0 << QStringList();
+    QTest::newRow("the additions in French")
+        << more << QByteArray("more_french.lng") << 0 << QStringList(QStringLiteral("%1,version%2"));
+}
+
+void tst_lang::languagesHaveTheSameKeys()
+{
+    QFETCH(QByteArray, english);
+    QFETCH(QByteArray, other);
+    QFETCH(int, count);
+    QFETCH(QStringList, sameWords);
+    const Texts expected = textsOf(english.constData());
+    const Texts texts = textsOf(other.constData());
+    if (count > 0)
+        QCOMPARE(expected.size(), count);
+    QCOMPARE(texts.size(), expected.size());
+    for (qsizetype index = 0; index < texts.size(); ++index) {
+        const auto& [key, text] = texts[index];
+        QCOMPARE(key, expected[index].first);
+        QVERIFY2(!text.isEmpty(), key.constData());
+        QVERIFY2(bare(text) != bare(expected[index].second) || sameWords.contains(bare(text)), key.constData());
+        // A caption that asks for more says so in every language; places for values are kept.
+        for (const char* piece : { "...", ":", "%1", "%2" }) {
+            const QLatin1String mark(piece);
+            const bool both = text.endsWith(mark) == expected[index].second.endsWith(mark);
+            QVERIFY2(both || piece[0] == '%', key.constData());
+            QVERIFY2(piece[0] != '%' || text.contains(mark) == expected[index].second.contains(mark), key.constData());
+        }
+    }
+}
+
+void tst_lang::selectsBuiltInLanguages()
+{
+    LanguageTable table;
+    QSignalSpy changed(&table, &LanguageTable::changed);
+    QCOMPARE(table.text("lang.search_noSearch"), QStringLiteral("no Search"));
+    table.selectBuiltIn(LanguageTable::German);
+    QCOMPARE(table.text("lang.netConnecting"), QStringLiteral("Verbindungsaufbau"));
+    QVERIFY(table.set("lang.dlComplete", QStringLiteral("x")));
+    table.selectBuiltIn(3);
+    table.selectBuiltIn(-1);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(table.text("lang.dlComplete"), QStringLiteral("x"));
+    table.selectBuiltIn(LanguageTable::French);
+    QCOMPARE(table.text("lang.helpfile"), QStringLiteral("français.html"));
+    QCOMPARE(table.text("lang.nothing"), QString());
+    QCOMPARE(LanguageTable::plain(QStringLiteral("Save &as ...")), QStringLiteral("Save as"));
+}
+
+void tst_lang::knowsTheLanguageOfALocale_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<int>("index");
+    QTest::newRow("Austria") << QStringLiteral("de_AT") << int { LanguageTable::German };
+    QTest::newRow("Canada") << QStringLiteral("fr_CA") << int { LanguageTable::French };
+    QTest::newRow("a language without a table") << QStringLiteral("it_IT") << int { LanguageTable::English };
+}
+
+void tst_lang::knowsTheLanguageOfALocale()
+{
+    QFETCH(QString, locale);
+    QTEST(LanguageTable::builtInFor(QLocale(locale)), "index");
+}
+
+void tst_lang::readsLanguageFiles_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* title, const QByteArray& content, const char* key, const QString& text) {
+        QTest::newRow(title) << content << QByteArray(key) << text;
+    };
+    row("one message", "lang.dlComplete=Done\r\n", "lang.dlComplete", QStringLiteral("Done"));
+    row("the last line without an end", "lang.dlComplete=Done", "lang.dlComplete", QStringLiteral("Done"));
+    row("others keep what they were", "lang.dlComplete=Done", "lang.dlLoading", QStringLiteral("Wird geladen"));
+    row("an equals sign in the text", "main.m_quit=a=b", "main.m_quit", QStringLiteral("a=b"));
+    row("blanks belong to the text", "main.m_quit= a ", "main.m_quit", QStringLiteral(" a "));
+    row("no equals sign", "main.m_quit\n", "main.m_quit", QStringLiteral("&Beenden"));
+    row("a comment", "//main.m_quit=x\n", "main.m_quit", QStringLiteral("&Beenden"));
+    row("the last of two", "main.m_quit=a\nmain.m_quit=b\n", "main.m_quit", QStringLiteral("b"));
+    row("marked as UTF-8", "\xef\xbb\xbfmain.m_quit=\xc3\xa9\n", "main.m_quit", QStringLiteral("é"));
+}
+
+void tst_lang::readsLanguageFiles()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, key);
+    LanguageTable table;
+    table.selectBuiltIn(LanguageTable::German);
+    QSignalSpy changed(&table, &LanguageTable::changed);
+    LanguageFile file(fileWith(content), table);
+    QCOMPARE(file.read(), Step::End);
+    QCOMPARE(changed.count(), 1);
+    QTEST(table.text(key), "text");
+}
+
+void tst_lang::stopsAtUnknownKeys()
+{
+    LanguageTable table;
+    LanguageFile file(fileWith("main.m_help=1\nMain.m_quit=x\nmore.hintNew=y\nmain.m_quit=2\n"), table);
+    QCOMPARE(file.read(), Step::UnknownKey);
+    QCOMPARE(file.key(), "Main.m_quit");
+    QCOMPARE(table.text("main.m_help"), QStringLiteral("1"));
+    QCOMPARE(table.text("main.m_quit"), QStringLiteral("E&xit"));
+    QCOMPARE(file.read(), Step::UnknownKey);
+    QCOMPARE(file.key(), "more.hintNew");
+    QCOMPARE(file.read(), Step::End);
+    QCOMPARE(table.text("main.m_quit"), QStringLiteral("2"));
+}
+
+void tst_lang::failsOnAMissingFile()
+{
+    LanguageTable table;
+    QCOMPARE(LanguageFile(m_folder.filePath(QStringLiteral("none.lng")), table).read(), Step::Failed);
+    QCOMPARE(LanguageFile(m_folder.path(), table).read(), Step::Failed);
+}
+
+QTEST_GUILESS_MAIN(tst_lang)
+
+#include "tst_lang.moc"

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/lang.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QWidget>
+
+/// The control of a window by its name; ends the test program when there is none.
+template <typename Control> Control& control(const QObject& window, const char* name)
+{
+    auto* const found = window.findChild<Control*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("There is no control %s.", name);
+    return *found;
+}
+
+inline void click(const QObject& window, const char* button)
+{
+    control<QAbstractButton>(window, button).click();
+}
+
+inline void choose(const QObject& window, const char* entry)
+{
+    control<QAction>(window, entry).trigger();
+}
+
+/// What a control shows for a caption; null for a control that has none.
+inline QString captionOf(const QObject* object)
+{
+    if (const auto* const action = qobject_cast<const QAction*>(object))
+        return action->menu() ? QString() : action->text(); // A menu's entry is the menu.
+    if (const auto* const menu = qobject_cast<const QMenu*>(object))
+        return menu->title();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(object))
+        return button->text();
+    if (const auto* const label = qobject_cast<const QLabel*>(object))
+        return label->text();
+    if (const auto* const frame = qobject_cast<const QGroupBox*>(object))
+        return frame->title();
+    return {};
+}
+
+/// Whether a control is one of the window itself, not of another that it owns.
+inline bool isOf(const QObject* object, const QWidget& window)
+{
+    for (; object; object = object->parent()) {
+        const auto* const widget = qobject_cast<const QWidget*>(object);
+        if (widget && widget->isWindow() && !qobject_cast<const QMenu*>(object))
+            return widget == &window;
+    }
+    return false;
+}
+
+/// What is wrong with a window's captions: keys of the table without a control, controls that show something else than
+/// their key says, and captions without a key, but for the controls named in `fixed`.
+inline QStringList wrongCaptions(const QWidget& window, const LanguageTable& language, const QStringList& fixed)
+{
+    QStringList wrong;
+    const QByteArray prefix = window.objectName().toUtf8() + '.';
+    for (const QByteArray& key : language.keys()) {
+        if (!key.startsWith(prefix) || key.contains(".ColumnHeaders("))
+            continue;
+        const auto* const object = window.findChild<QObject*>(QString::fromUtf8(key.sliced(prefix.size())));
+        if (!object || captionOf(object) != language.text(key))
+            wrong += QString::fromUtf8(key);
+    }
+    for (const QObject* const object : window.findChildren<QObject*>()) {
+        const QString name = object->objectName();
+        const QByteArray key = prefix + name.toUtf8();
+        const bool known = language.contains(key) || !language.text("more." + key).isEmpty() || fixed.contains(name);
+        const bool own = isOf(object, window) && !name.startsWith(QLatin1String("qt_"));
+        if (own && !known && !captionOf(object).isEmpty())
+            wrong += name + QLatin1String(" shows ") + captionOf(object);
+    }
+    return wrong;
+}
