@@ -2,6 +2,7 @@
 // How long does the event loop stand still while a page of 50 MB is loaded and analysed? A timer that is always due
 // measures the longest time between two of its events, for each shape of page. The loop without a search, measured in
 // the same run, tells what the machine itself takes.
+#include "Heartbeat.h"
 #include "crawl/SearchRun.h"
 #include "support/PlainExtras.h"
 
@@ -65,26 +66,6 @@ int serve(const Shape& shape)
     std::fflush(stdout);
     return QCoreApplication::exec();
 }
-
-/// Measures the longest time between two passes of the event loop while it lives.
-class Heartbeat : public QObject {
-public:
-    Heartbeat()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, this, [this] {
-            m_longest = qMax(m_longest, m_sinceBeat.nsecsElapsed());
-            m_sinceBeat.start();
-        });
-        m_sinceBeat.start();
-        m_timer.start(0);
-    }
-    [[nodiscard]] double longestMilliseconds() const { return static_cast<double>(m_longest) / 1e6; }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_sinceBeat;
-    qint64 m_longest = 0;
-};
 
 double idleStandstill()
 {

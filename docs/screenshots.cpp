@@ -2,19 +2,19 @@
 // Takes the pictures of the windows that the documents show: searches the site of a URL in the real windows, off
 // screen, and saves what they look like in a folder.
 #include "app/MainWindow.h"
+#include "app/NoUrlPicker.h"
 #include "app/Session.h"
 #include "support/TestSeams.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QSignalSpy>
 #include <QStyleFactory>
 #include <QTest>
-#include <QTreeView>
 
 namespace {
 
@@ -52,51 +52,45 @@ public:
 
     bool takeAll()
     {
-        shoot(m_window, "empty");
         if (!search())
             return false;
-        shoot(m_window, "main-english");
-        choose("m_listMode(0)");
-        shoot(m_window, "icons");
-        choose("m_listMode(2)");
-        shoot(m_window, "list");
-        choose("m_listMode(3)");
-        choose("m_lang(1)");
-        shoot(m_window, "main-german");
-        shoot(*m_window.findChild<QWidget*>(QStringLiteral("fr_filter")), "filter-german");
-        choose("m_lang(2)");
-        shoot(m_window, "main-french");
-        choose("m_lang(0)");
+        for (const auto& [index, language] :
+            { std::pair(1, "german"), std::pair(2, "french"), std::pair(0, "english") }) {
+            choose(QStringLiteral("m_lang(%1)").arg(index));
+            const QString ending = u'-' + QString::fromLatin1(language);
+            shoot(m_window, QLatin1String("main") + ending);
+            shoot(*m_window.findChild<QWidget*>(QStringLiteral("fr_filter")), QLatin1String("filter") + ending);
+            choose(QStringLiteral("m_searchNew"));
+            shoot(dialog(), QLatin1String("new-search") + ending);
+            dialog().close();
+        }
+        choose(QStringLiteral("m_listMode(0)"));
+        shoot(m_window, QStringLiteral("icons"));
+        choose(QStringLiteral("m_listMode(3)"));
         QApplication::setPalette(darkPalette());
-        shoot(m_window, "main-dark");
-        QApplication::setPalette(QPalette());
+        shoot(m_window, QStringLiteral("main-dark"));
         return m_saved;
     }
 
 private:
-    template <typename T> T* control(const QString& name, QWidget& window) { return window.findChild<T*>(name); }
-    void choose(const char* entry) { m_window.findChild<QAction*>(QString::fromLatin1(entry))->trigger(); }
+    void choose(const QString& entry) { m_window.findChild<QAction*>(entry)->trigger(); }
+    QDialog& dialog() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_getSearch")); }
 
     bool search()
     {
-        choose("m_searchNew");
-        auto* const dialog = m_window.findChild<QDialog*>(QStringLiteral("dialog_getSearch"));
-        dialog->findChild<QLineEdit*>(QStringLiteral("startlink"))->setText(QString::fromLatin1(m_site));
-        auto* const inside = dialog->findChild<QRadioButton*>(QStringLiteral("rad_followSub(1)"));
-        inside->click();
-        dialog->findChild<QAbstractButton*>(QStringLiteral("b_copyStartUrl"))->click();
-        dialog->findChild<QAbstractButton*>(QStringLiteral("b_addToSubUrlList"))->click();
-        shoot(*dialog, "new-search");
+        choose(QStringLiteral("m_searchNew"));
+        dialog().findChild<QLineEdit*>(QStringLiteral("startlink"))->setText(QString::fromLatin1(m_site));
+        for (const char* const button : { "rad_followSub(1)", "b_copyStartUrl", "b_addToSubUrlList" })
+            dialog().findChild<QAbstractButton*>(QString::fromLatin1(button))->click();
         QSignalSpy finished(&m_session.search, &SearchRun::finished);
-        dialog->findChild<QAbstractButton*>(QStringLiteral("b_ok"))->click();
+        dialog().findChild<QAbstractButton*>(QStringLiteral("b_ok"))->click();
         return finished.count() > 0 || finished.wait(20'000);
     }
 
-    void shoot(QWidget& widget, const char* name)
+    void shoot(QWidget& widget, const QString& name)
     {
         QTest::qWait(300); // the time that a person would give the window to draw itself
-        const QString file = QDir(m_folder).filePath(QString::fromLatin1(name) + QLatin1String(".png"));
-        m_saved = widget.grab().save(file) && m_saved;
+        m_saved = widget.grab().save(QDir(m_folder).filePath(name + QLatin1String(".png"))) && m_saved;
     }
 
     QByteArray m_site;
@@ -105,7 +99,7 @@ private:
     AnsweredMessages m_messages;
     AnsweredFileDialogs m_dialogs;
     RecordingShell m_shell;
-    AnsweredPicker m_picker;
+    NoUrlPicker m_picker;
     MainWindow m_window;
     bool m_saved = true;
 };

@@ -9,6 +9,9 @@ Session::Session()
     : requestProfile(requestPrefs, cookies)
     , search(foundItems, requestProfile)
 {
+    // Wide enough that switching a range on for the first time does not empty the list.
+    filter.depth.max = 99;
+    filter.size.max = 999'999'999;
 }
 
 QString Session::cookieFolder(const QString& chosen)

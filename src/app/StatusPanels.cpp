@@ -35,7 +35,7 @@ protected:
 };
 
 /// How the panels share the room; the start URL needs the most.
-constexpr std::array<int, 6> stretches { 3, 6, 2, 3, 4, 3 };
+constexpr std::array<int, 6> stretches { 4, 5, 2, 4, 5, 3 };
 
 } // namespace
 

@@ -49,8 +49,8 @@ void SearchCommand::tellNotes() const
     };
     if (m_arguments.unlimited)
         note(language.text("lang.warnNoSearchLimit"));
-    if (m_arguments.options.startUrl.startsWith("http://https:"))
-        note(QStringLiteral("only http is spoken; \"https\" is taken for the name of a host"));
+    if (m_arguments.options.takesHttpsForHost())
+        note(language.text("more.onlyHttp"));
 }
 
 void SearchCommand::interrupt()

@@ -46,4 +46,6 @@ struct SearchOptions {
     /// Makes a typed start URL the one that is searched, with "http://" in front unless it begins with exactly that,
     /// and tells whether the search can start. An invalid start URL stays as it was typed.
     [[nodiscard]] Confirmation confirm();
+    /// Whether a confirmed start URL was typed with "https://", which makes "https" the name of the host.
+    [[nodiscard]] bool takesHttpsForHost() const { return startUrl.startsWith("http://https:"); }
 };

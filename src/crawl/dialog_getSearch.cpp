@@ -161,25 +161,34 @@ void dialog_getSearch::confirm()
     takeOptions();
     const Confirmation confirmation = m_options.confirm();
     m_ui->startlink->setText(allgemein::fromSystem(m_options.startUrl));
-    const auto start = [this] {
-        hide();
-        emit confirmed();
-    };
+    QStringList notes;
     switch (confirmation) {
     case Confirmation::InvalidStartUrl:
         m_messages.tell(
             { Messages::Sign::Warning, m_language.text("lang.userFailure"), m_language.text("lang.invalidStartUrl") },
             [this] { m_ui->startlink->setFocus(); });
-        break;
+        return;
     case Confirmation::Unlimited:
-        m_messages.tell(
-            { Messages::Sign::Information, m_language.text("lang.note"), m_language.text("lang.warnNoSearchLimit") },
-            start);
+        notes += m_language.text("lang.warnNoSearchLimit");
         break;
     case Confirmation::Limited:
-        start();
         break;
     }
+    if (m_options.takesHttpsForHost())
+        notes += m_language.text("more.onlyHttp");
+    startAfter(notes);
+}
+
+void dialog_getSearch::startAfter(QStringList notes)
+{
+    if (notes.isEmpty()) {
+        hide();
+        emit confirmed();
+        return;
+    }
+    const QString note = notes.takeFirst();
+    m_messages.tell(
+        { Messages::Sign::Information, m_language.text("lang.note"), note }, [this, notes] { startAfter(notes); });
 }
 
 void dialog_getSearch::pickInto(QLineEdit* field)

@@ -43,6 +43,8 @@ private:
     void enableControls();
     void takeOptions();
     void confirm();
+    /// Starts the search when the user has closed the notes.
+    void startAfter(QStringList notes);
     void pickInto(QLineEdit* field);
     void addSubUrl();
     void deleteSubUrls();

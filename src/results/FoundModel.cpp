@@ -58,7 +58,7 @@ void FoundModel::offer(FundKnoten* knoten)
     // A rebuild comes to it.
     if (m_rebuildSlice.isActive() || !m_filter.shows(knoten->inhalt))
         return;
-    m_rows.push_back({ knoten, false });
+    m_rows.push_back({ .knoten = knoten });
     knoten->inhalt.listIndex = static_cast<qint32>(m_rows.size());
     tellViewsSoon();
 }
@@ -66,7 +66,7 @@ void FoundModel::offer(FundKnoten* knoten)
 void FoundModel::refresh(FundKnoten* knoten)
 {
     if (const auto row = rowOf(knoten)) {
-        m_stateTexts.remove(knoten);
+        rowAt(*row).hasStateText = false;
         showRows(*row, 1);
     }
 }
@@ -74,7 +74,9 @@ void FoundModel::refresh(FundKnoten* knoten)
 void FoundModel::report(FundKnoten* knoten, const FetchReport& report)
 {
     if (const auto row = rowOf(knoten)) {
-        m_stateTexts.insert(knoten, report);
+        rowAt(*row).detail = placeOfDetail(report.detail);
+        rowAt(*row).event = report.event;
+        rowAt(*row).hasStateText = true;
         showRows(*row, 1);
     }
 }
@@ -83,11 +85,13 @@ void FoundModel::clear()
 {
     m_rebuildSlice.stop();
     m_next = {};
+    m_hidden = {};
     m_walk.restart();
     beginResetModel();
     m_rows = {};
     m_told = 0;
-    m_stateTexts.clear();
+    m_details.clear();
+    m_detailPlaces.clear();
     endResetModel();
     emit countChanged();
 }
@@ -96,6 +100,7 @@ void FoundModel::rebuild()
 {
     m_walk.restart();
     m_next.clear();
+    m_hidden.clear();
     m_rebuildSlice.start(0);
     rebuildSlice();
 }
@@ -111,24 +116,32 @@ void FoundModel::rebuildSlice()
                 takeOver();
                 return;
             }
-            if (m_filter.shows(knoten->inhalt))
-                m_next.push_back(knoten);
+            chooseOrHide(knoten);
         }
     }
+}
+
+void FoundModel::chooseOrHide(FundKnoten* knoten)
+{
+    const auto row = rowOf(knoten);
+    if (m_filter.shows(knoten->inhalt))
+        m_next.push_back({ knoten, row });
+    else if (row)
+        m_hidden.push_back(knoten);
 }
 
 void FoundModel::takeOver()
 {
     m_rebuildSlice.stop();
     tellViews();
-    m_stateTexts.clear();
     m_shownUnit = m_filter.sizeUnit;
     if (const auto changes = changesToNext())
         std::for_each(changes->rbegin(), changes->rend(), [this](const Change& change) { apply(change); });
     else
         replaceAll();
-    number();
+    restartRows();
     m_next = {};
+    m_hidden = {};
     showRows(0, m_told);
     emit countChanged();
     emit rebuilt();
@@ -146,13 +159,14 @@ std::optional<std::vector<FoundModel::Change>> FoundModel::changesToNext() const
     };
     // Both are in the order of the list, so what is in both comes in the same order.
     for (size_t place = 0; place <= m_next.size(); ++place) {
-        const auto row = place < m_next.size() ? rowOf(m_next[place]) : m_rows.size();
-        if (!row) {
+        const bool atEnd = place == m_next.size();
+        if (!atEnd && !m_next[place].row) {
             ++changeHere(place).inserted;
         } else {
-            if (*row > old)
-                changeHere(place).removed += *row - old;
-            old = *row + 1;
+            const size_t row = atEnd ? m_rows.size() : static_cast<size_t>(*m_next[place].row);
+            if (row > old)
+                changeHere(place).removed += row - old;
+            old = row + 1;
         }
         if (changes.size() > mostChanges)
             return std::nullopt;
@@ -162,25 +176,22 @@ std::optional<std::vector<FoundModel::Change>> FoundModel::changesToNext() const
 
 void FoundModel::apply(const Change& change)
 {
-    const auto rowAt = [this](size_t row) {
+    const auto place = [this](size_t row) {
         return m_rows.begin() + static_cast<std::ptrdiff_t>(row);
     };
     const int first = static_cast<int>(change.at);
     if (change.removed > 0) {
-        const auto end = rowAt(change.at + change.removed);
         beginRemoveRows({}, first, first + static_cast<int>(change.removed) - 1);
-        std::for_each(rowAt(change.at), end, [](const Row& row) { row.knoten->inhalt.listIndex = 0; });
-        m_rows.erase(rowAt(change.at), end);
+        m_rows.erase(place(change.at), place(change.at + change.removed));
         m_told = m_rows.size();
         endRemoveRows();
     }
     if (change.inserted > 0) {
         beginInsertRows({}, first, first + static_cast<int>(change.inserted) - 1);
         const auto items = m_next.begin() + static_cast<std::ptrdiff_t>(change.from);
-        auto row = m_rows.insert(rowAt(change.at), change.inserted, {});
-        std::for_each(items, items + static_cast<std::ptrdiff_t>(change.inserted), [&](FundKnoten* knoten) {
-            *row++ = { knoten, false };
-        });
+        auto row = m_rows.insert(place(change.at), change.inserted, {});
+        std::for_each(items, items + static_cast<std::ptrdiff_t>(change.inserted),
+            [&](const Choice& choice) { *row++ = { .knoten = choice.knoten }; });
         m_told = m_rows.size();
         endInsertRows();
     }
@@ -190,36 +201,40 @@ void FoundModel::replaceAll()
 {
     std::vector<Row> rows;
     rows.reserve(m_next.size());
-    for (FundKnoten* const knoten : m_next) {
-        const auto row = rowOf(knoten);
-        rows.push_back({ knoten, row && m_rows[*row].marked });
-    }
+    for (const Choice& choice : m_next)
+        rows.push_back({ .knoten = choice.knoten, .marked = choice.row && rowAt(*choice.row).marked });
     beginResetModel();
-    for (const Row& row : m_rows)
-        row.knoten->inhalt.listIndex = 0;
     m_rows.swap(rows);
     m_told = m_rows.size();
     endResetModel();
 }
 
-void FoundModel::number()
+void FoundModel::restartRows()
 {
-    qint32 row = 0;
-    for (const Row& shown : m_rows)
-        shown.knoten->inhalt.listIndex = ++row;
+    for (FundKnoten* const knoten : m_hidden)
+        knoten->inhalt.listIndex = 0;
+    for (size_t row = 0; row < m_rows.size(); ++row) {
+        m_rows[row].hasStateText = false;
+        // Most items are far apart in memory; those that keep their rows are not touched.
+        if (m_next[row].row != static_cast<qint32>(row))
+            m_rows[row].knoten->inhalt.listIndex = static_cast<qint32>(row) + 1;
+    }
+    m_details.clear();
+    m_detailPlaces.clear();
 }
 
-std::optional<size_t> FoundModel::rowOf(const FundKnoten* knoten) const
+std::optional<qint32> FoundModel::rowOf(const FundKnoten* knoten) const
 {
-    const size_t number = static_cast<size_t>(knoten->inhalt.listIndex);
-    return number > 0 && number <= m_rows.size() && m_rows[number - 1].knoten == knoten ? std::optional(number - 1)
-                                                                                        : std::nullopt;
+    const qint32 row = knoten->inhalt.listIndex - 1;
+    const bool isThere = row >= 0 && static_cast<size_t>(row) < m_rows.size() && rowAt(row).knoten == knoten;
+    return isThere ? std::optional(row) : std::nullopt;
 }
 
-void FoundModel::showRows(size_t first, size_t count)
+void FoundModel::showRows(qint32 firstRow, size_t count)
 {
     if (count == 0)
         return;
+    const size_t first = static_cast<size_t>(firstRow);
     const bool none = m_firstChanged > m_lastChanged;
     m_firstChanged = none ? first : qMin(m_firstChanged, first);
     m_lastChanged = none ? first + count - 1 : qMax(m_lastChanged, first + count - 1);
@@ -267,8 +282,8 @@ void FoundModel::setMarked(const RowRuns& rows, bool marked)
 {
     for (const RowRun& run : rows) {
         for (int row = run.first; row <= run.last; ++row)
-            m_rows[static_cast<size_t>(row)].marked = marked;
-        showRows(static_cast<size_t>(run.first), static_cast<size_t>(run.last - run.first) + 1);
+            rowAt(row).marked = marked;
+        showRows(run.first, static_cast<size_t>(run.last - run.first) + 1);
     }
 }
 
@@ -286,13 +301,13 @@ QVariant FoundModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
-    const Row& row = m_rows[static_cast<size_t>(index.row())];
+    const Row& row = rowAt(index.row());
     const int column = index.column();
     switch (role) {
     case Qt::DisplayRole:
-        return text(row.knoten, column);
+        return text(row, column);
     case Qt::ToolTipRole:
-        return column == Filename ? text(row.knoten, Url) : QVariant();
+        return toolTip(row, column);
     case Qt::TextAlignmentRole:
         return isNumber(column) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::CheckStateRole:
@@ -334,9 +349,9 @@ QVariant FoundModel::headerData(int section, Qt::Orientation orientation, int ro
     return {};
 }
 
-QString FoundModel::text(const FundKnoten* knoten, int column) const
+QString FoundModel::text(const Row& row, int column) const
 {
-    const FundStück& item = knoten->inhalt;
+    const FundStück& item = row.knoten->inhalt;
     switch (column) {
     case Filename:
         return allgemein::fromSystem(url::fileNameOf(item.adresse));
@@ -347,7 +362,7 @@ QString FoundModel::text(const FundKnoten* knoten, int column) const
     case Depth:
         return QString::number(item.tiefe);
     case Status:
-        return statusText(knoten);
+        return statusText(row);
     case RefType:
         return twk::referenceTypeName(item.referenzTyp);
     case Language:
@@ -359,9 +374,32 @@ QString FoundModel::text(const FundKnoten* knoten, int column) const
     }
 }
 
-QString FoundModel::statusText(const FundKnoten* knoten) const
+QString FoundModel::statusText(const Row& row) const
 {
-    const auto report = m_stateTexts.constFind(knoten);
-    return report != m_stateTexts.constEnd() ? twk::stateText(*report, m_language)
-                                             : QString::number(knoten->inhalt.statusCode);
+    return row.hasStateText ? twk::stateText({ row.event, m_details[row.detail] }, m_language)
+                            : QString::number(row.knoten->inhalt.statusCode);
+}
+
+QVariant FoundModel::toolTip(const Row& row, int column) const
+{
+    if (column == Filename)
+        return text(row, Url);
+    const FundStück& item = row.knoten->inhalt;
+    if (column != Status || item.statusCode != 0)
+        return {};
+    // Why there is no status is not kept, but this much can be told.
+    if (item.zustand == Zustand::Fehlgeschlagen)
+        return m_language.text("lang.netError");
+    return url::protocolOf(item.adresse) == "http" ? QVariant() : m_language.text("lang.netUnsupportedProtocol");
+}
+
+qint32 FoundModel::placeOfDetail(const QByteArray& detail)
+{
+    const auto known = m_detailPlaces.constFind(detail);
+    if (known != m_detailPlaces.constEnd())
+        return *known;
+    const qint32 place = static_cast<qint32>(m_details.size());
+    m_details += detail;
+    m_detailPlaces.insert(detail, place);
+    return place;
 }

@@ -44,7 +44,7 @@ public:
     void rebuild();
 
     /// The item of a row, from 0.
-    [[nodiscard]] const FundStück& itemAt(int row) const { return m_rows[static_cast<size_t>(row)].knoten->inhalt; }
+    [[nodiscard]] const FundStück& itemAt(int row) const { return rowAt(row).knoten->inhalt; }
     [[nodiscard]] RowRuns markedRows() const;
     /// Marks rows or takes their marks away.
     void setMarked(const RowRuns& rows, bool marked);
@@ -62,9 +62,19 @@ signals:
     void rebuilt();
 
 private:
+    /// Kept small, and without memory of its own: there may be millions, and all of them go at once.
     struct Row {
-        FundKnoten* knoten;
-        bool marked;
+        FundKnoten* knoten = nullptr;
+        /// Where the state text's detail stands in `m_details`; its event is `event`.
+        qint32 detail = 0;
+        FetchEvent event = FetchEvent::Connecting;
+        bool hasStateText = false;
+        bool marked = false;
+    };
+    /// An item that a rebuild has chosen, and its row so far.
+    struct Choice {
+        FundKnoten* knoten = nullptr;
+        std::optional<qint32> row;
     };
     /// A place where a rebuild changes the rows: from row `at` on, `removed` rows give way to the `inserted` items of
     /// the new choice that begin at `from`.
@@ -75,22 +85,27 @@ private:
         size_t inserted;
     };
 
+    [[nodiscard]] Row& rowAt(qint32 row) { return m_rows[static_cast<size_t>(row)]; }
+    [[nodiscard]] const Row& rowAt(qint32 row) const { return m_rows[static_cast<size_t>(row)]; }
     /// The item's row, from 0; nothing without one.
-    [[nodiscard]] std::optional<size_t> rowOf(const FundKnoten* knoten) const;
+    [[nodiscard]] std::optional<qint32> rowOf(const FundKnoten* knoten) const;
     /// Has the views show rows anew.
-    void showRows(size_t first, size_t count);
+    void showRows(qint32 firstRow, size_t count);
     void tellViewsSoon();
     void tellViews();
     void rebuildSlice();
+    void chooseOrHide(FundKnoten* knoten);
     void takeOver();
     /// How to get from the rows to the new choice; nothing when they differ in too many places.
     [[nodiscard]] std::optional<std::vector<Change>> changesToNext() const;
     void apply(const Change& change);
     void replaceAll();
-    /// Writes the rows' numbers into their items.
-    void number();
-    [[nodiscard]] QString text(const FundKnoten* knoten, int column) const;
-    [[nodiscard]] QString statusText(const FundKnoten* knoten) const;
+    /// Numbers the rows in their items, and has each show its item as it is.
+    void restartRows();
+    [[nodiscard]] qint32 placeOfDetail(const QByteArray& detail);
+    [[nodiscard]] QString text(const Row& row, int column) const;
+    [[nodiscard]] QString statusText(const Row& row) const;
+    [[nodiscard]] QVariant toolTip(const Row& row, int column) const;
 
     const ResultFilter& m_filter;
     const LanguageTable& m_language;
@@ -99,12 +114,16 @@ private:
     /// The rows that show something else than the views know; none while first exceeds last.
     size_t m_firstChanged = 1;
     size_t m_lastChanged = 0;
-    QHash<const FundKnoten*, FetchReport> m_stateTexts;
+    /// The details of the state texts that rows show. Where one fetch fails, mostly many fail alike.
+    QList<QByteArray> m_details;
+    QHash<QByteArray, qint32> m_detailPlaces;
     qint64 m_shownUnit = 1; ///< the unit of the sizes in the rows: that of the last rebuild
     QTimer m_tellViews;
 
     ListWalk m_walk;
-    std::vector<FundKnoten*> m_next; ///< the rows that a rebuild has chosen so far
+    /// The rows that a rebuild has chosen so far. While it works, the rows that are shown stay as they are.
+    std::vector<Choice> m_next;
+    std::vector<FundKnoten*> m_hidden; ///< the items that will lose their rows
     QTimer m_rebuildSlice;
     QIcon m_fileIcon;
     QIcon m_folderIcon;

@@ -79,7 +79,7 @@ public:
         m_place = large ? QStyleOptionViewItem::Top : QStyleOptionViewItem::Left;
         setFlow(mode == FoundsMode::List ? QListView::TopToBottom : QListView::LeftToRight);
         setIconSize(large ? QSize(2 * line, 2 * line) : QSize(line, line));
-        setGridSize(large ? QSize(8 * line, 4 * line + line / 2) : QSize(14 * line, line + line / 3));
+        setGridSize(large ? QSize(9 * line, 4 * line + line / 2) : QSize(14 * line, line + line / 3));
     }
 
 protected:

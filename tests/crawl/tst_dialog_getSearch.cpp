@@ -66,6 +66,7 @@ void tst_dialog_getSearch::confirms_data()
     row("capital letters are no protocol", "HTTP://h/", true, 0, "http://HTTP://h/", {});
     row("a host that begins with a dot", "http://.org", true, 0, "", invalid);
     row("nothing", "", true, 0, "", invalid);
+    row("another protocol", "https://h/", true, 0, "http://https://h/", m_language.text("more.onlyHttp"));
     row("no depth limit", "h", false, 0, "http://h", unlimited);
     row("no depth limit, outside of sub-URLs", "h", false, 2, "http://h", unlimited);
     row("no depth limit, inside of sub-URLs", "h", false, 1, "http://h", {});
