@@ -109,7 +109,7 @@ private:
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
+    QApplication::setApplicationName(QStringLiteral("Tarnwick"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (argc != 3)
         return 2;

@@ -89,7 +89,7 @@ void MainWindow::layOut()
     rows->addWidget(m_filter);
     setCentralWidget(area);
     setStatusBar(m_status);
-    resize(62 * line, 40 * line);
+    resize(72 * line, 44 * line);
     m_list->setFocus();
 }
 
@@ -328,7 +328,7 @@ void MainWindow::updateStatus()
 
 void MainWindow::updateTitle()
 {
-    const QString program = QApplication::applicationDisplayName();
+    const QString program = QApplication::applicationName();
     const QString file = QFileInfo(m_search.fileName()).fileName();
     setWindowTitle(file.isEmpty() ? program : file + QStringLiteral(" – ") + program);
 }

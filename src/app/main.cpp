@@ -41,7 +41,6 @@ int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tarnwick"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
     QApplication::setApplicationVersion(QStringLiteral(TARNWICK_VERSION));
     QIcon icon;
     for (const int size : { 16, 32, 48, 256 })

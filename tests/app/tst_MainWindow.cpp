@@ -81,7 +81,7 @@ private:
 
 void tst_MainWindow::initTestCase()
 {
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
+    QGuiApplication::setApplicationName(QStringLiteral("Tarnwick"));
     qputenv("XDG_CONFIG_HOME", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
     qputenv("APPDATA", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
 }
