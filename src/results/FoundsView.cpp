@@ -5,6 +5,7 @@
 #include "results/FoundModel.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QListView>
 #include <QMenu>
 #include <QPainter>
@@ -16,7 +17,7 @@
 
 namespace {
 
-/// A view that says something while it has no rows.
+/// A view that says something while it has no rows, and in which the space bar marks the current row.
 template <typename View> class SpeakingView : public View {
 public:
     using View::View;
@@ -37,6 +38,17 @@ protected:
         painter.setPen(this->palette().color(QPalette::PlaceholderText));
         const QRect margins = this->viewport()->rect().adjusted(20, 20, -20, -20);
         painter.drawText(margins, Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const QModelIndex row = this->currentIndex().siblingAtColumn(FoundModel::Filename);
+        if (event->key() != Qt::Key_Space || event->modifiers() != Qt::NoModifier || !row.isValid()) {
+            View::keyPressEvent(event);
+            return;
+        }
+        const bool marked = row.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        this->model()->setData(row, marked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
     }
 
 private:

@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QClipboard>
 #include <QDialog>
+#include <QDir>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -335,10 +337,14 @@ void tst_MainWindow::marksSelectsAndCopies()
     choose(*m_window, "m_markedSelect");
     choose(*m_window, "m_selectedToClipboard");
     QCOMPARE(copied(), QStringLiteral("/a/one.html\r\n/b/three.pdf"));
+    details().setCurrentIndex(details().model()->index(5, FoundModel::Url));
+    QTest::keyClick(&details(), Qt::Key_Space);
+    choose(*m_window, "m_markedToClipboard");
+    QCOMPARE(copied(), QStringLiteral("/a/one.html\r\n/b/c/four.html"));
     choose(*m_window, "m_selectAll");
     choose(*m_window, "m_selectedDemark");
     choose(*m_window, "m_markedToClipboard"); // Nothing is marked, so the clipboard stays.
-    QCOMPARE(copied(), QStringLiteral("/a/one.html\r\n/b/three.pdf"));
+    QCOMPARE(copied(), QStringLiteral("/a/one.html\r\n/b/c/four.html"));
 }
 
 void tst_MainWindow::speaksEveryLanguage_data()
@@ -475,7 +481,13 @@ void tst_MainWindow::findsTheGuide()
     QFETCH(int, language);
     choose(*m_window, qPrintable(QStringLiteral("m_lang(%1)").arg(language)));
     choose(*m_window, "m_goHelpfile");
-    QTEST(QFileInfo(m_shell.openedFiles.value(0)).fileName(), "page");
+    const QString page = QFileInfo(m_shell.openedFiles.value(0)).fileName();
+    QTEST(page, "page");
+    const QDir guide(QStringLiteral(TARNWICK_GUIDE));
+    static const QRegularExpression picture(QStringLiteral("src=\"([^\"]+)\""));
+    QVERIFY(guide.exists(page));
+    for (const auto& match : picture.globalMatch(QString::fromUtf8(contentOf(guide.filePath(page)))))
+        QVERIFY2(guide.exists(match.captured(1)), qPrintable(match.captured(1)));
     QVERIFY(m_messages.told.isEmpty());
     m_shell.opens = false;
     choose(*m_window, "m_goHelpfile");
