@@ -27,9 +27,10 @@ bool printToStandardOutput(const std::function<void(QIODevice&)>& write)
 }
 
 CommandParser::CommandParser(const QString& command, const QString& description, const QString& example,
-    const QString& argument, const QString& argumentDescription)
+    const QString& argument, const QString& argumentDescription, Count count)
     : m_command(command)
     , m_argument(argument)
+    , m_count(count)
 {
     m_parser.setApplicationDescription(description + QLatin1String("\n\nExample:\n  tarnwick-cli ") + example);
     m_parser.addOption({ { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Show this help.") });
@@ -56,10 +57,10 @@ bool CommandParser::parse(const QStringList& arguments)
         return false;
     }
     const QStringList given = m_parser.positionalArguments();
-    if (given.isEmpty())
+    if (given.size() < m_count.least)
         throw UsageError { QStringLiteral("%1: %2 is missing").arg(m_command, m_argument) };
-    if (given.size() > 1)
-        throw UsageError { QStringLiteral("%1: unexpected argument '%2'").arg(m_command, given[1]) };
+    if (given.size() > m_count.most)
+        throw UsageError { QStringLiteral("%1: unexpected argument '%2'").arg(m_command, given[m_count.most]) };
     return true;
 }
 

@@ -31,9 +31,21 @@ void complain(const QString& text);
 /// The parser of one command, with its help.
 class CommandParser {
 public:
-    /// `argument` is the one positional argument, which is required.
+    /// How many positional arguments there must be, both bounds included.
+    struct Count {
+        qsizetype least = 1;
+        qsizetype most = 1;
+    };
+
+    /// `argument` is how the help names the positional arguments.
     CommandParser(const QString& command, const QString& description, const QString& example, const QString& argument,
-        const QString& argumentDescription);
+        const QString& argumentDescription, Count count);
+    /// For one positional argument, which is required.
+    CommandParser(const QString& command, const QString& description, const QString& example, const QString& argument,
+        const QString& argumentDescription)
+        : CommandParser(command, description, example, argument, argumentDescription, {})
+    {
+    }
 
     void addSwitch(const QStringList& names, const QString& description);
     void addValue(const QStringList& names, const QString& description, const QString& valueName);
@@ -45,8 +57,9 @@ public:
     /// The last value given; empty when there is none.
     [[nodiscard]] QString value(const QString& name) const { return m_parser.value(name); }
     [[nodiscard]] QStringList values(const QString& name) const { return m_parser.values(name); }
-    /// The positional argument.
+    /// The first positional argument.
     [[nodiscard]] QString argument() const { return m_parser.positionalArguments().constFirst(); }
+    [[nodiscard]] QStringList arguments() const { return m_parser.positionalArguments(); }
 
     /// The value as a whole number from 0 to 2^31-1. Throws UsageError for anything else.
     [[nodiscard]] qint32 wholeNumber(const QString& name) const;
@@ -55,4 +68,5 @@ private:
     QCommandLineParser m_parser;
     QString m_command;
     QString m_argument;
+    Count m_count;
 };

@@ -78,31 +78,40 @@ const QString branch = QStringLiteral("branch");
 
 void PrintOptions::addTo(CommandParser& parser)
 {
+    parser.addValue({ QStringLiteral("f"), QStringLiteral("format") },
+        QStringLiteral("How items are printed: tsv, urls, json or table. Default: table on a terminal, else tsv."),
+        QStringLiteral("FORMAT"));
+    addFilterTo(parser);
+}
+
+void PrintOptions::addFilterTo(CommandParser& parser)
+{
     const QString type = QStringLiteral("TYPE");
     const QString text = QStringLiteral("TEXT");
     const QString number = QStringLiteral("N");
     const QString size = QStringLiteral("SIZE");
-    parser.addValue({ QStringLiteral("f"), QStringLiteral("format") },
-        QStringLiteral("How items are printed: tsv, urls, json or table. Default: table on a terminal, else tsv."),
-        QStringLiteral("FORMAT"));
-    parser.addValue({ mime }, QStringLiteral("Print only items of this MIME type, as sent. Repeatable."), type);
-    parser.addValue({ notMime }, QStringLiteral("Print no items of this MIME type. Repeatable."), type);
-    parser.addValue({ urlPart }, QStringLiteral("Print only URLs that contain this text. Repeatable."), text);
-    parser.addValue({ notUrlPart }, QStringLiteral("Print no URLs that contain this text. Repeatable."), text);
-    parser.addValue({ minDepth }, QStringLiteral("Print only items of at least this depth."), number);
-    parser.addValue({ maxDepth }, QStringLiteral("Print only items of at most this depth."), number);
-    parser.addValue({ minSize }, QStringLiteral("Print only items of at least this size (bytes, or 10K, 2M)."), size);
-    parser.addValue({ maxSize }, QStringLiteral("Print only items of at most this size."), size);
-    parser.addValue({ branch }, QStringLiteral("Print only items below this sub-URL."), QStringLiteral("SUBURL"));
+    parser.addValue({ mime }, QStringLiteral("Only items of this MIME type, as sent. Repeatable."), type);
+    parser.addValue({ notMime }, QStringLiteral("No items of this MIME type. Repeatable."), type);
+    parser.addValue({ urlPart }, QStringLiteral("Only URLs that contain this text. Repeatable."), text);
+    parser.addValue({ notUrlPart }, QStringLiteral("No URLs that contain this text. Repeatable."), text);
+    parser.addValue({ minDepth }, QStringLiteral("Only items of at least this depth."), number);
+    parser.addValue({ maxDepth }, QStringLiteral("Only items of at most this depth."), number);
+    parser.addValue({ minSize }, QStringLiteral("Only items of at least this size (bytes, or 10K, 2M)."), size);
+    parser.addValue({ maxSize }, QStringLiteral("Only items of at most this size."), size);
+    parser.addValue({ branch }, QStringLiteral("Only items below this sub-URL."), QStringLiteral("SUBURL"));
 }
 
 PrintOptions PrintOptions::from(const CommandParser& parser)
 {
+    return { formatFrom(parser), filterFrom(parser) };
+}
+
+ResultFilter PrintOptions::filterFrom(const CommandParser& parser)
+{
     const auto wholeNumber = [](const CommandParser& p, const QString& name) {
         return qint64 { p.wholeNumber(name) };
     };
-    PrintOptions options { formatFrom(parser), {} };
-    ResultFilter& filter = options.filter;
+    ResultFilter filter;
     filter.depth = rangeFrom(parser, minDepth, maxDepth, wholeNumber);
     filter.size = rangeFrom(parser, minSize, maxSize, sizeFrom);
     filter.mimeSwitch = switchFrom(parser, mime, notMime);
@@ -112,5 +121,5 @@ PrintOptions PrintOptions::from(const CommandParser& parser)
     filter.filterTexte = textsFrom(parser, urlPart, notUrlPart);
     if (parser.isSet(branch))
         filter.branch = SubUrl::fromText(allgemein::toSystem(parser.value(branch)));
-    return options;
+    return filter;
 }

@@ -14,4 +14,9 @@ struct PrintOptions {
     static void addTo(CommandParser& parser);
     /// Throws UsageError.
     [[nodiscard]] static PrintOptions from(const CommandParser& parser);
+
+    /// The options that say which items are meant, alone.
+    static void addFilterTo(CommandParser& parser);
+    /// Throws UsageError.
+    [[nodiscard]] static ResultFilter filterFrom(const CommandParser& parser);
 };

@@ -10,11 +10,14 @@ namespace {
 
 constexpr qint64 interval = 100; // milliseconds
 
-void writeOver(const QString& text)
+/// Writes lines in the place of those that were written before.
+void writeOver(qsizetype before, const QStringList& lines)
 {
-    constexpr const char* toLineStartAndErase = "\r\033[K";
-    std::fputs(toLineStartAndErase, stderr);
-    std::fputs(allgemein::toSystem(text).constData(), stderr);
+    QByteArray text = "\r";
+    text += QByteArray("\033[A").repeated(before - 1); // up to the first of them
+    text += "\033[J"; // everything from here on erased
+    text += allgemein::toSystem(lines.join(u'\n'));
+    std::fputs(text.constData(), stderr);
     std::fflush(stderr);
 }
 
@@ -27,21 +30,24 @@ ProgressLine::ProgressLine(bool active)
 
 bool ProgressLine::isDue() const
 {
-    return m_active && (!m_shown || m_sinceShown.elapsed() >= interval);
+    return m_active && (m_shown == 0 || m_sinceShown.elapsed() >= interval);
 }
 
-void ProgressLine::show(const QString& text)
+void ProgressLine::show(const QStringList& texts)
 {
     if (!m_active)
         return;
-    writeOver(terminal::printable(text).left(terminal::columns() - 1));
-    m_shown = true;
+    QStringList lines;
+    for (const QString& text : texts)
+        lines += terminal::printable(text).left(terminal::columns() - 1);
+    writeOver(qMax(m_shown, qsizetype { 1 }), lines);
+    m_shown = texts.size();
     m_sinceShown.start();
 }
 
 void ProgressLine::clear()
 {
-    if (m_shown)
-        writeOver({});
-    m_shown = false;
+    if (m_shown > 0)
+        writeOver(m_shown, {});
+    m_shown = 0;
 }

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QString>
+#include <QStringList>
 
-/// A line on standard error that is written over and over. It is brought up to date a few times a second at most,
-/// however often it is told something new.
+/// A line on standard error, or a few, that are written over and over. They are brought up to date a few times a second
+/// at most, however often it is told something new.
 class ProgressLine {
 public:
     /// An inactive line never writes anything.
@@ -14,12 +14,14 @@ public:
     /// True when it is time to show something new.
     [[nodiscard]] bool isDue() const;
     /// Shows a text, cut to the width of the terminal.
-    void show(const QString& text);
-    /// Removes the line, so that other output starts on an empty one.
+    void show(const QString& text) { show(QStringList(text)); }
+    /// Shows a line for each text.
+    void show(const QStringList& texts);
+    /// Removes the lines, so that other output starts on an empty one.
     void clear();
 
 private:
     bool m_active;
-    bool m_shown = false;
+    qsizetype m_shown = 0; ///< how many lines stand there
     QElapsedTimer m_sinceShown;
 };

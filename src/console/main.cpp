@@ -2,7 +2,9 @@
 #include "base/lang.h"
 #include "console/CommandLine.h"
 #include "console/CookiesCommand.h"
+#include "console/DownloadCommand.h"
 #include "console/ListCommand.h"
+#include "console/NumberCommand.h"
 #include "console/SearchCommand.h"
 
 #include <QCoreApplication>
@@ -16,6 +18,9 @@ Searches a web site for files.
 Commands:
   search START_URL     Searches a site and prints every URL found.
   list FILE.twk        Prints the found items of a search file.
+  download TARGET_DIR SOURCE...
+                       Downloads URLs, or the items of search files.
+  number URL           Prints a run of numbered URLs.
   cookies show URL     Prints the Cookie line that a request for URL would carry.
 
 Options:
@@ -41,6 +46,10 @@ int runCommand(const QString& command, const QStringList& arguments)
         return runSearchCommand(arguments);
     if (command == QLatin1String("list"))
         return runListCommand(arguments);
+    if (command == QLatin1String("download"))
+        return runDownloadCommand(arguments);
+    if (command == QLatin1String("number"))
+        return runNumberCommand(arguments);
     if (command == QLatin1String("cookies"))
         return runCookiesCommand(arguments);
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {

@@ -54,7 +54,7 @@ void ItemFetch::onHeader(const QByteArray& header)
 {
     m_item.statusCode = httpHeader::statusCode(header);
     m_extras.takeCookie(httpHeader::setCookie(header), m_item.adresse);
-    if (m_rules.followRelocation && isRelocation()) {
+    if (m_rules.followRelocation && httpHeader::isRelocation(m_item.statusCode)) {
         m_item.zustand = Zustand::Umgeleitet;
         m_location = httpHeader::location(header);
     } else {
@@ -62,11 +62,6 @@ void ItemFetch::onHeader(const QByteArray& header)
     }
     if (m_item.zustand != Zustand::LaedtHtml)
         end();
-}
-
-bool ItemFetch::isRelocation() const
-{
-    return m_item.statusCode == 301 || m_item.statusCode == 302 || m_item.statusCode == 307;
 }
 
 void ItemFetch::takeAnswer(const QByteArray& header)

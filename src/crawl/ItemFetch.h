@@ -65,7 +65,6 @@ private:
     void onHeader(const QByteArray& header);
     void onBody(const QByteArray& piece);
     void onFailed(const SocketFailure& failure);
-    [[nodiscard]] bool isRelocation() const;
     void takeAnswer(const QByteArray& header);
     void end();
 

@@ -67,6 +67,24 @@ QByteArray setCookie(const QByteArray& header)
     return holeFeld(header, "Set-Cookie");
 }
 
+QByteArrayList setCookies(const QByteArray& header)
+{
+    constexpr QByteArrayView start = "Set-Cookie: ";
+    QByteArrayList values;
+    for (qsizetype at = allgemein::indexOfNoCase(header, start); at != notFound;
+         at = allgemein::indexOfNoCase(header, start, at + start.size())) {
+        const qsizetype from = at + start.size();
+        const qsizetype end = header.indexOf('\r', from);
+        values += end == notFound ? header.sliced(from) : header.sliced(from, end - from);
+    }
+    return values;
+}
+
+bool isRelocation(qint32 status)
+{
+    return status == 301 || status == 302 || status == 307;
+}
+
 qint32 statusCode(const QByteArray& header)
 {
     const qsizetype version = header.indexOf("HTTP/1");

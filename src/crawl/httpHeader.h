@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QByteArrayView>
 
 #include <optional>
@@ -38,9 +39,13 @@ namespace httpHeader {
 [[nodiscard]] QByteArray location(const QByteArray& header);
 /// Only the first Set-Cookie field.
 [[nodiscard]] QByteArray setCookie(const QByteArray& header);
+/// Every Set-Cookie field, in the order of the header. One at the end of a longer name counts too.
+[[nodiscard]] QByteArrayList setCookies(const QByteArray& header);
 /// The number between the first two blanks behind "HTTP/1" (exact letter case), or behind the first when there is no
 /// second; 0 without it.
 [[nodiscard]] qint32 statusCode(const QByteArray& header);
+/// Whether a status sends the client elsewhere: 301, 302 or 307. (303 is not taken for one.)
+[[nodiscard]] bool isRelocation(qint32 status);
 /// In bytes; -1 without the field, 0 when its value is not a number.
 [[nodiscard]] qint64 contentLength(const QByteArray& header);
 /// With its parameters; "?" without the field.

@@ -3,7 +3,7 @@
 
 #include "crawl/ItemFetch.h"
 #include "crawl/ListWalk.h"
-#include "results/RowRuns.h"
+#include "base/RowRuns.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "results/RowRuns.h"
+#include "base/RowRuns.h"
 
 class FoundModel;
 class FoundsView;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "results/RowRuns.h"
+#include "base/RowRuns.h"
 
 #include <algorithm>
 

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/DownloadQueue.h"
+
+#include "base/allgemein.h"
+#include "crawl/url.h"
+#include "downloads/Transfer.h"
+
+#include <algorithm>
+#include <utility>
+
+DownloadQueue::DownloadQueue(RequestExtras& extras, QObject* parent)
+    : QObject(parent)
+    , m_extras(extras)
+{
+}
+
+DownloadQueue::~DownloadQueue() = default;
+
+void DownloadQueue::addDL(const QByteArray& url, qint64 size, const QByteArray& referer)
+{
+    const QByteArray oneLine = allgemein::onOneLine(url);
+    if (m_urls.contains(oneLine))
+        return;
+    auto entry = std::make_unique<DownloadEntry>();
+    entry->id = ++m_lastId;
+    entry->url = oneLine;
+    entry->size = size;
+    entry->referer = referer;
+    m_urls.insert(oneLine, 1);
+    m_entries.push_back(std::move(entry));
+    emit added();
+    if (m_settings.startImmediately) {
+        enqueue(*m_entries.back());
+        startWaiting();
+    }
+}
+
+void DownloadQueue::startWaiting()
+{
+    const int slotCount = m_settings.active ? m_settings.maxDL : 0;
+    for (int index = 0; index < slotCount && !m_waiting.empty(); ++index) {
+        if (Slot& slot = m_slots[static_cast<size_t>(index)]; slot.item == 0)
+            startNextForSlot(slot);
+    }
+    tellIfIdle();
+}
+
+void DownloadQueue::startNextForSlot(Slot& slot)
+{
+    const bool inUse = &slot - m_slots.data() < m_settings.maxDL;
+    for (;;) {
+        const auto next = m_waiting.lower_bound(slot.item);
+        if (!inUse || next == m_waiting.end()) {
+            slot.item = 0;
+            return;
+        }
+        DownloadEntry& entry = entryOf(*next);
+        m_waiting.erase(next);
+        m_wasBusy = true;
+        if (startEntry(slot, entry))
+            return;
+    }
+}
+
+bool DownloadQueue::startEntry(Slot& slot, DownloadEntry& entry)
+{
+    slot.item = entry.id;
+    if (url::protocolOf(entry.url) != "http") {
+        entry.status = DownloadStatus::UnsupportedProtocol;
+        entry.tag = DownloadTag::Failed;
+        emit changed(entry.id);
+        emit ended(entry);
+        return false;
+    }
+    slot.url = entry.url;
+    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, this);
+    connect(slot.transfer.get(), &Transfer::changed, this, [this, id = entry.id] { emit changed(id); });
+    connect(slot.transfer.get(), &Transfer::ended, this, [this, &slot] { finishSlot(slot); });
+    slot.transfer->start();
+    emit changed(entry.id);
+    return true;
+}
+
+void DownloadQueue::finishSlot(Slot& slot)
+{
+    const DownloadEntry& entry = entryOf(slot.item);
+    release(slot);
+    emit ended(entry);
+    if (entry.tag == DownloadTag::Complete && m_settings.removeFinished) {
+        const int row = rowOf(slot.item);
+        removeRun({ row, row });
+    }
+    goOn(slot);
+}
+
+void DownloadQueue::goOn(Slot& slot)
+{
+    startNextForSlot(slot);
+    // What waits further up has waited for a free slot.
+    startWaiting();
+}
+
+void DownloadQueue::release(Slot& slot)
+{
+    if (!slot.transfer)
+        return;
+    slot.transfer->stop();
+    slot.transfer->disconnect(this);
+    // Not at once: this may have been called by one of its signals.
+    slot.transfer.release()->deleteLater();
+    if (const QByteArray& url = entryOf(slot.item).url; url != slot.url) {
+        forgetUrl(slot.url);
+        ++m_urls[url];
+    }
+}
+
+void DownloadQueue::enqueue(DownloadEntry& entry)
+{
+    entry.status = DownloadStatus::Enqueued;
+    entry.tag = DownloadTag::Waiting;
+    m_waiting.insert(entry.id);
+    emit changed(entry.id);
+}
+
+void DownloadQueue::queue(const RowRuns& rows)
+{
+    for (const RowRun& run : rows) {
+        for (int row = run.first; row <= run.last; ++row) {
+            DownloadEntry& entry = *m_entries[static_cast<size_t>(row)];
+            if (Slot* const slot = slotOf(entry.id)) {
+                release(*slot);
+                slot->item = 0;
+            }
+            enqueue(entry);
+        }
+    }
+    startWaiting();
+}
+
+void DownloadQueue::stop(const RowRuns& rows)
+{
+    for (Slot& slot : m_slots) {
+        const int row = slot.transfer ? rowOf(slot.item) : -1;
+        const auto holdsRow = [row](const RowRun& run) {
+            return run.first <= row && row <= run.last;
+        };
+        if (std::none_of(rows.begin(), rows.end(), holdsRow))
+            continue;
+        release(slot);
+        emit changed(slot.item);
+        goOn(slot);
+    }
+}
+
+void DownloadQueue::remove(const RowRuns& rows)
+{
+    std::vector<Slot*> freed;
+    std::for_each(rows.rbegin(), rows.rend(), [&](const RowRun& run) {
+        for (Slot& slot : m_slots) {
+            const int row = slot.transfer ? rowOf(slot.item) : -1;
+            if (run.first > row || row > run.last)
+                continue;
+            release(slot);
+            freed.push_back(&slot);
+        }
+        removeRun(run);
+    });
+    for (Slot* const slot : freed)
+        goOn(*slot);
+    tellIfIdle();
+}
+
+void DownloadQueue::removeRun(const RowRun& run)
+{
+    const auto first = m_entries.begin() + run.first;
+    const auto end = m_entries.begin() + run.last + 1;
+    emit aboutToRemove(run.first, run.last);
+    for (auto entry = first; entry != end; ++entry) {
+        m_waiting.erase((*entry)->id);
+        forgetUrl((*entry)->url);
+    }
+    m_entries.erase(first, end);
+    emit removed();
+}
+
+void DownloadQueue::forgetUrl(const QByteArray& url)
+{
+    const auto known = m_urls.find(url);
+    if (known != m_urls.end() && --*known == 0)
+        m_urls.erase(known);
+}
+
+void DownloadQueue::tellIfIdle()
+{
+    if (m_wasBusy && m_waiting.empty() && runningCount() == 0) {
+        m_wasBusy = false;
+        emit idle();
+    }
+}
+
+int DownloadQueue::rowOf(quint64 id) const
+{
+    const auto place = std::lower_bound(m_entries.begin(), m_entries.end(), id,
+        [](const std::unique_ptr<DownloadEntry>& entry, quint64 wanted) { return entry->id < wanted; });
+    return static_cast<int>(place - m_entries.begin());
+}
+
+DownloadEntry& DownloadQueue::entryOf(quint64 id)
+{
+    return *m_entries[static_cast<size_t>(rowOf(id))];
+}
+
+DownloadQueue::Slot* DownloadQueue::slotOf(quint64 id)
+{
+    const auto slot =
+        std::find_if(m_slots.begin(), m_slots.end(), [id](const Slot& one) { return one.transfer && one.item == id; });
+    return slot == m_slots.end() ? nullptr : &*slot;
+}
+
+bool DownloadQueue::isRunning(quint64 id) const
+{
+    return std::any_of(
+        m_slots.begin(), m_slots.end(), [id](const Slot& slot) { return slot.transfer && slot.item == id; });
+}
+
+int DownloadQueue::runningCount() const
+{
+    return static_cast<int>(
+        std::count_if(m_slots.begin(), m_slots.end(), [](const Slot& slot) { return slot.transfer != nullptr; }));
+}
+
+std::vector<const DownloadEntry*> DownloadQueue::running() const
+{
+    std::vector<const DownloadEntry*> entries;
+    for (const Slot& slot : m_slots) {
+        if (slot.transfer)
+            entries.push_back(&entryAt(rowOf(slot.item)));
+    }
+    return entries;
+}

@@ -1,0 +1,410 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/DownloadQueue.h"
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "downloads/DownloadText.h"
+#include "support/PlainExtras.h"
+#include "support/ScriptedServer.h"
+#include "support/Text.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+class tst_DownloadQueue : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void endsWithItsTagAndText_data();
+    void endsWithItsTagAndText();
+    void writesEveryByte();
+    void replacesOnlyWhenAsked();
+    void refusesFoldersThatCannotBeMade();
+    void aFullDiskIsAFailure();
+    void storesEveryCookie();
+    void aRelocatedEntryIsQueuedForItsNewAddress();
+    void addsEachUrlOnce();
+    void whatIsNotQueuedWaits();
+    void slotsGoOnDownTheList();
+    void removingKeepsSlotsAtTheirEntries();
+    void stoppingFreesTheSlot();
+    void finishedEntriesGoWhenAsked();
+    void nothingLosesItsSlot();
+    void showsProgress_data();
+    void showsProgress();
+
+private:
+    [[nodiscard]] QByteArray url(const QByteArray& path) const { return m_server->origin() + path; }
+    void add(const QByteArray& path) { m_queue->addDL(url(path), -1, {}); }
+    /// The letters of the entries' tags; "." for none.
+    [[nodiscard]] QByteArray tags() const;
+    [[nodiscard]] bool isIdle() const { return m_queue->runningCount() + m_queue->waitingCount() == 0; }
+    void stall(const QByteArray& path) { m_server->script(path, { { okHeader("x/y") }, Afterwards::Stall }); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<ScriptedServer> m_server;
+    PlainExtras m_extras;
+    std::unique_ptr<DownloadQueue> m_queue;
+};
+
+void tst_DownloadQueue::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_server = std::make_unique<ScriptedServer>();
+    m_extras = {};
+    m_queue = std::make_unique<DownloadQueue>(m_extras);
+    m_queue->settings().target = allgemein::withTrailingSeparator(m_folder->filePath(QStringLiteral("target")));
+}
+
+void tst_DownloadQueue::cleanup()
+{
+    m_queue.reset();
+    m_server.reset();
+}
+
+QByteArray tst_DownloadQueue::tags() const
+{
+    QByteArray letters;
+    for (int row = 0; row < m_queue->count(); ++row) {
+        const QByteArray letter = letterOf(m_queue->entryAt(row).tag);
+        letters += letter.isEmpty() ? "." : letter;
+    }
+    return letters;
+}
+
+void tst_DownloadQueue::endsWithItsTagAndText_data()
+{
+    QTest::addColumn<QByteArrayList>("pieces");
+    QTest::addColumn<bool>("resets");
+    QTest::addColumn<QByteArray>("tag");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QByteArray>("file");
+    const auto row = [](const char* title, const QByteArrayList& pieces, const char* tag, const char* status,
+                         const QByteArray& file, bool resets = false) {
+        QTest::newRow(title) << pieces << resets << QByteArray(tag) << QString::fromLatin1(status) << file;
+    };
+    const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+    const char* const tooShort = "Disconnected before file seemed to be complete.";
+    row("complete", { ok + "Content-Length: 5\r\n\r\nhello" }, "C", "Finished", "hello");
+    row("dripping in", dripped(ok + "Content-Length: 5\r\n\r\nhello"), "C", "Finished", "hello");
+    row("an answer that says no is a file too", { "HTTP/1.1 404 No\r\nContent-Length: 2\r\n\r\nno" }, "C", "Finished",
+        "no");
+    row("too short", { ok + "Content-Length: 9\r\n\r\nhello" }, "S", tooShort, "hello");
+    row("too long", { ok + "Content-Length: 2\r\n\r\nhello" }, "S", tooShort, "hello");
+    row("no length, a body", { ok + "\r\nhello" }, "S", tooShort, "hello");
+    row("no length, no body", { ok + "\r\n" }, "C", "Finished", "");
+    row("closed before the header", {}, "F", "Prematurely disconnected", {});
+    row("closed in the header", { ok + "Content-Le" }, "F", "Prematurely disconnected", {});
+    row("reset in the body", { ok + "Content-Length: 9\r\n\r\nhello" }, "S", tooShort, "hello", true);
+    row("relocated", { "HTTP/1.1 302 Found\r\nLocation: /x\r\n\r\n" }, "F", "Relocated", {});
+    row("a 303 is an answer", { "HTTP/1.1 303 Other\r\nContent-Length: 1\r\n\r\n." }, "C", "Finished", ".");
+    row("an endless header", { ok + QByteArray(300'000, 'x') }, "F", "Prematurely disconnected", {});
+}
+
+void tst_DownloadQueue::endsWithItsTagAndText()
+{
+    QFETCH(QByteArrayList, pieces);
+    QFETCH(bool, resets);
+    m_server->script("/f", { pieces, resets ? Afterwards::Reset : Afterwards::Close });
+    m_server->script("/next", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_queue->settings().maxDL = 1;
+    QSignalSpy ended(m_queue.get(), &DownloadQueue::ended);
+    add("/f");
+    add("/next");
+    QTRY_VERIFY(isIdle());
+    QCOMPARE(ended.count(), 2);
+    const DownloadEntry& entry = m_queue->entryAt(0);
+    QTEST(letterOf(entry.tag), "tag");
+    QTEST(downloadText::status(entry, LanguageTable()), "status");
+    QTEST(contentOf(m_folder->filePath(QStringLiteral("target/f"))), "file");
+    QCOMPARE(m_queue->entryAt(1).tag, DownloadTag::Complete);
+}
+
+void tst_DownloadQueue::writesEveryByte()
+{
+    QByteArray body;
+    for (int number = 0; number < 300'000; ++number)
+        body += static_cast<char>(number * 7 % 256);
+    m_server->script("/big",
+        { { "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n", body.first(100'001),
+            body.sliced(100'001) } });
+    add("/big");
+    QTRY_COMPARE(tags(), "C");
+    QCOMPARE(contentOf(m_queue->entryAt(0).target), body);
+    QCOMPARE(m_queue->entryAt(0).received, body.size());
+}
+
+void tst_DownloadQueue::replacesOnlyWhenAsked()
+{
+    m_server->script("/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nnew" } });
+    const QString file = m_folder->filePath(QStringLiteral("target/f"));
+    QVERIFY(QDir().mkpath(m_queue->settings().target) && writeFile(file, "the old one"));
+    add("/f");
+    QTRY_COMPARE(tags(), "F");
+    QCOMPARE(downloadText::status(m_queue->entryAt(0), LanguageTable()), QStringLiteral("File already exists"));
+    QCOMPARE(contentOf(file), "the old one");
+    m_queue->settings().overwrite = true;
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(tags(), "C");
+    QCOMPARE(contentOf(file), "new");
+}
+
+void tst_DownloadQueue::refusesFoldersThatCannotBeMade()
+{
+    m_server->script("/a/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_server->script("/../f", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    QVERIFY(writeFile(m_folder->filePath(QStringLiteral("file")), "x"));
+    m_queue->settings().target = m_folder->filePath(QStringLiteral("file/in/it/"));
+    add("/a/f");
+    QTRY_COMPARE(tags(), "F");
+    m_queue->settings().target = allgemein::withTrailingSeparator(m_folder->path());
+    m_queue->settings().naming.dirByUrl = true;
+    add("/../f");
+    QTRY_COMPARE(tags(), "FF");
+    m_queue->settings().naming = { false, false, false };
+    add("/a/");
+    QTRY_COMPARE(tags(), "FFF");
+    const auto status = [this](int row) {
+        return downloadText::status(m_queue->entryAt(row), LanguageTable());
+    };
+    QCOMPARE(status(0), QStringLiteral("Error while creating directory."));
+    QCOMPARE(status(1), QStringLiteral("Error while creating directory."));
+    QCOMPARE(status(2), QStringLiteral("Error while creating file"));
+    QCOMPARE(
+        QDir(m_folder->path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList(QStringLiteral("file")));
+}
+
+void tst_DownloadQueue::aFullDiskIsAFailure()
+{
+    if (!QFileInfo::exists(QStringLiteral("/dev/full")))
+        QSKIP("This system has no disk that is always full.");
+    m_server->script("/full", { { "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello" } });
+    QVERIFY(QDir().mkpath(m_queue->settings().target));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_folder->filePath(QStringLiteral("target/full"))));
+    m_queue->settings().overwrite = true;
+    add("/full");
+    QTRY_COMPARE(tags(), "F");
+    QCOMPARE(downloadText::status(m_queue->entryAt(0), LanguageTable()), QStringLiteral("Error while writing file"));
+}
+
+void tst_DownloadQueue::storesEveryCookie()
+{
+    m_server->script(
+        "/f", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1\r\nset-cookie: b=2; path=/\r\nContent-Length: 0\r\n\r\n" } });
+    m_extras.referer = true;
+    m_queue->addDL(url("/f"), -1, "http://r/");
+    QTRY_COMPARE(tags(), "C");
+    QCOMPARE(m_extras.takenCookies, (QList<QByteArray> { "a=1", "b=2; path=/" }));
+    QVERIFY(m_server->requests().first().contains("Referer: http://r/\r\n"));
+}
+
+void tst_DownloadQueue::aRelocatedEntryIsQueuedForItsNewAddress()
+{
+    m_server->relocation("/old", "new");
+    m_server->script("/new", { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } });
+    add("/old");
+    QTRY_COMPARE(tags(), "F");
+    QCOMPARE(m_queue->entryAt(0).url, url("/new"));
+    add("/new"); // The list has it already.
+    QCOMPARE(m_queue->count(), 1);
+    add("/old");
+    QCOMPARE(m_queue->count(), 2);
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(m_queue->entryAt(0).tag, DownloadTag::Complete);
+
+    m_queue->settings().followRelocation = false;
+    m_queue->remove({ { 1, 1 } });
+    add("/old");
+    QTRY_VERIFY(isIdle());
+    QCOMPARE(m_queue->entryAt(1).url, url("/old"));
+    QCOMPARE(m_queue->entryAt(1).tag, DownloadTag::Complete);
+}
+
+void tst_DownloadQueue::addsEachUrlOnce()
+{
+    m_queue->settings().startImmediately = false;
+    add("/a");
+    add("/a");
+    add("/A");
+    m_queue->addDL("http://h/\r\nX: y", 7, {});
+    QCOMPARE(m_queue->count(), 3);
+    QCOMPARE(m_queue->entryAt(2).url, "http://h/%0D%0AX: y");
+    QCOMPARE(m_queue->entryAt(2).size, 7);
+    m_queue->remove({ { 0, 0 } });
+    add("/a");
+    QCOMPARE(m_queue->count(), 3);
+}
+
+void tst_DownloadQueue::whatIsNotQueuedWaits()
+{
+    m_queue->settings().startImmediately = false;
+    add("/a");
+    m_queue->addDL("https://h/", -1, {});
+    QCOMPARE(tags(), "..");
+    QCOMPARE(downloadText::status(m_queue->entryAt(0), LanguageTable()), QString());
+    QSignalSpy idle(m_queue.get(), &DownloadQueue::idle);
+    m_queue->queue({ { 0, 1 } });
+    QTRY_COMPARE(tags(), "CF");
+    QCOMPARE(idle.count(), 1);
+    QCOMPARE(downloadText::status(m_queue->entryAt(1), LanguageTable()), QStringLiteral("Unsupported protocol"));
+}
+
+void tst_DownloadQueue::slotsGoOnDownTheList()
+{
+    for (const char* const path : { "/1", "/2", "/3", "/4", "/5" })
+        stall(path);
+    m_queue->settings().maxDL = 2;
+    m_queue->settings().overwrite = true;
+    for (const char* const path : { "/1", "/2", "/3", "/4", "/5" })
+        add(path);
+    QCOMPARE(tags(), "VVWWW");
+    QTRY_COMPARE(m_server->paths().size(), 2);
+    m_server->release("/2", {});
+    QTRY_COMPARE(tags(), "VCVWW");
+    // What is queued again further up waits for a slot that finds nothing further down.
+    m_queue->queue({ { 1, 1 } });
+    QTRY_COMPARE(m_server->paths().size(), 3);
+    m_server->release("/3", {});
+    QTRY_COMPARE(tags(), "VWCVW");
+    QTRY_COMPARE(m_server->paths().size(), 4);
+    m_server->release("/4", {});
+    QTRY_COMPARE(tags(), "VWCCV");
+    QTRY_COMPARE(m_server->paths().size(), 5);
+    m_server->release("/5", {});
+    QTRY_COMPARE(tags(), "VVCCC");
+}
+
+void tst_DownloadQueue::removingKeepsSlotsAtTheirEntries()
+{
+    for (const char* const path : { "/1", "/2", "/3" })
+        stall(path);
+    m_queue->settings().startImmediately = false;
+    for (const char* const path : { "/0", "/1", "/2", "/3" })
+        add(path);
+    m_queue->queue({ { 1, 3 } });
+    QTRY_COMPARE(m_server->paths().size(), 3);
+    m_queue->remove({ { 0, 0 }, { 2, 2 } });
+    QCOMPARE(m_queue->runningCount(), 2);
+    m_server->release("/3", "x");
+    QTRY_COMPARE(tags(), "VS");
+    QCOMPARE(m_queue->entryAt(1).url, url("/3"));
+}
+
+void tst_DownloadQueue::stoppingFreesTheSlot()
+{
+    stall("/1");
+    stall("/2");
+    m_queue->settings().maxDL = 1;
+    add("/1");
+    add("/2");
+    QTRY_COMPARE(m_queue->entryAt(0).status, DownloadStatus::Loading);
+    m_queue->stop({ { 0, 1 } });
+    QCOMPARE(tags(), "VV");
+    QVERIFY(!m_queue->isRunning(m_queue->entryAt(0).id));
+    QVERIFY(m_queue->isRunning(m_queue->entryAt(1).id));
+    QCOMPARE(m_queue->entryAt(0).status, DownloadStatus::Loading);
+}
+
+void tst_DownloadQueue::finishedEntriesGoWhenAsked()
+{
+    m_server->script("/1", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_server->script("/2", { { "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n" } });
+    m_queue->settings().removeFinished = true;
+    m_queue->settings().maxDL = 1;
+    add("/1");
+    add("/2");
+    QTRY_COMPARE(tags(), "S");
+    QCOMPARE(m_queue->entryAt(0).url, url("/2"));
+}
+
+/// Random commands while ten transfers run: every slot serves an entry of its own that is in the list and not waiting,
+/// and no slot is free while entries wait.
+void tst_DownloadQueue::nothingLosesItsSlot()
+{
+    QRandomGenerator random(4711);
+    m_queue->settings().maxDL = DownloadSettings::mostSlots;
+    m_queue->settings().overwrite = true;
+    const QList<Answer> answers { { { okHeader("x/y") }, Afterwards::Stall },
+        { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } }, {}, { { okHeader("x/y") }, Afterwards::Reset },
+        { { "HTTP/1.1 302 Found\r\nLocation: /1\r\n\r\n" } } };
+    int added = 0;
+    for (int step = 0; step < 4000; ++step) {
+        const int count = m_queue->count();
+        const int first = count > 0 ? random.bounded(count) : 0;
+        const RowRuns rows = count > 0 ? RowRuns { { first, qMin(count - 1, first + random.bounded(3)) } } : RowRuns();
+        switch (random.bounded(6)) {
+        case 0:
+            m_queue->remove(rows);
+            break;
+        case 1:
+            m_queue->stop(rows);
+            break;
+        case 2:
+            m_queue->queue(rows);
+            break;
+        case 3:
+            QCoreApplication::processEvents();
+            m_queue->settings().removeFinished = random.bounded(2) == 0;
+            break;
+        default: {
+            const QByteArray path = '/' + QByteArray::number(++added);
+            m_server->script(path, answers[random.bounded(answers.size())]);
+            add(path);
+        }
+        }
+        QSet<quint64> served;
+        for (const DownloadEntry* const entry : m_queue->running()) {
+            QVERIFY(!served.contains(entry->id));
+            served += entry->id;
+            QCOMPARE(entry->tag, DownloadTag::Running);
+            QCOMPARE(&m_queue->entryAt(m_queue->rowOf(entry->id)), entry);
+        }
+        QVERIFY(m_queue->waitingCount() == 0 || m_queue->runningCount() == DownloadSettings::mostSlots);
+        QCOMPARE(static_cast<int>(tags().count('W')), m_queue->waitingCount());
+    }
+    QVERIFY(m_server->paths().size() > 100);
+}
+
+void tst_DownloadQueue::showsProgress_data()
+{
+    QTest::addColumn<qint64>("received");
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<QString>("percent");
+    QTest::addColumn<QString>("ratio");
+    const auto row = [](const char* title, qint64 received, qint64 size, const char* percent, const char* ratio) {
+        QTest::newRow(title) << received << size << QString::fromLatin1(percent) << QString::fromLatin1(ratio);
+    };
+    row("a third", 1, 3, "33%", "0.33");
+    row("done", 3, 3, "100%", "1.00");
+    row("more than announced", 6, 3, "200%", "2.00");
+    row("unknown size", 6, -1, "?", "?");
+    row("nothing announced", 6, 0, "?", "?");
+    row("more than 4 GiB", 5'000'000'000, 10'000'000'000, "50%", "0.50");
+}
+
+void tst_DownloadQueue::showsProgress()
+{
+    QFETCH(qint64, received);
+    QFETCH(qint64, size);
+    DownloadEntry entry;
+    entry.status = DownloadStatus::Loading;
+    QCOMPARE(downloadText::status(entry, LanguageTable()), QStringLiteral("Loading: 0 kiB/S"));
+    QCOMPARE(downloadText::progress(entry, true), QString());
+    entry.received = received;
+    entry.size = size;
+    entry.speed = 1536;
+    QTEST(downloadText::progress(entry, true), "percent");
+    QTEST(downloadText::progress(entry, false), "ratio");
+    QCOMPARE(downloadText::received(entry), QString::number(received));
+    QCOMPARE(downloadText::status(entry, LanguageTable()), QStringLiteral("Loading: 1.5 kiB/s"));
+}
+
+QTEST_GUILESS_MAIN(tst_DownloadQueue)
+
+#include "tst_DownloadQueue.moc"

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/DLGeschwindigkeitsmessung.h"
+#include "downloads/NumberedUrls.h"
+
+#include <QTest>
+
+class tst_NumberedUrls : public QObject {
+    Q_OBJECT
+
+private slots:
+    void writesIndexes_data();
+    void writesIndexes();
+    void insertsTheIndex_data();
+    void insertsTheIndex();
+    void confirms();
+    void keepsOneSampleInSix();
+    void averagesTheNewestTen();
+    void measuresAnew();
+};
+
+void tst_NumberedUrls::writesIndexes_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("digits");
+    QTest::addColumn<QByteArray>("text");
+    const auto row = [](const char* title, int index, IndexType type, int digits, const char* text) {
+        QTest::newRow(title) << index << static_cast<int>(type) << digits << QByteArray(text);
+    };
+    row("decimal", 7, IndexType::Decimal, 3, "007");
+    row("decimal, more digits than asked for", 1234, IndexType::Decimal, 2, "1234");
+    row("decimal, no digits asked for", 0, IndexType::Decimal, 0, "0");
+    row("hexadecimal", 10, IndexType::Hexadecimal, 4, "A");
+    row("hexadecimal, the greatest", 2147483647, IndexType::Hexadecimal, 1, "7FFFFFFF");
+    row("letters, the first", 1, IndexType::CapitalLetters, 1, "A");
+    row("letters, the last alone", 26, IndexType::CapitalLetters, 1, "Z");
+    row("letters, with the digit zero", 27, IndexType::CapitalLetters, 1, "A@");
+    row("small letters, with the digit zero", 27, IndexType::SmallLetters, 1, "a`");
+    row("small letters", 28, IndexType::SmallLetters, 1, "aa");
+    row("nothing in letters", 0, IndexType::SmallLetters, 3, "");
+}
+
+void tst_NumberedUrls::writesIndexes()
+{
+    QFETCH(int, index);
+    QFETCH(int, type);
+    QFETCH(int, digits);
+    const IndexType how = static_cast<IndexType>(type);
+    const QByteArray written = indexText(index, how, digits);
+    QTEST(written, "text");
+    if (how == IndexType::CapitalLetters || how == IndexType::SmallLetters)
+        QCOMPARE(indexFromLetters(written, how), index);
+}
+
+void tst_NumberedUrls::insertsTheIndex_data()
+{
+    QTest::addColumn<int>("pos");
+    QTest::addColumn<QByteArray>("url");
+    QTest::newRow("in front") << 0 << QByteArray("5http://h/a");
+    QTest::newRow("in the middle") << 9 << QByteArray("http://h/5a");
+    QTest::newRow("at the end") << 10 << QByteArray("http://h/a5");
+    QTest::newRow("beyond the end") << 99 << QByteArray("http://h/a5");
+    QTest::newRow("before the start") << -1 << QByteArray("5http://h/a");
+}
+
+void tst_NumberedUrls::insertsTheIndex()
+{
+    QFETCH(int, pos);
+    NumberedUrls run;
+    run.startUrl = "http://h/a";
+    run.pos = pos;
+    QTEST(run.urlFor(5), "url");
+}
+
+void tst_NumberedUrls::confirms()
+{
+    NumberedUrls run;
+    run.startUrl = "x.y.z/img.jpg";
+    QVERIFY(run.confirm());
+    QCOMPARE(run.startUrl, "http://x.y.z/img.jpg");
+    run.startUrl = ".z";
+    QVERIFY(!run.confirm());
+    QCOMPARE(run.startUrl, ".z");
+    QCOMPARE(indexFromLetters("A1", IndexType::CapitalLetters), 0);
+    QCOMPARE(indexFromLetters("ZZZZZZZZ", IndexType::CapitalLetters), 0);
+}
+
+void tst_NumberedUrls::keepsOneSampleInSix()
+{
+    DLGeschwindigkeitsmessung meter;
+    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
+    meter.push(1000, 0);
+    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
+    for (int passedOver = 0; passedOver < 5; ++passedOver) {
+        meter.push(1500, 999'999);
+        QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
+    }
+    meter.push(2000, 51'200);
+    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 51'200);
+}
+
+void tst_NumberedUrls::averagesTheNewestTen()
+{
+    DLGeschwindigkeitsmessung meter;
+    qint64 total = 0;
+    // A slow start falls out of the average once ten faster samples are kept; totals beyond 32 bits are fine.
+    for (int offer = 0; offer < 6 * 20; ++offer) {
+        total += offer < 6 * 10 ? 1 : 1'000'000'000;
+        meter.push(offer * 100, total);
+    }
+    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 10'000'000'000);
+    DLGeschwindigkeitsmessung halves;
+    for (int offer = 0; offer < 7; ++offer)
+        halves.push(offer == 0 ? 0 : 2000, offer == 0 ? 0 : 5);
+    QCOMPARE(halves.getDurschnittsGeschwindigkeit(), 2);
+}
+
+void tst_NumberedUrls::measuresAnew()
+{
+    DLGeschwindigkeitsmessung meter;
+    for (int offer = 0; offer < 7; ++offer)
+        meter.push(offer * 1000, offer * 5000);
+    meter.reset();
+    // Five offers are passed over still; what the last transfer left does not count.
+    for (int offer = 0; offer < 5; ++offer) {
+        meter.push(offer, offer);
+        QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
+    }
+    meter.push(1000, 0);
+    for (int offer = 0; offer < 6; ++offer)
+        meter.push(2000, 300);
+    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 300);
+}
+
+QTEST_APPLESS_MAIN(tst_NumberedUrls)
+
+#include "tst_NumberedUrls.moc"

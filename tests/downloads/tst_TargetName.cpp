@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/TargetName.h"
+
+#include <QTest>
+
+using targetName::Refusal;
+
+class tst_TargetName : public QObject {
+    Q_OBJECT
+
+private slots:
+    void names_data();
+    void names();
+    void rulesStandForThemselves_data();
+    void rulesStandForThemselves();
+    void refusesWhatLeadsElsewhere_data();
+    void refusesWhatLeadsElsewhere();
+};
+
+namespace {
+
+/// Directories and name with "/" between them, or why there are none.
+QByteArray textOf(const targetName::Result& result)
+{
+    if (result.refusal)
+        return *result.refusal == Refusal::Directory ? "(directory)" : "(name)";
+    return (result.target.directories + QByteArrayList { result.target.name }).join('/');
+}
+
+constexpr NamingRules all { true, true, true };
+
+} // namespace
+
+void tst_TargetName::names_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<QByteArray>("contentType");
+    QTest::addColumn<QByteArray>("target");
+    const auto row = [](const char* title, const QByteArray& url, const char* type, const char* target) {
+        QTest::newRow(title) << url << QByteArray(type) << QByteArray(target);
+    };
+    row("host, port and path", "http://x.y.z:8080/a/f.zip", "?", "z/y/x/8080/a/f.zip");
+    row("without a port it is 80", "http://x.y.z/a/b/f.zip", "?", "z/y/x/80/a/b/f.zip");
+    row("a query, its extension before its question mark", "http://h/f.cgi?id=1", "application/zip; x=y",
+        "h/80/f.cgi%3Fid=1.zip");
+    row("an extension that is there already", "http://h/f.zip", "application/zip", "h/80/f.zip");
+    row("an unknown type", "http://h/f", "x/y", "h/80/f");
+    row("the type is not trimmed", "http://h/f", "application/zip ;x", "h/80/f");
+    row("no name", "http://h/a/", "?", "h/80/a/index");
+    row("no name, but an extension", "http://h/a/", "text/html", "h/80/a/.htm");
+    row("what Windows does not take", "http://h/<>|\"?*\\", "?", "h/80/%3C%3E%7C%22%3F%2A%5C");
+    row("percent signs stay", "http://h/a%20b%", "?", "h/80/a%20b%");
+    row("a slash in the query cuts the name there", "http://h/a?b=/c", "?", "h/80/a?b=/c");
+    row("empty directories are none", "http://h//a///f", "?", "h/80/a/f");
+    row("a directory with dots in it", "http://h/..a/b../f", "?", "h/80/..a/b../f");
+}
+
+void tst_TargetName::names()
+{
+    QFETCH(QByteArray, url);
+    QFETCH(QByteArray, contentType);
+    QTEST(textOf(targetName::of(url, contentType, all)), "target");
+}
+
+void tst_TargetName::rulesStandForThemselves_data()
+{
+    QTest::addColumn<int>("rules");
+    QTest::addColumn<QByteArray>("target");
+    const char* const targets[] = { "f?x", "h/80/f?x", "f?x.zip", "h/80/f?x.zip", "f%3Fx", "h/80/f%3Fx", "f%3Fx.zip",
+        "h/80/f%3Fx.zip" };
+    for (int rules = 0; rules < 8; ++rules)
+        QTest::addRow("rules %d", rules) << rules << QByteArray(targets[rules]);
+}
+
+void tst_TargetName::rulesStandForThemselves()
+{
+    QFETCH(int, rules);
+    const NamingRules naming { (rules & 1) != 0, (rules & 2) != 0, (rules & 4) != 0 };
+    QTEST(textOf(targetName::of("http://h/f?x", "application/zip", naming)), "target");
+}
+
+void tst_TargetName::refusesWhatLeadsElsewhere_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<bool>("renames");
+    QTest::addColumn<QByteArray>("target");
+    const auto row = [](const char* title, const QByteArray& url, bool renames, const char* target) {
+        QTest::newRow(title) << url << renames << QByteArray(target);
+    };
+    row("up from the path", "http://h/../../f", true, "(directory)");
+    row("the directory itself", "http://h/./f", true, "(directory)");
+    row("up from the host", "http://../f", true, "h");
+    row("a separator in the host", "http://h/a:b", true, "(directory)");
+    row("a backslash in a directory", "http://h/a\\..\\..\\b/f", true, "(directory)");
+    row("a backslash in the name", "http://h/..\\f", false, "(name)");
+    row("the name is up", "http://h/..", true, "(name)");
+    row("no name and no renaming", "http://h/", false, "(name)");
+    row("NUL in the name", QByteArray("http://h/a\0b", 12), true, "(name)");
+    row("without end", "http://h/" + QByteArray("a/").repeated(30'000), true, "(directory)");
+#ifdef Q_OS_WIN
+    row("a device for a directory", "http://h/aux/f", true, "(directory)");
+    row("a device for a name", "http://h/con.txt", true, "(name)");
+    row("a device for a host", "http://nul/f", true, "(directory)");
+    row("a stream of a file", "http://h/f:x", false, "(directory)");
+#endif
+}
+
+void tst_TargetName::refusesWhatLeadsElsewhere()
+{
+    QFETCH(QByteArray, url);
+    QFETCH(bool, renames);
+    const targetName::Result result = targetName::of(url, "?", { true, false, renames });
+    QVERIFY2(result.refusal.has_value() || !textOf(result).contains(".."), textOf(result).constData());
+    if (result.refusal)
+        QTEST(textOf(result), "target");
+}
+
+QTEST_APPLESS_MAIN(tst_TargetName)
+
+#include "tst_TargetName.moc"
