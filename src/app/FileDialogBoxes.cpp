@@ -21,6 +21,17 @@ void FileDialogBoxes::save(const Request& request, std::function<void(const QStr
     show(dialog, request, std::move(chosen));
 }
 
+void FileDialogBoxes::folder(
+    const QString& title, const QString& proposal, std::function<void(const QString& path)> chosen)
+{
+    auto* const dialog = new QFileDialog(QApplication::activeWindow(), title, proposal);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, std::move(chosen));
+    dialog->open();
+}
+
 void FileDialogBoxes::show(QFileDialog* dialog, const Request& request, std::function<void(const QString& path)> chosen)
 {
     QStringList filters;

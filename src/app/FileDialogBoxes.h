@@ -11,6 +11,9 @@ public:
     void open(const Request& request, std::function<void(const QString& path)> chosen) override;
     void save(const Request& request, std::function<void(const QString& path)> chosen) override;
 
+    void folder(
+        const QString& title, const QString& proposal, std::function<void(const QString& path)> chosen) override;
+
 private:
     void show(QFileDialog* dialog, const Request& request, std::function<void(const QString& path)> chosen);
 

@@ -90,7 +90,7 @@ void MainMenus::makeSearchMenu(QMenu* menu)
     addMissing(exports, QStringLiteral("m_exportAsUrlList"));
     addMissing(exports, QStringLiteral("m_exportAsCsv"));
     menu->addSeparator();
-    addMissing(menu, QStringLiteral("m_addNumberedDL"));
+    m_addNumberedDL = addEntry(menu, QStringLiteral("m_addNumberedDL"));
     menu->addSeparator();
     m_quit = addEntry(menu, QStringLiteral("m_quit"), Qt::CTRL | Qt::Key_Q);
     m_quit->setMenuRole(QAction::QuitRole);
@@ -101,7 +101,7 @@ void MainMenus::makeEditMenu(QMenu* menu)
     m_edit = menu;
     addMissing(menu, QStringLiteral("m_selectedOpen"));
     addMissing(menu, QStringLiteral("m_selectedOpenBy"));
-    addMissing(menu, QStringLiteral("m_selectedDownload"));
+    m_selectedDownload = addEntry(menu, QStringLiteral("m_selectedDownload"), Qt::CTRL | Qt::Key_D);
     m_selectedToClipboard = addEntry(menu, QStringLiteral("m_selectedToClipboard"), QKeySequence::Copy);
     menu->addSeparator();
     m_selectedMark = addEntry(menu, QStringLiteral("m_selectedMark"), Qt::CTRL | Qt::Key_M);
@@ -112,7 +112,7 @@ void MainMenus::makeEditMenu(QMenu* menu)
     QMenu* const marked = addMenu(menu, QStringLiteral("m_marked"));
     addMissing(marked, QStringLiteral("m_markedOpen"));
     addMissing(marked, QStringLiteral("m_markedOpenBy"));
-    addMissing(marked, QStringLiteral("m_markedDownload"));
+    m_markedDownload = addEntry(marked, QStringLiteral("m_markedDownload"));
     m_markedToClipboard = addEntry(marked, QStringLiteral("m_markedToClipboard"));
     marked->addSeparator();
     m_markedSelect = addEntry(marked, QStringLiteral("m_markedSelect"));
@@ -149,7 +149,7 @@ void MainMenus::makeViewMenu(QMenu* menu)
     language->addSeparator();
     m_externLang = addEntry(language, QStringLiteral("m_externLang"));
     menu->addSeparator();
-    addMissing(menu, QStringLiteral("m_showDlm"));
+    m_showDlm = addEntry(menu, QStringLiteral("m_showDlm"), Qt::Key_F9);
 }
 
 void MainMenus::makeOptionsMenu(QMenu* menu)
@@ -158,7 +158,7 @@ void MainMenus::makeOptionsMenu(QMenu* menu)
     menu->addSeparator();
     m_resolve3xx = addSwitch(menu, QStringLiteral("m_resolve3xx"), true);
     m_filterAutoApply = addSwitch(menu, QStringLiteral("m_filterAutoApply"), true);
-    addMissing(menu, QStringLiteral("m_autoOpenDLM"));
+    m_autoOpenDLM = addSwitch(menu, QStringLiteral("m_autoOpenDLM"), true);
 }
 
 void MainMenus::makeHelpMenu(QMenu* menu)

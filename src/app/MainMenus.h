@@ -21,13 +21,16 @@ struct MainMenus {
     QAction* m_searchOpen = nullptr;
     QAction* m_searchSave = nullptr;
     QAction* m_searchSaveAs = nullptr;
+    QAction* m_addNumberedDL = nullptr;
     QAction* m_quit = nullptr;
 
+    QAction* m_selectedDownload = nullptr;
     QAction* m_selectedToClipboard = nullptr;
     QAction* m_selectAll = nullptr;
     QAction* m_selectedMark = nullptr;
     QAction* m_selectedDemark = nullptr;
     QAction* m_selectedInvert = nullptr;
+    QAction* m_markedDownload = nullptr;
     QAction* m_markedToClipboard = nullptr;
     QAction* m_markedSelect = nullptr;
 
@@ -37,9 +40,11 @@ struct MainMenus {
     QActionGroup* units = nullptr; ///< `m_einheit`, with the unit in bytes for data
     QActionGroup* languages = nullptr; ///< `m_lang`, with the index of the built-in language for data
     QAction* m_externLang = nullptr;
+    QAction* m_showDlm = nullptr;
 
     QAction* m_resolve3xx = nullptr;
     QAction* m_filterAutoApply = nullptr;
+    QAction* m_autoOpenDLM = nullptr;
 
     QAction* m_goHelpfile = nullptr;
     QAction* m_goWebsite = nullptr;

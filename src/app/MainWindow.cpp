@@ -6,11 +6,14 @@
 #include "app/StatusPanels.h"
 #include "app/WindowLayout.h"
 #include "base/Captions.h"
+#include "base/ColumnsTable.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Shell.h"
 #include "base/allgemein.h"
 #include "crawl/dialog_getSearch.h"
+#include "downloads/DLManager.h"
+#include "downloads/getDLStack.h"
 #include "results/FilterPane.h"
 #include "results/FoundsView.h"
 #include "results/HostTreeView.h"
@@ -52,7 +55,10 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     , m_status(new StatusPanels(this))
     , m_splitter(new QSplitter(this))
     , m_newSearch(new dialog_getSearch(session.searchOptions, session.language, seams.messages, seams.urlPicker, this))
-    , m_rowCommands(m_founds, *m_list)
+    , m_numbered(new getDLStack(session.downloads, session.language, seams.messages, seams.urlPicker, this))
+    , m_downloads(std::make_unique<DLManager>(
+          session.downloads, session.language, seams.messages, seams.fileDialogs, seams.shell))
+    , m_rowCommands(m_founds, *m_list, session.downloads)
 {
     setObjectName(QStringLiteral("main"));
     setAcceptDrops(true);
@@ -62,6 +68,7 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     wireSearchMenu();
     wireEditMenu();
     wireViewMenu();
+    wireDownloads();
     wireOtherMenus();
     applyCaptions();
 }
@@ -176,10 +183,40 @@ void MainWindow::wireViewMenu()
     connect(&m_session.language, &LanguageTable::changed, this, &MainWindow::applyCaptions);
 }
 
+void MainWindow::wireDownloads()
+{
+    const auto download = [this](QAction* action, bool marked) {
+        connect(action, &QAction::triggered, this, [this, marked] {
+            m_rowCommands.download(marked);
+            showDownloadsIfWanted();
+        });
+    };
+    download(m_menus.m_selectedDownload, false);
+    download(m_menus.m_markedDownload, true);
+    connect(m_menus.m_addNumberedDL, &QAction::triggered, m_numbered, &QDialog::open);
+    connect(m_numbered, &getDLStack::confirmed, this, &MainWindow::showDownloadsIfWanted);
+    connect(m_menus.m_showDlm, &QAction::triggered, this, &MainWindow::showDownloads);
+}
+
+void MainWindow::showDownloadsIfWanted()
+{
+    if (m_menus.m_autoOpenDLM->isChecked())
+        showDownloads();
+}
+
+void MainWindow::showDownloads()
+{
+    m_downloads->show();
+    m_downloads->raise();
+    m_downloads->activateWindow();
+}
+
 void MainWindow::wireOtherMenus()
 {
-    connect(
-        m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) { m_session.search.setFollowRelocation(on); });
+    connect(m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) {
+        m_session.search.setFollowRelocation(on);
+        m_session.downloads.settings().followRelocation = on;
+    });
     connect(m_menus.m_goHelpfile, &QAction::triggered, this, &MainWindow::showHelp);
     connect(m_menus.m_about, &QAction::triggered, this, &MainWindow::showAbout);
     const auto page = [this](QAction* action, const QUrl& url) {
@@ -351,11 +388,15 @@ void MainWindow::restoreLayout()
     restoreGeometry(layout.geometry);
     m_splitter->restoreState(layout.splitter);
     m_list->restoreColumns(layout.columns);
+    m_downloads->restoreGeometry(layout.downloadsGeometry);
+    m_downloads->list().restoreColumns(layout.downloadsColumns);
 }
 
 void MainWindow::saveLayout() const
 {
-    WindowLayout { saveGeometry(), m_splitter->saveState(), m_list->columnState() }.save();
+    WindowLayout { saveGeometry(), m_splitter->saveState(), m_list->columnState(), m_downloads->saveGeometry(),
+        m_downloads->list().columnState() }
+        .save();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

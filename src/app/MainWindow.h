@@ -12,6 +12,9 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include <memory>
+
+class DLManager;
 class FilterPane;
 class FoundsView;
 class HostTreeView;
@@ -19,6 +22,7 @@ class QSplitter;
 class Session;
 class StatusPanels;
 class dialog_getSearch;
+class getDLStack;
 
 /// The main window: the results as list and tree, the filter, the menus and the status bar, wired to the search.
 class MainWindow final : public QMainWindow {
@@ -46,6 +50,7 @@ private:
     void wireSearchMenu();
     void wireEditMenu();
     void wireViewMenu();
+    void wireDownloads();
     void wireOtherMenus();
     void applyCaptions();
 
@@ -61,6 +66,8 @@ private:
     void rebuildViews();
     void forgetViews();
     void chooseUnit(const QAction& unit);
+    void showDownloads();
+    void showDownloadsIfWanted();
     void showHelp();
     void showAbout();
     void complain(const char* titleKey, const QString& text);
@@ -82,6 +89,8 @@ private:
     StatusPanels* m_status;
     QSplitter* m_splitter;
     dialog_getSearch* m_newSearch;
+    getDLStack* m_numbered;
+    std::unique_ptr<DLManager> m_downloads;
     RowCommands m_rowCommands;
     QTimer m_statusUpdate;
 };

@@ -2,6 +2,7 @@
 #include "app/MessageBoxes.h"
 
 #include <QApplication>
+#include <QInputDialog>
 
 #include <utility>
 
@@ -32,6 +33,20 @@ void MessageBoxes::tell(const Box& box, std::function<void()> closed)
 void MessageBoxes::ask(const Box& box, std::function<void(bool yes)> answered)
 {
     enqueue({ box, QMessageBox::Yes | QMessageBox::No, std::move(answered) });
+}
+
+void MessageBoxes::input(const QString& title, const QString& prompt, const QString& text,
+    std::function<void(const QString& typed)> answered)
+{
+    auto* const dialog = new QInputDialog(QApplication::activeWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(title);
+    dialog->setLabelText(prompt);
+    dialog->setTextValue(text);
+    connect(dialog, &QInputDialog::finished, this, [dialog, answered = std::move(answered)](int result) {
+        answered(result == QDialog::Accepted ? dialog->textValue() : QString());
+    });
+    dialog->open();
 }
 
 void MessageBoxes::enqueue(Waiting waiting)

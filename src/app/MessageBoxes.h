@@ -14,6 +14,8 @@ public:
     using Messages::tell;
     void tell(const Box& box, std::function<void()> closed) override;
     void ask(const Box& box, std::function<void(bool yes)> answered) override;
+    void input(const QString& title, const QString& prompt, const QString& text,
+        std::function<void(const QString& typed)> answered) override;
 
 private:
     struct Waiting {

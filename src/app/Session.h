@@ -6,6 +6,7 @@
 #include "crawl/FundListe.h"
 #include "crawl/SearchOptions.h"
 #include "crawl/SearchRun.h"
+#include "downloads/DownloadQueue.h"
 #include "requests/CookieStore.h"
 #include "requests/RequestPrefs.h"
 #include "requests/RequestProfile.h"
@@ -25,6 +26,7 @@ public:
     FundListe foundItems;
     SearchRun search;
     ResultFilter filter;
+    DownloadQueue downloads;
 
     /// The cookie folder that was chosen, or the user's own when none was.
     [[nodiscard]] static QString cookieFolder(const QString& chosen);

@@ -10,6 +10,8 @@ namespace {
 const QString geometryKey = QStringLiteral("main/geometry");
 const QString splitterKey = QStringLiteral("main/splitter");
 const QString columnsKey = QStringLiteral("main/columns");
+const QString downloadsGeometryKey = QStringLiteral("DLManager/geometry");
+const QString downloadsColumnsKey = QStringLiteral("DLManager/columns");
 
 QString fileName()
 {
@@ -22,7 +24,8 @@ WindowLayout WindowLayout::load()
 {
     const QSettings file(fileName(), QSettings::IniFormat);
     return { file.value(geometryKey).toByteArray(), file.value(splitterKey).toByteArray(),
-        file.value(columnsKey).toByteArray() };
+        file.value(columnsKey).toByteArray(), file.value(downloadsGeometryKey).toByteArray(),
+        file.value(downloadsColumnsKey).toByteArray() };
 }
 
 void WindowLayout::save() const
@@ -31,4 +34,6 @@ void WindowLayout::save() const
     file.setValue(geometryKey, geometry);
     file.setValue(splitterKey, splitter);
     file.setValue(columnsKey, columns);
+    file.setValue(downloadsGeometryKey, downloadsGeometry);
+    file.setValue(downloadsColumnsKey, downloadsColumns);
 }

@@ -9,6 +9,8 @@ struct WindowLayout {
     QByteArray geometry;
     QByteArray splitter; ///< between tree and list
     QByteArray columns; ///< of the results list
+    QByteArray downloadsGeometry;
+    QByteArray downloadsColumns;
 
     [[nodiscard]] static WindowLayout load();
     /// A layout that cannot be written is not worth a message: it is the old one next time.

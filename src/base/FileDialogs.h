@@ -26,4 +26,7 @@ public:
 
     virtual void open(const Request& request, std::function<void(const QString& path)> chosen) = 0;
     virtual void save(const Request& request, std::function<void(const QString& path)> chosen) = 0;
+    /// Begins in the folder `proposal`.
+    virtual void folder(
+        const QString& title, const QString& proposal, std::function<void(const QString& path)> chosen) = 0;
 };

@@ -26,4 +26,7 @@ public:
     }
     /// A box with Yes and No; closing it means No.
     virtual void ask(const Box& box, std::function<void(bool yes)> answered) = 0;
+    /// A box in which a text is typed, `text` at first. Cancelling it answers with an empty text.
+    virtual void input(const QString& title, const QString& prompt, const QString& text,
+        std::function<void(const QString& typed)> answered) = 0;
 };

@@ -10,6 +10,9 @@ namespace platform {
 /// The user's application-data folder; empty when the system names none.
 [[nodiscard]] QString applicationDataFolder();
 
+/// Where downloads go as long as the user has not chosen.
+[[nodiscard]] QString defaultDownloadFolder();
+
 /// Whether the system takes a file of this name for something other than a file of its folder.
 [[nodiscard]] bool isReservedFileName(QByteArrayView name);
 

@@ -10,6 +10,11 @@ QString applicationDataFolder()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
 }
 
+QString defaultDownloadFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+}
+
 bool isReservedFileName(QByteArrayView)
 {
     return false;

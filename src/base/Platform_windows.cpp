@@ -19,6 +19,11 @@ QString applicationDataFolder()
     return SUCCEEDED(result) ? QDir::toNativeSeparators(QString::fromWCharArray(path)) : QString();
 }
 
+QString defaultDownloadFolder()
+{
+    return QStringLiteral("c:\\download");
+}
+
 bool isReservedFileName(QByteArrayView name)
 {
     // A device name keeps its meaning with any extension and with blanks behind it; a colon names a stream or a drive.

@@ -27,8 +27,5 @@ struct NumberedUrls {
     [[nodiscard]] QByteArray urlFor(qint32 index) const;
 };
 
-/// How an index reads. In letters, a number is written in base 27 with "A" (or "a") for 1; the digit 0 is the character
-/// before, so 27 is "A@", and 0 is empty.
+/// How an index reads. Only decimal ones have a least number of digits; 0 in letters is empty.
 [[nodiscard]] QByteArray indexText(qint32 index, IndexType type, qint32 minStellen);
-/// The index that reads so in letters; 0 for other texts and for numbers beyond 32 bits.
-[[nodiscard]] qint32 indexFromLetters(QByteArrayView text, IndexType type);

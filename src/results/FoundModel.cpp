@@ -263,6 +263,12 @@ void FoundModel::tellViews()
     }
 }
 
+std::optional<qint64> FoundModel::shownSize(int row) const
+{
+    const qint64 size = itemAt(row).groesse;
+    return size < 0 ? std::nullopt : std::optional(size / m_shownUnit);
+}
+
 RowRuns FoundModel::markedRows() const
 {
     RowRuns marked;

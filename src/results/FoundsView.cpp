@@ -1,62 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/FoundsView.h"
 
-#include "base/lang.h"
+#include "base/ColumnsTable.h"
 #include "results/FoundModel.h"
 
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QListView>
-#include <QMenu>
-#include <QPainter>
 #include <QStyledItemDelegate>
-#include <QTableView>
-
-#include <array>
-#include <utility>
 
 namespace {
 
-/// A view that says something while it has no rows, and in which the space bar marks the current row.
-template <typename View> class SpeakingView : public View {
-public:
-    using View::View;
-
-    void setEmptyText(const QString& text)
-    {
-        m_emptyText = text;
-        this->viewport()->update();
-    }
-
-protected:
-    void paintEvent(QPaintEvent* event) override
-    {
-        View::paintEvent(event);
-        if (this->model()->rowCount() > 0)
-            return;
-        QPainter painter(this->viewport());
-        painter.setPen(this->palette().color(QPalette::PlaceholderText));
-        const QRect margins = this->viewport()->rect().adjusted(20, 20, -20, -20);
-        painter.drawText(margins, Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
-    }
-
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        const QModelIndex row = this->currentIndex().siblingAtColumn(FoundModel::Filename);
-        if (event->key() != Qt::Key_Space || event->modifiers() != Qt::NoModifier || !row.isValid()) {
-            View::keyPressEvent(event);
-            return;
-        }
-        const bool marked = row.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-        this->model()->setData(row, marked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-    }
-
-private:
-    QString m_emptyText;
-};
-
 /// In ninths of the height of a line of text.
-constexpr std::array<int, FoundModel::ColumnCount> columnWidths { 110, 70, 40, 50, 75, 55, 45, 240 };
+const QList<int> columnWidths { 110, 70, 40, 50, 75, 55, 45, 240 };
 
 /// Names a directory by its last piece, since it has no file name.
 class IconDelegate final : public QStyledItemDelegate {
@@ -73,10 +27,6 @@ protected:
 };
 
 } // namespace
-
-class DetailsView final : public SpeakingView<QTableView> {
-    using SpeakingView::SpeakingView;
-};
 
 class IconsView final : public SpeakingView<QListView> {
 public:
@@ -110,11 +60,10 @@ private:
 FoundsView::FoundsView(FoundModel& model, const LanguageTable& language, QWidget* parent)
     : QStackedWidget(parent)
     , m_model(model)
-    , m_language(language)
-    , m_details(new DetailsView(this))
+    , m_details(new ColumnsTable(model, columnWidths, language, this))
     , m_icons(new IconsView(this))
 {
-    setUpDetails();
+    m_details->setObjectName(QStringLiteral("l_founds_details"));
     m_icons->setObjectName(QStringLiteral("l_founds_icons"));
     m_icons->setModel(&model);
     m_icons->setSelectionModel(m_details->selectionModel());
@@ -123,38 +72,14 @@ FoundsView::FoundsView(FoundModel& model, const LanguageTable& language, QWidget
     m_icons->setWrapping(true);
     m_icons->setResizeMode(QListView::Adjust);
     m_icons->setMovement(QListView::Static);
+    m_icons->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_icons->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_icons->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (QAbstractItemView* const view : std::initializer_list<QAbstractItemView*> { m_details, m_icons }) {
-        view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-        view->setSelectionBehavior(QAbstractItemView::SelectRows);
-        view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setContextMenuPolicy(Qt::ActionsContextMenu);
         addWidget(view);
     }
     setMode(FoundsMode::Details);
-}
-
-void FoundsView::setUpDetails()
-{
-    m_details->setObjectName(QStringLiteral("l_founds_details"));
-    m_details->setModel(&m_model);
-    m_details->setShowGrid(false);
-    m_details->setWordWrap(false);
-    m_details->setTabKeyNavigation(false);
-    m_details->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-
-    // Rows of one height cost the same however many there are.
-    QHeaderView& rows = *m_details->verticalHeader();
-    rows.hide();
-    rows.setMinimumSectionSize(fontMetrics().height() + 4);
-    rows.setDefaultSectionSize(fontMetrics().height() + 4);
-    rows.setSectionResizeMode(QHeaderView::Fixed);
-
-    QHeaderView& columns = *m_details->horizontalHeader();
-    columns.setSectionsMovable(true);
-    columns.setHighlightSections(false);
-    columns.setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&columns, &QHeaderView::customContextMenuRequested, this, &FoundsView::showColumnMenu);
-    resetColumns();
 }
 
 void FoundsView::setMode(FoundsMode mode)
@@ -186,11 +111,7 @@ void FoundsView::setCommands(const QList<QAction*>& commands)
 
 RowRuns FoundsView::selectedRows() const
 {
-    RowRuns rows;
-    // Ranges of the same rows may stand for different columns.
-    for (const QItemSelectionRange& range : selection().selection())
-        rows.push_back({ range.top(), range.bottom() });
-    return mergedRuns(std::move(rows));
+    return m_details->selectedRows();
 }
 
 void FoundsView::selectRows(const RowRuns& rows, QItemSelectionModel::SelectionFlag how)
@@ -208,47 +129,12 @@ QItemSelectionModel& FoundsView::selection() const
 
 QByteArray FoundsView::columnState() const
 {
-    return m_details->horizontalHeader()->saveState();
+    return m_details->columnState();
 }
 
 bool FoundsView::restoreColumns(const QByteArray& state)
 {
-    QHeaderView& header = *m_details->horizontalHeader();
-    const QByteArray before = header.saveState();
-    const bool restored = header.restoreState(state) && header.count() == FoundModel::ColumnCount;
-    if (!restored)
-        header.restoreState(before);
-    // The column with the check boxes is always there.
-    header.showSection(FoundModel::Filename);
-    return restored;
-}
-
-void FoundsView::showColumnMenu(const QPoint& place)
-{
-    auto* const menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    QHeaderView* const header = m_details->horizontalHeader();
-    for (int column = 0; column < FoundModel::ColumnCount; ++column) {
-        QAction* const toggle = menu->addAction(m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(),
-            header, [header, column](bool shown) { header->setSectionHidden(column, !shown); });
-        toggle->setCheckable(true);
-        toggle->setChecked(!header->isSectionHidden(column));
-        toggle->setEnabled(column != FoundModel::Filename);
-    }
-    menu->addSeparator();
-    menu->addAction(m_language.text("more.resetColumns"), this, &FoundsView::resetColumns);
-    menu->popup(header->viewport()->mapToGlobal(place));
-}
-
-void FoundsView::resetColumns()
-{
-    QHeaderView& header = *m_details->horizontalHeader();
-    const int line = fontMetrics().height();
-    for (int column = 0; column < FoundModel::ColumnCount; ++column) {
-        header.showSection(column);
-        header.moveSection(header.visualIndex(column), column);
-        header.resizeSection(column, columnWidths[static_cast<size_t>(column)] * line / 9);
-    }
+    return m_details->restoreColumns(state);
 }
 
 QAbstractItemView* FoundsView::current() const

@@ -6,7 +6,7 @@
 #include <QItemSelectionModel>
 #include <QStackedWidget>
 
-class DetailsView;
+class ColumnsTable;
 class FoundModel;
 class IconsView;
 class LanguageTable;
@@ -40,15 +40,11 @@ public:
     bool restoreColumns(const QByteArray& state);
 
 private:
-    void setUpDetails();
-    void showColumnMenu(const QPoint& place);
-    void resetColumns();
     [[nodiscard]] QAbstractItemView* current() const;
     [[nodiscard]] QItemSelectionModel& selection() const;
 
     FoundModel& m_model;
-    const LanguageTable& m_language;
-    DetailsView* m_details;
+    ColumnsTable* m_details;
     IconsView* m_icons;
     FoundsMode m_mode = FoundsMode::Details;
 };

@@ -2,22 +2,37 @@
 #include "results/RowCommands.h"
 
 #include "base/allgemein.h"
+#include "downloads/DownloadQueue.h"
 #include "results/FoundModel.h"
 #include "results/FoundsView.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
-RowCommands::RowCommands(FoundModel& model, FoundsView& view)
+RowCommands::RowCommands(FoundModel& model, FoundsView& view, DownloadQueue& downloads)
     : m_model(model)
     , m_view(view)
+    , m_downloads(downloads)
 {
+}
+
+RowRuns RowCommands::chosen(bool marked) const
+{
+    return marked ? m_model.markedRows() : m_view.selectedRows();
+}
+
+void RowCommands::download(bool marked) const
+{
+    for (const RowRun& run : chosen(marked)) {
+        for (int row = run.first; row <= run.last; ++row)
+            m_downloads.addDL(m_model.itemAt(row).adresse, m_model.shownSize(row).value_or(0), {});
+    }
 }
 
 void RowCommands::copy(bool marked) const
 {
     QByteArray urls;
-    for (const RowRun& run : marked ? m_model.markedRows() : m_view.selectedRows()) {
+    for (const RowRun& run : chosen(marked)) {
         for (int row = run.first; row <= run.last; ++row)
             urls += m_model.itemAt(row).adresse + allgemein::lineEnd;
     }

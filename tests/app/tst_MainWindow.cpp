@@ -524,7 +524,7 @@ void tst_MainWindow::keepsColumnsAndPlace()
 void tst_MainWindow::aDamagedLayoutIsHarmless()
 {
     const QByteArray rubbish = QByteArray(100, '\xff');
-    WindowLayout { rubbish, rubbish, rubbish }.save();
+    WindowLayout { rubbish, rubbish, rubbish, rubbish, rubbish }.save();
     m_window->restoreLayout();
     const QHeaderView& header = *details().horizontalHeader();
     for (int column = 0; column < FoundModel::ColumnCount; ++column)

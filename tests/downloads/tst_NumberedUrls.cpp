@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/LetterNumbers.h"
 #include "downloads/DLGeschwindigkeitsmessung.h"
 #include "downloads/NumberedUrls.h"
 
@@ -48,8 +49,8 @@ void tst_NumberedUrls::writesIndexes()
     const IndexType how = static_cast<IndexType>(type);
     const QByteArray written = indexText(index, how, digits);
     QTEST(written, "text");
-    if (how == IndexType::CapitalLetters || how == IndexType::SmallLetters)
-        QCOMPARE(indexFromLetters(written, how), index);
+    if (how == IndexType::CapitalLetters)
+        QCOMPARE(letterNumbers::number(written, letterNumbers::Letters::Capital), index);
 }
 
 void tst_NumberedUrls::insertsTheIndex_data()
@@ -81,8 +82,8 @@ void tst_NumberedUrls::confirms()
     run.startUrl = ".z";
     QVERIFY(!run.confirm());
     QCOMPARE(run.startUrl, ".z");
-    QCOMPARE(indexFromLetters("A1", IndexType::CapitalLetters), 0);
-    QCOMPARE(indexFromLetters("ZZZZZZZZ", IndexType::CapitalLetters), 0);
+    QCOMPARE(letterNumbers::number("A1", letterNumbers::Letters::Capital), 0);
+    QCOMPARE(letterNumbers::number("ZZZZZZZZ", letterNumbers::Letters::Capital), 0);
 }
 
 void tst_NumberedUrls::keepsOneSampleInSix()

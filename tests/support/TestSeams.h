@@ -15,6 +15,7 @@ struct AnsweredMessages final : Messages {
     QList<Box> told;
     QList<Box> asked;
     bool answer = true;
+    QStringList typed; ///< into the input boxes, one after the other
 
     using Messages::tell;
     void tell(const Box& box, std::function<void()> closed) override
@@ -26,6 +27,12 @@ struct AnsweredMessages final : Messages {
     {
         asked += box;
         answered(answer);
+    }
+    void input(const QString& title, const QString&, const QString& text,
+        std::function<void(const QString& typed)> answered) override
+    {
+        told += { Sign::Question, title, text };
+        answered(typed.isEmpty() ? QString() : typed.takeFirst());
     }
 };
 
@@ -43,6 +50,10 @@ struct AnsweredFileDialogs final : FileDialogs {
     void save(const Request& request, std::function<void(const QString& path)> chosen) override
     {
         open(request, std::move(chosen));
+    }
+    void folder(const QString& title, const QString& proposal, std::function<void(const QString& path)> chosen) override
+    {
+        open({ title, {}, proposal, {} }, std::move(chosen));
     }
 };
 

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/DownloadModel.h"
+
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "downloads/DownloadQueue.h"
+#include "downloads/DownloadText.h"
+
+#include <utility>
+
+namespace {
+
+bool isNumber(int column)
+{
+    return column == DownloadModel::Received || column == DownloadModel::Size;
+}
+
+} // namespace
+
+DownloadModel::DownloadModel(const DownloadQueue& queue, const LanguageTable& language, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_queue(queue)
+    , m_language(language)
+    , m_told(queue.count())
+{
+    m_tellViews.setSingleShot(true);
+    connect(&m_tellViews, &QTimer::timeout, this, &DownloadModel::tellViews);
+    connect(&queue, &DownloadQueue::added, this, &DownloadModel::tellViewsSoon);
+    connect(&queue, &DownloadQueue::changed, this, [this](quint64 id) {
+        m_changed += id;
+        tellViewsSoon();
+    });
+    connect(&queue, &DownloadQueue::aboutToRemove, this, [this](int first, int last) {
+        tellViews();
+        beginRemoveRows({}, first, last);
+        m_told -= last - first + 1;
+    });
+    connect(&queue, &DownloadQueue::removed, this, [this] { endRemoveRows(); });
+    connect(&language, &LanguageTable::changed, this, [this] {
+        emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+        refresh();
+    });
+}
+
+void DownloadModel::refresh()
+{
+    if (m_told > 0)
+        emit dataChanged(index(0, 0), index(m_told - 1, ColumnCount - 1));
+}
+
+void DownloadModel::tellViewsSoon()
+{
+    if (!m_tellViews.isActive())
+        m_tellViews.start(0);
+}
+
+void DownloadModel::tellViews()
+{
+    m_tellViews.stop();
+    if (m_queue.count() > m_told) {
+        beginInsertRows({}, m_told, m_queue.count() - 1);
+        m_told = m_queue.count();
+        endInsertRows();
+    }
+    int first = m_told;
+    int last = -1;
+    for (const quint64 id : std::exchange(m_changed, {})) {
+        // What was taken off the list meanwhile has the row of the next one; showing that anew does no harm.
+        const int row = m_queue.rowOf(id);
+        first = qMin(first, row);
+        last = qMax(last, qMin(row, m_told - 1));
+    }
+    if (first <= last)
+        emit dataChanged(index(first, 0), index(last, ColumnCount - 1));
+}
+
+int DownloadModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_told;
+}
+
+int DownloadModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int { ColumnCount };
+}
+
+QVariant DownloadModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(index.row(), index.column());
+    case Qt::ToolTipRole:
+        return index.column() == Filename ? text(index.row(), Url) : text(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+        return isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    case percentRole:
+        return percent(index.row());
+    default:
+        return {};
+    }
+}
+
+QVariant DownloadModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section >= ColumnCount)
+        return {};
+    if (role == Qt::DisplayRole)
+        return m_language.text("DLManager.l_downloads.ColumnHeaders(" + QByteArray::number(section + 1) + ')');
+    if (role == Qt::TextAlignmentRole)
+        return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return {};
+}
+
+QString DownloadModel::text(int row, int column) const
+{
+    const DownloadEntry& entry = m_queue.entryAt(row);
+    switch (column) {
+    case Filename:
+        return downloadText::fileName(entry);
+    case Status:
+        return downloadText::status(entry, m_language);
+    case Received:
+        return downloadText::received(entry);
+    case Size:
+        return downloadText::size(entry);
+    case Progress:
+        return downloadText::progress(entry, m_queue.settings().usePercent);
+    case Target:
+        return entry.target;
+    case Url:
+        return allgemein::fromSystem(entry.url);
+    default:
+        return {};
+    }
+}
+
+QVariant DownloadModel::percent(int row) const
+{
+    const DownloadEntry& entry = m_queue.entryAt(row);
+    if (!entry.received || entry.size <= 0)
+        return {};
+    return static_cast<int>(qMin(*entry.received, entry.size) * 100 / entry.size);
+}

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/getDLStack.h"
+
+#include "base/Captions.h"
+#include "base/Messages.h"
+#include "base/UrlPicker.h"
+#include "base/allgemein.h"
+#include "base/lang.h"
+#include "downloads/DownloadQueue.h"
+#include "ui_getDLStack.h"
+
+#include <QElapsedTimer>
+
+#include <array>
+#include <limits>
+
+namespace {
+
+/// How long the adding runs before other events get their turn.
+constexpr int sliceMilliseconds = 8;
+constexpr int exampleCount = 4;
+
+struct TypeButton {
+    QRadioButton* Ui::getDLStack::*button;
+    IndexType type;
+    zahlenEingabe::Anzeige bounds; ///< how the bounds are shown and typed
+};
+constexpr std::array typeButtons {
+    TypeButton { &Ui::getDLStack::r_indexType_2, IndexType::Decimal, zahlenEingabe::Anzeige::Digits },
+    TypeButton { &Ui::getDLStack::r_indexType_3, IndexType::Hexadecimal, zahlenEingabe::Anzeige::Digits },
+    TypeButton { &Ui::getDLStack::r_indexType_4, IndexType::CapitalLetters, zahlenEingabe::Anzeige::CapitalLetters },
+    TypeButton { &Ui::getDLStack::r_indexType_5, IndexType::SmallLetters, zahlenEingabe::Anzeige::SmallLetters },
+};
+
+} // namespace
+
+getDLStack::getDLStack(
+    DownloadQueue& queue, const LanguageTable& language, Messages& messages, UrlPicker& picker, QWidget* parent)
+    : QDialog(parent)
+    , m_queue(queue)
+    , m_language(language)
+    , m_messages(messages)
+    , m_picker(picker)
+    , m_ui(std::make_unique<Ui::getDLStack>())
+{
+    m_ui->setupUi(this);
+    captions::nameArrays(*this);
+    m_ui->Pos->init(0, std::numeric_limits<int>::max(), 7);
+    m_ui->min->init(0, std::numeric_limits<int>::max(), 1);
+    m_ui->max->init(0, std::numeric_limits<int>::max(), 10);
+    m_ui->minStellen->init(1, 20, 1);
+    wire();
+    applyCaptions();
+    showType();
+}
+
+getDLStack::~getDLStack() = default;
+
+void getDLStack::wire()
+{
+    connect(&m_language, &LanguageTable::changed, this, &getDLStack::applyCaptions);
+    connect(m_ui->b_ok, &QPushButton::clicked, this, &getDLStack::confirm);
+    connect(m_ui->b_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->startUrl, &QLineEdit::textChanged, this, &getDLStack::showExamples);
+    for (const QSpinBox* const input : { m_ui->Pos, m_ui->min, m_ui->max, m_ui->minStellen })
+        connect(input, &QSpinBox::valueChanged, this, &getDLStack::showExamples);
+    for (const TypeButton& entry : typeButtons)
+        connect((*m_ui).*entry.button, &QRadioButton::clicked, this, &getDLStack::showType);
+    connect(m_ui->editUrl, &QToolButton::clicked, this, [this] {
+        m_picker.pickUrl(allgemein::toSystem(m_ui->startUrl->text()),
+            [this](const QByteArray& url) { m_ui->startUrl->setText(allgemein::fromSystem(url)); });
+    });
+    // The index goes where the cursor was last.
+    connect(m_ui->startUrl, &QLineEdit::cursorPositionChanged, this, [this](int, int place) {
+        if (m_ui->startUrl->hasFocus())
+            m_ui->Pos->setValue(place + (m_ui->startUrl->text().startsWith(QLatin1String("http://")) ? 0 : 7));
+    });
+    connect(&m_addSome, &QTimer::timeout, this, &getDLStack::addSome);
+}
+
+void getDLStack::applyCaptions()
+{
+    captions::apply(*this, m_language);
+    if (m_picker.isAvailable())
+        return;
+    m_ui->editUrl->setEnabled(false);
+    m_ui->editUrl->setToolTip(m_language.text("more.noPicker"));
+}
+
+NumberedUrls getDLStack::run() const
+{
+    NumberedUrls run;
+    run.startUrl = allgemein::toSystem(m_ui->startUrl->text().trimmed());
+    run.pos = m_ui->Pos->value();
+    run.min = m_ui->min->value();
+    run.max = m_ui->max->value();
+    run.minStellen = m_ui->minStellen->value();
+    for (const TypeButton& entry : typeButtons) {
+        if (((*m_ui).*entry.button)->isChecked())
+            run.type = entry.type;
+    }
+    return run;
+}
+
+void getDLStack::showType()
+{
+    for (const TypeButton& entry : typeButtons) {
+        if (!((*m_ui).*entry.button)->isChecked())
+            continue;
+        m_ui->min->setnumerischeAnzeigeModus(entry.bounds);
+        m_ui->max->setnumerischeAnzeigeModus(entry.bounds);
+        m_ui->minStellen->setEnabled(entry.type == IndexType::Decimal);
+    }
+    showExamples();
+}
+
+void getDLStack::showExamples()
+{
+    m_ui->beispiele->clear();
+    NumberedUrls examples = run();
+    if (!examples.confirm())
+        return;
+    const qint64 last = qMin(qint64 { examples.max }, qint64 { examples.min } + exampleCount - 1);
+    for (qint64 index = examples.min; index <= last; ++index)
+        m_ui->beispiele->addItem(allgemein::fromSystem(examples.urlFor(static_cast<qint32>(index))));
+}
+
+void getDLStack::confirm()
+{
+    NumberedUrls confirmed = run();
+    if (!confirmed.confirm()) {
+        m_messages.tell(
+            { Messages::Sign::Warning, m_language.text("lang.userFailure"), m_language.text("lang.invalidStartUrl") },
+            [this] { m_ui->startUrl->setFocus(); });
+        return;
+    }
+    // What is left of a run before goes first.
+    while (m_addSome.isActive())
+        addSome();
+    m_adding = confirmed;
+    m_referer = allgemein::toSystem(m_ui->quellUrl->text().trimmed());
+    hide();
+    m_addSome.start(0);
+    addSome();
+    emit this->confirmed();
+}
+
+void getDLStack::addSome()
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (m_adding.min <= m_adding.max && !timer.hasExpired(sliceMilliseconds)) {
+        m_queue.addDL(m_adding.urlFor(m_adding.min), -1, m_referer);
+        if (m_adding.min == std::numeric_limits<qint32>::max())
+            break;
+        ++m_adding.min;
+    }
+    if (m_adding.min > m_adding.max || m_adding.min == std::numeric_limits<qint32>::max())
+        m_addSome.stop();
+}
