@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/About.h"
 
+#include "base/allgemein.h"
 #include "base/lang.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,9 @@ QString about::text(const LanguageTable& language)
 
 QString about::helpFile(const QString& name)
 {
+    // A language file names the page; it must not name another file.
+    if (!allgemein::isPlainFileName(allgemein::toSystem(name)))
+        return {};
     const QString program = QCoreApplication::applicationDirPath();
     const QString beside = program + QLatin1String("/help/") + name;
     return QFileInfo::exists(beside) ? beside : program + QLatin1String("/../share/tarnwick/help/") + name;

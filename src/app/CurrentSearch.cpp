@@ -8,25 +8,6 @@
 #include <memory>
 #include <utility>
 
-namespace {
-
-/// Whether a file gave a search that can be shown.
-bool isUsable(SearchFile::LoadError error)
-{
-    switch (error) {
-    case SearchFile::LoadError::None:
-    case SearchFile::LoadError::Truncated:
-        return true;
-    case SearchFile::LoadError::CannotOpen:
-    case SearchFile::LoadError::CannotRead:
-    case SearchFile::LoadError::NotASearchFile:
-        return false;
-    }
-    return false;
-}
-
-} // namespace
-
 CurrentSearch::CurrentSearch(Session& session)
     : m_session(session)
 {
@@ -51,6 +32,7 @@ void CurrentSearch::stop()
 
 void CurrentSearch::continueSearch()
 {
+    delete std::exchange(m_opening, nullptr);
     m_status.depthLimit = m_session.searchOptions.tiefe;
     enter(SearchState::Searching);
     m_session.search.continueSearch(m_session.searchOptions);
@@ -69,6 +51,7 @@ void CurrentSearch::open(const QString& fileName)
     delete m_opening;
     m_opening = new SearchOpening(fileName, options, prefs, this);
     connect(m_opening, &SearchOpening::ended, this, &CurrentSearch::takeOpened);
+    emit changed();
 }
 
 void CurrentSearch::takeOpened()
@@ -77,7 +60,7 @@ void CurrentSearch::takeOpened()
     SearchOpening* const opening = std::exchange(m_opening, nullptr);
     opening->deleteLater();
     StoredSearch& search = opening->search();
-    if (isUsable(opening->result().error)) {
+    if (SearchFile::isUsable(opening->result().error)) {
         m_session.searchOptions = search.options;
         m_session.requestPrefs = search.prefs;
         m_fileName = opening->fileName();
@@ -86,6 +69,7 @@ void CurrentSearch::takeOpened()
         m_session.search.openSearch(search.list);
         enter(SearchState::Loaded);
     }
+    emit changed();
     emit opened(opening->fileName(), opening->result(), search.mimeTypes);
 }
 
@@ -103,6 +87,7 @@ SearchStatus CurrentSearch::status() const
 {
     SearchStatus status = m_status;
     status.found = m_session.foundItems.getAnzahl();
+    status.opening = m_opening != nullptr;
     return status;
 }
 

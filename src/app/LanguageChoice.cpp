@@ -26,15 +26,18 @@ void LanguageChoice::selectBuiltIn(int index)
 
 void LanguageChoice::load(const QString& fileName)
 {
-    m_index = file;
-    m_fileName = fileName;
     m_reading = std::make_unique<LanguageFile>(fileName, m_table);
+    if (m_reading->isOpen()) {
+        m_index = file;
+        m_fileName = fileName;
+    }
     readOn();
 }
 
 // What it says is not in the table, since the table is what may be wrong.
 void LanguageChoice::readOn()
 {
+    constexpr qsizetype longestKey = 100;
     const QString title = QStringLiteral("Parsing Error");
     switch (m_reading->read()) {
     case LanguageFile::Step::End:
@@ -47,7 +50,7 @@ void LanguageChoice::readOn()
     case LanguageFile::Step::UnknownKey:
         m_messages.ask({ Messages::Sign::Warning, title,
                            QStringLiteral("Not a valid l-Value for Translation: %1\nContinue loading Language-file?")
-                               .arg(allgemein::fromSystem(m_reading->key())) },
+                               .arg(allgemein::shownText(m_reading->key().left(longestKey))) },
             [this, asked = m_reading.get()](bool goOn) {
                 // Another language may have been chosen meanwhile.
                 if (asked != m_reading.get())

@@ -232,7 +232,7 @@ void MainWindow::applyCaptions()
     captions::apply(*this, m_session.language);
     for (QAction* const action : m_menus.languages->actions())
         action->setChecked(action->data().toInt() == m_language.index());
-    m_list->setAccessibleName(text("more.results"));
+    m_list->setViewsName(text("more.results"));
     updateStatus();
 }
 
@@ -253,9 +253,9 @@ void MainWindow::takeLoaded(const QString& fileName, const SearchFile::LoadResul
     const QString error = twk::errorText(result, m_session.language);
     if (!error.isEmpty())
         complain("lang.errTitle", QDir::toNativeSeparators(fileName) + u'\n' + error);
-    if (m_search.fileName() != fileName || m_search.status().state != SearchState::Loaded)
+    if (!SearchFile::isUsable(result.error))
         return;
-    warnOfSkippedLines(result.skipped);
+    warnOfSkippedLines(result);
     m_seams.shell.addRecentDocument(fileName);
     m_session.filter.branch.reset();
     for (const MimeListe::Entry& entry : mimeTypes.entries())
@@ -265,16 +265,16 @@ void MainWindow::takeLoaded(const QString& fileName, const SearchFile::LoadResul
     rebuildViews();
 }
 
-void MainWindow::warnOfSkippedLines(const QList<SearchFile::SkippedLine>& lines)
+void MainWindow::warnOfSkippedLines(const SearchFile::LoadResult& result)
 {
     constexpr qsizetype most = 10;
-    if (lines.isEmpty())
+    if (result.skipped.isEmpty())
         return;
     QStringList warnings;
-    for (const SearchFile::SkippedLine& line : lines.first(qMin(most, lines.size())))
+    for (const SearchFile::SkippedLine& line : result.skipped.first(qMin(most, result.skipped.size())))
         warnings += twk::warningText(line, m_session.language);
-    if (lines.size() > most)
-        warnings += text("more.andMore").arg(lines.size() - most);
+    if (result.skippedCount > most)
+        warnings += text("more.andMore").arg(result.skippedCount - most);
     complain("lang.note", warnings.join(u'\n'));
 }
 
@@ -374,7 +374,7 @@ QString MainWindow::emptyText(const SearchStatus& status) const
 {
     if (status.state == SearchState::None)
         return text("lang.search_noSearch") + u'\n' + text("more.hintNew");
-    return status.found > 0 ? text("more.allFiltered") : QString();
+    return status.found > 0 && !m_founds.isRebuilding() ? text("more.allFiltered") : QString();
 }
 
 QString MainWindow::text(const char* key) const

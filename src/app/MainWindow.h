@@ -56,7 +56,7 @@ private:
 
     void startSearch();
     void takeLoaded(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
-    void warnOfSkippedLines(const QList<SearchFile::SkippedLine>& lines);
+    void warnOfSkippedLines(const SearchFile::LoadResult& result);
     void askForSearchFile();
     void askForLanguageFile();
     void save(const QString& fileName);

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QMainWindow>
 
 #include <utility>
 
@@ -38,7 +39,7 @@ void MessageBoxes::ask(const Box& box, std::function<void(bool yes)> answered)
 void MessageBoxes::input(const QString& title, const QString& prompt, const QString& text,
     std::function<void(const QString& typed)> answered)
 {
-    auto* const dialog = new QInputDialog(QApplication::activeWindow());
+    auto* const dialog = new QInputDialog(parentWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(title);
     dialog->setLabelText(prompt);
@@ -63,13 +64,37 @@ void MessageBoxes::showNext()
         return;
     const Waiting waiting = m_waiting.dequeue();
     auto* const box = new QMessageBox(
-        iconFor(waiting.box.sign), waiting.box.title, waiting.box.text, waiting.buttons, QApplication::activeWindow());
+        iconFor(waiting.box.sign), waiting.box.title, waiting.box.text, waiting.buttons, parentWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
     // What is told of may come from a server or a file, which has no say in how it looks.
     box->setTextFormat(Qt::PlainText);
-    connect(box, &QMessageBox::finished, this, [this, answered = waiting.answered](int button) {
-        answered(button == QMessageBox::Yes);
-        showNext();
+    connect(box, &QMessageBox::finished, this, [this, box, waiting](int button) {
+        disconnect(box, &QObject::destroyed, this, nullptr);
+        finish(waiting, button == QMessageBox::Yes);
     });
+    // Whatever takes the box away must not leave the others waiting for ever.
+    connect(box, &QObject::destroyed, this, [this, waiting] { finish(waiting, false); });
     box->open();
+}
+
+void MessageBoxes::finish(const Waiting& waiting, bool yes)
+{
+    waiting.answered(yes);
+    showNext();
+}
+
+QWidget* MessageBoxes::parentWindow()
+{
+    QWidget* window = QApplication::activeWindow();
+    while (window && window->testAttribute(Qt::WA_DeleteOnClose))
+        window = window->parentWidget();
+    if (!window)
+        window = m_parent;
+    // Before any window was active: the main one.
+    for (QWidget* const candidate : QApplication::topLevelWidgets()) {
+        if (!window && candidate->isVisible() && qobject_cast<QMainWindow*>(candidate))
+            window = candidate;
+    }
+    m_parent = window;
+    return window;
 }

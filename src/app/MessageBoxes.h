@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QQueue>
 
 /// Message boxes on the screen, one after the other, over the window in which the user is.
@@ -26,7 +27,11 @@ private:
 
     void enqueue(Waiting waiting);
     void showNext();
+    void finish(const Waiting& waiting, bool yes);
+    /// The window over which a box stands: one that stays, unlike a file dialog that is just closing.
+    [[nodiscard]] QWidget* parentWindow();
 
     QQueue<Waiting> m_waiting;
     bool m_isShowing = false;
+    QPointer<QWidget> m_parent; ///< of the last box
 };

@@ -33,7 +33,7 @@ std::array<QString, 5> SearchStatus::panels(const LanguageTable& language) const
     };
     return {
         stateText(state, language),
-        labelled("lang.search_startlink", allgemein::fromSystem(startUrl)),
+        labelled("lang.search_startlink", allgemein::shownText(startUrl)),
         labelled("lang.search_depth", QString::number(depthLimit)),
         labelled("lang.searchFoundUrls", QString::number(found)),
         language.text("lang.searchAnalysedUrls") + QLatin1String(": coming soon"),

@@ -23,11 +23,16 @@ struct SearchStatus {
     QByteArray startUrl;
     qint32 depthLimit = 0;
     qint32 found = 0; ///< how many items the search has
+    bool opening = false; ///< a file is being read that will take its place
 
-    [[nodiscard]] bool canStart() const { return state != SearchState::Searching; }
+    [[nodiscard]] bool canStart() const { return state != SearchState::Searching && !opening; }
     [[nodiscard]] bool canStop() const { return state == SearchState::Searching; }
     /// A finished search has nothing left to continue with.
-    [[nodiscard]] bool canContinue() const { return state == SearchState::Stopped || state == SearchState::Loaded; }
+    [[nodiscard]] bool canContinue() const
+    {
+        return !opening && (state == SearchState::Stopped || state == SearchState::Loaded);
+    }
+    [[nodiscard]] bool isBusy() const { return opening || state == SearchState::Searching; }
 
     /// The texts of the status bar's panels: state, start URL, depth limit, found URLs, analysed URLs. The last has
     /// no counter behind it.

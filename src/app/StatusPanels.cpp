@@ -2,6 +2,7 @@
 #include "app/StatusPanels.h"
 
 #include "app/SearchStatus.h"
+#include "base/Captions.h"
 #include "base/lang.h"
 
 #include <QLabel>
@@ -63,7 +64,7 @@ void StatusPanels::show(const SearchStatus& status, int shownRows, const Languag
     const auto texts = status.panels(language);
     for (size_t panel = 0; panel < m_panels.size(); ++panel)
         m_panels[panel]->setText(panel < shownPanel ? texts[panel] : shown);
-    m_panels[1]->setToolTip(texts[1]);
-    m_busy->setVisible(status.state == SearchState::Searching);
+    m_panels[1]->setToolTip(captions::toolTip(texts[1]));
+    m_busy->setVisible(status.isBusy());
     m_busy->setAccessibleName(language.text("lang.search_searching"));
 }

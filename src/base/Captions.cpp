@@ -73,3 +73,10 @@ void captions::apply(QObject& part, const QString& windowName, const LanguageTab
             apply(*child, windowName, language);
     }
 }
+
+QString captions::toolTip(const QString& foreign)
+{
+    constexpr qsizetype longest = 500;
+    const QString shown = foreign.size() <= longest ? foreign : foreign.left(longest) + QChar(0x2026);
+    return QLatin1String("<qt>") + shown.toHtmlEscaped() + QLatin1String("</qt>");
+}

@@ -17,4 +17,7 @@ void apply(QWidget& window, const LanguageTable& language);
 /// As above, for a part of the window called `windowName`.
 void apply(QObject& part, const QString& windowName, const LanguageTable& language);
 
+/// A text of a server's or a file's as a tool tip, which shows it as it is: not as marked up, and not without end.
+[[nodiscard]] QString toolTip(const QString& foreign);
+
 } // namespace captions

@@ -19,6 +19,8 @@ public:
     /// `table` must outlive the reading.
     LanguageFile(const QString& fileName, LanguageTable& table);
 
+    /// Whether the file could be opened.
+    [[nodiscard]] bool isOpen() const { return m_file.isOpen(); }
     /// Reads on, to the next step that somebody must know of. The texts read so far are in force then.
     [[nodiscard]] Step read();
     [[nodiscard]] const QByteArray& key() const { return m_key; }

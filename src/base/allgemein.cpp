@@ -86,6 +86,12 @@ QString fromSystem(QByteArrayView bytes)
     return QString::fromLocal8Bit(bytes);
 }
 
+QString shownText(QByteArrayView bytes)
+{
+    constexpr qsizetype longest = 1000;
+    return bytes.size() <= longest ? fromSystem(bytes) : fromSystem(bytes.first(longest)) + QChar(0x2026);
+}
+
 QByteArray toSystem(QStringView text)
 {
     return text.toLocal8Bit();
@@ -163,9 +169,9 @@ QByteArray onOneLine(const QByteArray& bytes)
     return isOnOneLine(bytes) ? bytes : percentEncoded(bytes, breaksLine);
 }
 
-std::optional<Line> readLine(QIODevice& file)
+std::optional<Line> readLine(QIODevice& file, qint64 longest)
 {
-    QByteArray text = file.readLine();
+    QByteArray text = file.readLine(longest);
     if (text.isEmpty())
         return {};
     const bool ended = text.endsWith('\n');

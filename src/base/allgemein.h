@@ -17,6 +17,9 @@ constexpr qsizetype notFound = -1;
 
 /// 8-bit text in the system code page, made readable. Bytes that the code page lacks become U+FFFD.
 [[nodiscard]] QString fromSystem(QByteArrayView bytes);
+/// As `fromSystem`, cut to what a person would read in a cell of a list. What servers send may be long enough to hold
+/// up the drawing.
+[[nodiscard]] QString shownText(QByteArrayView bytes);
 /// Text for people in the bytes of the system code page. Characters that it lacks become "?".
 [[nodiscard]] QByteArray toSystem(QStringView text);
 
@@ -47,11 +50,12 @@ constexpr QByteArrayView lineEnd = "\r\n";
 /// One line of a file, without its end (CR LF or LF).
 struct Line {
     QByteArray text;
-    /// False for a last line that breaks off without a line end.
+    /// False for a last line that breaks off without a line end, and for a piece of one that is too long.
     bool ended = true;
 };
-/// The next line of `file`; nothing at its end or on a read error.
-[[nodiscard]] std::optional<Line> readLine(QIODevice& file);
+/// The next line of `file`; nothing at its end or on a read error. Of a line of more than `longest` bytes (0: no bound)
+/// a piece of that length comes, and is no line.
+[[nodiscard]] std::optional<Line> readLine(QIODevice& file, qint64 longest = 0);
 
 /// Writes all of `bytes`; false when not all could be written, as on a full disk. (A device may take a part of a long
 /// text and report no error.)

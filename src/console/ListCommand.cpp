@@ -11,12 +11,14 @@
 namespace {
 
 void complainOfSkippedLines(
-    const QString& fileName, const QList<SearchFile::SkippedLine>& lines, const LanguageTable& language)
+    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language)
 {
-    for (const SearchFile::SkippedLine& line : lines) {
+    for (const SearchFile::SkippedLine& line : result.skipped) {
         complain(
             QStringLiteral("%1:%2: %3").arg(fileName, QString::number(line.number), twk::warningText(line, language)));
     }
+    if (const qint64 more = result.skippedCount - result.skipped.size(); more > 0)
+        complain(fileName + QLatin1String(": ") + language.text("more.andMore").arg(more));
 }
 
 } // namespace
@@ -38,7 +40,7 @@ int runListCommand(const QStringList& arguments)
     const QString error = twk::errorText(result, language);
     // A file that is no search file at all is told of once, not once a line.
     if (result.error != SearchFile::LoadError::NotASearchFile)
-        complainOfSkippedLines(fileName, result.skipped, language);
+        complainOfSkippedLines(fileName, result, language);
     const ItemPrinter printer(language, [](const FundStück& item) { return QString::number(item.statusCode); });
     const bool printed = printToStandardOutput(
         [&](QIODevice& out) { printer.print(out, printing.format, search.list, printing.filter); });

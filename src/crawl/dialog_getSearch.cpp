@@ -36,6 +36,16 @@ constexpr std::array analysisBoxes {
 constexpr std::array followButtons { &Ui::dialog_getSearch::rad_followSub_0, &Ui::dialog_getSearch::rad_followSub_1,
     &Ui::dialog_getSearch::rad_followSub_2 };
 
+/// Where a list's entry keeps the bytes that its text stands for.
+constexpr int bytesRole = Qt::UserRole;
+
+/// Takes what was typed. A text that nobody has touched stays what it is, bytes that cannot be shown included.
+void takeText(const QLineEdit& field, QByteArray& text)
+{
+    if (field.text() != allgemein::fromSystem(text))
+        text = allgemein::toSystem(field.text().trimmed());
+}
+
 } // namespace
 
 dialog_getSearch::dialog_getSearch(
@@ -49,6 +59,8 @@ dialog_getSearch::dialog_getSearch(
 {
     m_ui->setupUi(this);
     captions::nameArrays(*this);
+    for (QLineEdit* const field : { m_ui->startlink, m_ui->quellUrl, m_ui->unterpfadEingabe })
+        field->setMaxLength(url::longest);
     m_ui->tiefe->init(0, std::numeric_limits<int>::max(), 0);
     m_ui->b_copyStartUrl->setMenu(new QMenu(m_ui->b_copyStartUrl));
     wire();
@@ -114,7 +126,7 @@ void dialog_getSearch::showOptions()
     ((*m_ui).*followButtons[static_cast<size_t>(m_options.followSub)])->setChecked(true);
     m_ui->unterpfade->clear();
     for (const SubUrl& entry : m_options.unterpfade)
-        m_ui->unterpfade->addItem(allgemein::fromSystem(entry.text));
+        showSubUrl(entry);
     for (const AnalysisBox& entry : analysisBoxes)
         ((*m_ui).*entry.box)->setChecked(m_options.analysis.*entry.on);
     enableControls();
@@ -122,17 +134,18 @@ void dialog_getSearch::showOptions()
 
 void dialog_getSearch::takeOptions()
 {
-    m_options.startUrl = allgemein::toSystem(m_ui->startlink->text().trimmed());
-    m_options.quellUrl = allgemein::toSystem(m_ui->quellUrl->text().trimmed());
+    takeText(*m_ui->startlink, m_options.startUrl);
+    takeText(*m_ui->quellUrl, m_options.quellUrl);
     m_options.maxDepth = m_ui->c_maxDepth->isChecked();
-    m_options.tiefe = m_ui->tiefe->value();
+    if (m_ui->tiefe->value() != qMax(0, m_options.tiefe))
+        m_options.tiefe = m_ui->tiefe->value();
     for (size_t mode = 0; mode < followButtons.size(); ++mode) {
         if (((*m_ui).*followButtons[mode])->isChecked())
             m_options.followSub = static_cast<FollowMode>(mode);
     }
     m_options.unterpfade.clear();
     for (int row = 0; row < m_ui->unterpfade->count(); ++row)
-        m_options.unterpfade.push_back(SubUrl::fromText(allgemein::toSystem(m_ui->unterpfade->item(row)->text())));
+        m_options.unterpfade.push_back(SubUrl::fromText(m_ui->unterpfade->item(row)->data(bytesRole).toByteArray()));
     for (const AnalysisBox& entry : analysisBoxes)
         m_options.analysis.*entry.on = ((*m_ui).*entry.box)->isChecked();
 }
@@ -158,6 +171,8 @@ bool dialog_getSearch::eventFilter(QObject* watched, QEvent* event)
 
 void dialog_getSearch::confirm()
 {
+    if (m_isConfirming)
+        return;
     takeOptions();
     const Confirmation confirmation = m_options.confirm();
     m_ui->startlink->setText(allgemein::fromSystem(m_options.startUrl));
@@ -181,6 +196,7 @@ void dialog_getSearch::confirm()
 
 void dialog_getSearch::startAfter(QStringList notes)
 {
+    m_isConfirming = !notes.isEmpty();
     if (notes.isEmpty()) {
         hide();
         emit confirmed();
@@ -197,10 +213,16 @@ void dialog_getSearch::pickInto(QLineEdit* field)
         [field](const QByteArray& url) { field->setText(allgemein::fromSystem(url)); });
 }
 
+void dialog_getSearch::showSubUrl(const SubUrl& entry)
+{
+    auto* const item = new QListWidgetItem(allgemein::shownText(entry.text), m_ui->unterpfade);
+    item->setData(bytesRole, entry.text);
+}
+
 void dialog_getSearch::addSubUrl()
 {
     const SubUrl entry = SubUrl::fromText(allgemein::toSystem(m_ui->unterpfadEingabe->text().trimmed()));
-    m_ui->unterpfade->addItem(allgemein::fromSystem(entry.text));
+    showSubUrl(entry);
     m_ui->unterpfadEingabe->clear();
     m_ui->unterpfadEingabe->setFocus();
 }

@@ -10,6 +10,7 @@ class Messages;
 class QLineEdit;
 class UrlPicker;
 struct SearchOptions;
+struct SubUrl;
 
 namespace Ui {
 class dialog_getSearch;
@@ -46,6 +47,7 @@ private:
     /// Starts the search when the user has closed the notes.
     void startAfter(QStringList notes);
     void pickInto(QLineEdit* field);
+    void showSubUrl(const SubUrl& entry);
     void addSubUrl();
     void deleteSubUrls();
     void offerLevels();
@@ -54,5 +56,6 @@ private:
     const LanguageTable& m_language;
     Messages& m_messages;
     UrlPicker& m_picker;
+    bool m_isConfirming = false; ///< notes are being shown
     std::unique_ptr<Ui::dialog_getSearch> m_ui;
 };

@@ -160,6 +160,27 @@ QByteArray urlComponent(QByteArrayView url, qint32 level, bool withColon)
     return inner.size() == outer.size() ? QByteArray() : inner.sliced(outer.size()).chopped(1).toByteArray();
 }
 
+QByteArrayList components(QByteArrayView url, qint32 most)
+{
+    QByteArrayList pieces;
+    QByteArrayView host = hostOf(url);
+    for (bool more = true; more && pieces.size() < most;) {
+        const qsizetype dot = host.lastIndexOf('.');
+        pieces += host.sliced(dot + 1).toByteArray();
+        more = dot >= 0;
+        host = host.first(qMax<qsizetype>(dot, 0));
+    }
+    if (pieces.size() < most)
+        pieces += ':' + QByteArray::number(portOf(url));
+    const QByteArrayView directory = directoryOf(url);
+    for (qsizetype start = 1; start < directory.size() && pieces.size() < most;) {
+        const qsizetype slash = directory.indexOf('/', start);
+        pieces += directory.sliced(start, slash - start).toByteArray();
+        start = slash + 1;
+    }
+    return pieces;
+}
+
 QByteArrayView lastLabels(QByteArrayView host, qint32 n)
 {
     if (n <= 0 || host.isEmpty())

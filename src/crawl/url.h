@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QByteArrayView>
 
 /// The one place where URL text is taken apart and put together. Everything here works on plain bytes, exactly and
@@ -50,6 +51,10 @@ constexpr qsizetype longest = 64 * 1024;
 /// The piece that the level after `level` (0-based) adds: a host label, counted from the right, then the port (with
 /// ":" in front when `withColon`), then the directory names. Empty beyond the last directory.
 [[nodiscard]] QByteArray urlComponent(QByteArrayView url, qint32 level, bool withColon);
+
+/// What `urlComponent` gives for the levels from 0 on, with the colon, but no more than the first `most` of them. One
+/// walk along the URL, however many there are.
+[[nodiscard]] QByteArrayList components(QByteArrayView url, qint32 most);
 
 /// The last `n` dot-separated labels; the whole host when it has fewer, empty for n = 0.
 [[nodiscard]] QByteArrayView lastLabels(QByteArrayView host, qint32 n);

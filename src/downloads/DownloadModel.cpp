@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "downloads/DownloadModel.h"
 
+#include "base/Captions.h"
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "downloads/DownloadQueue.h"
@@ -92,7 +93,7 @@ QVariant DownloadModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(index.row(), index.column());
     case Qt::ToolTipRole:
-        return index.column() == Filename ? text(index.row(), Url) : text(index.row(), index.column());
+        return captions::toolTip(text(index.row(), index.column() == Filename ? Url : index.column()));
     case Qt::TextAlignmentRole:
         return isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case percentRole:
@@ -130,7 +131,7 @@ QString DownloadModel::text(int row, int column) const
     case Target:
         return entry.target;
     case Url:
-        return allgemein::fromSystem(entry.url);
+        return allgemein::shownText(entry.url);
     default:
         return {};
     }

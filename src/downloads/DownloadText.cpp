@@ -23,7 +23,7 @@ QString loadingText(const DownloadEntry& entry, const LanguageTable& language)
 
 QString downloadText::fileName(const DownloadEntry& entry)
 {
-    return allgemein::fromSystem(url::fileNameOf(entry.url));
+    return allgemein::shownText(url::fileNameOf(entry.url));
 }
 
 QString downloadText::status(const DownloadEntry& entry, const LanguageTable& language)

@@ -32,8 +32,11 @@ FilterPane::FilterPane(ResultFilter& filter, QWidget* parent)
     captions::nameArrays(*this);
     m_ui->mimeListe->setModel(&m_mimeModel);
     m_ui->b_closeFilter->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    for (zahlenEingabe* const bound : { m_ui->minDepth, m_ui->maxDepth, m_ui->minSize, m_ui->maxSize })
+    for (zahlenEingabe* const bound : { m_ui->minDepth, m_ui->maxDepth, m_ui->minSize, m_ui->maxSize }) {
         bound->init(0, std::numeric_limits<int>::max(), 0);
+        // Narrower than its greatest number, which nobody types.
+        bound->setMinimumWidth(14 * fontMetrics().averageCharWidth());
+    }
     // High enough for the option buttons; the results need the room.
     setMaximumHeight(12 * fontMetrics().height());
     showFilter();

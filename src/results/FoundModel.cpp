@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/FoundModel.h"
 
+#include "base/Captions.h"
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "crawl/url.h"
@@ -20,6 +21,8 @@ namespace {
 constexpr int sliceMilliseconds = 8;
 /// How many items are tested between two looks at the clock.
 constexpr int itemsPerLook = 64;
+/// Of what a server said of itself, in bytes.
+constexpr qsizetype longestDetail = 1000;
 /// Views follow this many separate changes, and keep selection and place; beyond it they start anew.
 constexpr size_t mostChanges = 64;
 
@@ -74,7 +77,7 @@ void FoundModel::refresh(FundKnoten* knoten)
 void FoundModel::report(FundKnoten* knoten, const FetchReport& report)
 {
     if (const auto row = rowOf(knoten)) {
-        rowAt(*row).detail = placeOfDetail(report.detail);
+        rowAt(*row).detail = placeOfDetail(report.detail.left(longestDetail));
         rowAt(*row).event = report.event;
         rowAt(*row).hasStateText = true;
         showRows(*row, 1);
@@ -101,6 +104,7 @@ void FoundModel::rebuild()
     m_walk.restart();
     m_next.clear();
     m_hidden.clear();
+    m_rebuildFilter = m_filter;
     m_rebuildSlice.start(0);
     rebuildSlice();
 }
@@ -124,7 +128,7 @@ void FoundModel::rebuildSlice()
 void FoundModel::chooseOrHide(FundKnoten* knoten)
 {
     const auto row = rowOf(knoten);
-    if (m_filter.shows(knoten->inhalt))
+    if (m_rebuildFilter.shows(knoten->inhalt))
         m_next.push_back({ knoten, row });
     else if (row)
         m_hidden.push_back(knoten);
@@ -134,7 +138,7 @@ void FoundModel::takeOver()
 {
     m_rebuildSlice.stop();
     tellViews();
-    m_shownUnit = m_filter.sizeUnit;
+    m_shownUnit = m_rebuildFilter.sizeUnit;
     if (const auto changes = changesToNext())
         std::for_each(changes->rbegin(), changes->rend(), [this](const Change& change) { apply(change); });
     else
@@ -360,9 +364,9 @@ QString FoundModel::text(const Row& row, int column) const
     const FundStück& item = row.knoten->inhalt;
     switch (column) {
     case Filename:
-        return allgemein::fromSystem(url::fileNameOf(item.adresse));
+        return allgemein::shownText(url::fileNameOf(item.adresse));
     case MimeContent:
-        return allgemein::fromSystem(item.mimeTyp);
+        return allgemein::shownText(item.mimeTyp);
     case Size:
         return item.groesse < 0 ? QStringLiteral("?") : QString::number(item.groesse / m_shownUnit);
     case Depth:
@@ -372,9 +376,9 @@ QString FoundModel::text(const Row& row, int column) const
     case RefType:
         return twk::referenceTypeName(item.referenzTyp);
     case Language:
-        return allgemein::fromSystem(item.sprache);
+        return allgemein::shownText(item.sprache);
     case Url:
-        return allgemein::fromSystem(item.adresse);
+        return allgemein::shownText(item.adresse);
     default:
         return {};
     }
@@ -389,7 +393,7 @@ QString FoundModel::statusText(const Row& row) const
 QVariant FoundModel::toolTip(const Row& row, int column) const
 {
     if (column == Filename)
-        return text(row, Url);
+        return captions::toolTip(text(row, Url));
     const FundStück& item = row.knoten->inhalt;
     if (column != Status || item.statusCode != 0)
         return {};

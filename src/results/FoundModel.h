@@ -3,6 +3,7 @@
 
 #include "crawl/ItemFetch.h"
 #include "crawl/ListWalk.h"
+#include "results/ResultFilter.h"
 #include "base/RowRuns.h"
 
 #include <QAbstractTableModel>
@@ -14,7 +15,6 @@
 #include <vector>
 
 class LanguageTable;
-struct ResultFilter;
 
 /// The found items that pass the filter, a row each, in the order in which they were found. Rows that come are told to
 /// the views once per pass of the event loop. A row's check box is its mark.
@@ -42,6 +42,8 @@ public:
     /// Chooses the rows anew, by the filter as it is now. It works between other events, shows the result at the end
     /// with `rebuilt`, and starts over when it is called again meanwhile.
     void rebuild();
+
+    [[nodiscard]] bool isRebuilding() const { return m_rebuildSlice.isActive(); }
 
     /// The item of a row, from 0.
     [[nodiscard]] const FundStück& itemAt(int row) const { return rowAt(row).knoten->inhalt; }
@@ -123,6 +125,7 @@ private:
     QTimer m_tellViews;
 
     ListWalk m_walk;
+    ResultFilter m_rebuildFilter; ///< as it was when the rebuild began
     /// The rows that a rebuild has chosen so far. While it works, the rows that are shown stay as they are.
     std::vector<Choice> m_next;
     std::vector<FundKnoten*> m_hidden; ///< the items that will lose their rows

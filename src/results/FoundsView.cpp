@@ -103,6 +103,12 @@ void FoundsView::setEmptyText(const QString& text)
     m_icons->setEmptyText(text);
 }
 
+void FoundsView::setViewsName(const QString& name)
+{
+    m_details->setAccessibleName(name);
+    m_icons->setAccessibleName(name);
+}
+
 void FoundsView::setCommands(const QList<QAction*>& commands)
 {
     m_details->addActions(commands);

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] FoundsMode mode() const { return m_mode; }
     /// Shown in the place of rows while there are none.
     void setEmptyText(const QString& text);
+    /// What the views are called where they are read out.
+    void setViewsName(const QString& name);
     /// The commands of the context menu.
     void setCommands(const QList<QAction*>& commands);
 

@@ -25,9 +25,8 @@ HostArena::NodeId HostArena::add(const QByteArray& url)
         && QByteArrayView(url).first(end) == QByteArrayView(m_lastUrl).first(end))
         return m_lastNode;
     NodeId id = root;
-    const qint32 levels = qMin(url::levelCount(url), deepestLevel);
-    for (qint32 level = 0; level < levels; ++level) {
-        const Key key(id, url::urlComponent(url, level, true));
+    for (const QByteArray& piece : url::components(url, deepestLevel)) {
+        const Key key(id, piece);
         const auto child = m_children.constFind(key);
         id = child != m_children.constEnd() ? *child : addChild(key, url);
     }
@@ -39,9 +38,12 @@ HostArena::NodeId HostArena::add(const QByteArray& url)
 
 HostArena::NodeId HostArena::find(const QByteArray& url, qint32 level) const
 {
-    NodeId id = root;
-    for (qint32 piece = 0; piece < level && id != none; ++piece)
-        id = m_children.value(Key(id, url::urlComponent(url, piece, true)), none);
+    if (level < 0 || level > deepestLevel)
+        return none;
+    const QByteArrayList pieces = url::components(url, level);
+    NodeId id = pieces.size() == level ? root : none;
+    for (qsizetype piece = 0; piece < pieces.size() && id != none; ++piece)
+        id = m_children.value(Key(id, pieces[piece]), none);
     return id;
 }
 

@@ -15,7 +15,7 @@ namespace {
 /// How long a rebuild runs before other events get their turn.
 constexpr int sliceMilliseconds = 8;
 /// How many items are added between two looks at the clock.
-constexpr int itemsPerLook = 64;
+constexpr int itemsPerLook = 16;
 
 bool isInTree(const FundStück& item)
 {
@@ -173,7 +173,7 @@ QVariant HostTree::data(const QModelIndex& index, int role) const
     const HostArena::Node& node = m_arena.node(idOf(index));
     switch (role) {
     case Qt::DisplayRole:
-        return allgemein::fromSystem(node.name);
+        return allgemein::shownText(node.name);
     case Qt::DecorationRole:
         return idOf(index) == HostArena::root ? m_hostIcon : m_folderIcon;
     default:

@@ -26,14 +26,19 @@ HostTreeView::HostTreeView(HostTree& tree, QWidget* parent)
     rememberExpanded();
     connect(this, &QTreeView::clicked, this, &HostTreeView::choose);
     connect(this, &QTreeView::activated, this, &HostTreeView::choose);
-    connect(&tree, &HostTree::modelReset, this, &HostTreeView::expandWanted);
+    connect(&tree, &HostTree::modelReset, this, [this] {
+        expandWanted();
+        if (m_current)
+            setCurrentIndex(m_tree.find(m_current->first, m_current->second));
+    });
     connect(&tree, &HostTree::rowsInserted, this, &HostTreeView::expandWanted);
 }
 
 void HostTreeView::expandHostOf(const QByteArray& url)
 {
     m_wanted.clear();
-    for (qint32 level = 0; level <= url::labelCount(url::hostOf(url)) + 1; ++level)
+    constexpr qint32 mostLabels = 20; // more than any host has that people visit
+    for (qint32 level = 0; level <= qMin(url::labelCount(url::hostOf(url)), mostLabels) + 1; ++level)
         m_wanted.emplace_back(url, level);
     expandWanted();
 }
@@ -43,13 +48,19 @@ void HostTreeView::choose(const QModelIndex& index)
     emit branchChosen(m_tree.branch(index));
 }
 
+HostTreeView::Place HostTreeView::placeOf(const QModelIndex& index) const
+{
+    return { m_tree.urlBelow(index), m_tree.branch(index).level };
+}
+
 void HostTreeView::rememberExpanded()
 {
     const QModelIndex root = m_tree.index(0, 0);
-    m_wanted.emplace_back(m_tree.urlBelow(root), 0);
+    m_wanted.push_back(placeOf(root));
+    m_current = currentIndex().isValid() ? std::optional(placeOf(currentIndex())) : std::nullopt;
     for (QModelIndex index = root; index.isValid(); index = indexBelow(index)) {
         if (isExpanded(index))
-            m_wanted.emplace_back(m_tree.urlBelow(index), m_tree.branch(index).level);
+            m_wanted.push_back(placeOf(index));
     }
 }
 

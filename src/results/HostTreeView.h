@@ -5,6 +5,10 @@
 
 #include <QTreeView>
 
+#include <optional>
+#include <utility>
+#include <vector>
+
 class HostTree;
 
 /// The tree of hosts and directories. What is expanded stays so when the tree is made anew.
@@ -28,6 +32,11 @@ private:
     void expandWanted();
 
     HostTree& m_tree;
-    /// URLs with levels, whose nodes are to be expanded.
-    std::vector<std::pair<QByteArray, qint32>> m_wanted;
+    /// A node: a URL below it, and its level.
+    using Place = std::pair<QByteArray, qint32>;
+
+    [[nodiscard]] Place placeOf(const QModelIndex& index) const;
+
+    std::vector<Place> m_wanted; ///< what is to be expanded as soon as it is there
+    std::optional<Place> m_current; ///< what was current before the tree was made anew
 };

@@ -13,6 +13,10 @@ public:
         bool listed = false;
     };
 
+    /// Servers can send any number of types; what comes after this many is not listed.
+    static constexpr size_t most = 5000;
+    [[nodiscard]] bool isFull() const { return m_entries.size() >= most; }
+
     /// The index of a type's entry, or of the place where it belongs.
     [[nodiscard]] size_t placeOf(const QByteArray& type) const;
     [[nodiscard]] bool contains(const QByteArray& type) const;

@@ -11,7 +11,7 @@ MimeModel::MimeModel(MimeListe& list, QObject* parent)
 
 void MimeModel::meet(const QByteArray& type)
 {
-    if (type.isEmpty() || m_list.contains(type))
+    if (type.isEmpty() || m_list.isFull() || m_list.contains(type))
         return;
     const int row = static_cast<int>(m_list.placeOf(type));
     beginInsertRows({}, row, row);
@@ -31,7 +31,7 @@ QVariant MimeModel::data(const QModelIndex& index, int role) const
     const MimeListe::Entry& entry = m_list.entries()[static_cast<size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
-        return allgemein::fromSystem(entry.type);
+        return allgemein::shownText(entry.type);
     case Qt::CheckStateRole:
         return entry.listed ? Qt::Checked : Qt::Unchecked;
     default:

@@ -2,6 +2,7 @@
 #include "results/SearchFile.h"
 
 #include "base/allgemein.h"
+#include "crawl/url.h"
 
 #include <QBuffer>
 #include <QSaveFile>
@@ -75,7 +76,8 @@ std::optional<FundStück> SearchFile::itemFrom(const QByteArray& line)
     item.referenzTyp = static_cast<ReferenzTyp>(fields.number());
     item.sprache = fields.text();
     item.referer = fields.text();
-    return item.adresse.isEmpty() ? std::nullopt : std::optional(std::move(item));
+    return item.adresse.isEmpty() || item.adresse.size() > 4 * url::longest ? std::nullopt
+                                                                            : std::optional(std::move(item));
 }
 
 std::optional<QString> SearchFile::save(

@@ -19,7 +19,8 @@ constexpr QByteArrayView resultsMark = "Results:";
 /// The nine fields of an item, joined by TAB: URL, MIME type, size, depth, processing state, HTTP status, reference
 /// type number, language, referring URL. A byte that would break the line is percent-encoded.
 [[nodiscard]] QByteArray itemLine(const FundStück& item);
-/// Reads an item line. Missing fields are empty, number fields without a number 0. Nothing without a URL.
+/// Reads an item line. Missing fields are empty, number fields without a number 0. Nothing without a
+/// URL, or with one that is too long to be recorded.
 [[nodiscard]] std::optional<FundStück> itemFrom(const QByteArray& line);
 
 /// Replaces the file as a whole. Returns the system's error text on failure, which leaves an old file untouched.

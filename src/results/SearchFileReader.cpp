@@ -11,6 +11,29 @@
 using SearchFile::LoadError;
 using SearchFile::SkippedLine;
 
+namespace {
+
+/// In bytes. No field of an item is longer than a header, of which most are a kilobyte.
+constexpr qint64 longestLine = 1024 * 1024;
+/// A file of which no line is known until then is no search file.
+constexpr qint64 mostUnknownLines = 10'000;
+
+} // namespace
+
+bool SearchFile::isUsable(LoadError error)
+{
+    switch (error) {
+    case LoadError::None:
+    case LoadError::Truncated:
+        return true;
+    case LoadError::CannotOpen:
+    case LoadError::CannotRead:
+    case LoadError::NotASearchFile:
+        return false;
+    }
+    return false;
+}
+
 SearchFileReader::SearchFileReader(const QString& fileName, StoredSearch& search)
     : m_file(fileName)
     , m_search(search)
@@ -37,7 +60,7 @@ bool SearchFileReader::readFor(int milliseconds)
 
 bool SearchFileReader::readLine()
 {
-    const auto line = allgemein::readLine(m_file);
+    const auto line = isHopeless() ? std::nullopt : allgemein::readLine(m_file, longestLine);
     const bool whole = !line || line->ended;
     if (line && whole) {
         takeLine(line->text);
@@ -45,6 +68,11 @@ bool SearchFileReader::readLine()
     }
     finish(whole);
     return false;
+}
+
+bool SearchFileReader::isHopeless() const
+{
+    return !m_knewSomething && m_number > mostUnknownLines;
 }
 
 void SearchFileReader::finish(bool whole)
@@ -92,7 +120,7 @@ void SearchFileReader::takeItem(const QByteArray& line)
         return;
     }
     shareEqualTexts(*item);
-    if (!item->mimeTyp.isEmpty())
+    if (!item->mimeTyp.isEmpty() && !m_search.mimeTypes.isFull())
         m_search.mimeTypes.insert(item->mimeTyp);
     m_search.list.add(std::move(*item));
 }
@@ -113,7 +141,11 @@ void SearchFileReader::shareEqualTexts(FundStück& item) const
 
 void SearchFileReader::skip(SkippedLine::Why why, const QByteArray& text)
 {
-    m_result.skipped += { m_number, why, text };
+    constexpr qsizetype most = 100;
+    constexpr qsizetype longest = 200;
+    ++m_result.skippedCount;
+    if (m_result.skipped.size() < most)
+        m_result.skipped += { m_number, why, text.left(longest) };
 }
 
 SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)

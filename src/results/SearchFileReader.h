@@ -29,7 +29,7 @@ struct SkippedLine {
     };
     qint64 number = 0; ///< from 1
     Why why = NoKey;
-    QByteArray text;
+    QByteArray text; ///< its beginning, to tell it by
 };
 
 enum class LoadError {
@@ -37,13 +37,17 @@ enum class LoadError {
     CannotOpen,
     CannotRead,
     NotASearchFile, ///< not one line of it is known
-    Truncated, ///< its last line breaks off; whatever stands before was loaded
+    Truncated, ///< a line breaks off, or never ends; whatever stands before was loaded
 };
+
+/// Whether a file gave a search that can be shown.
+[[nodiscard]] bool isUsable(LoadError error);
 
 struct LoadResult {
     LoadError error = LoadError::None;
     QString systemText; ///< what the system says of `CannotOpen` and `CannotRead`
-    QList<SkippedLine> skipped;
+    QList<SkippedLine> skipped; ///< the first hundred
+    qint64 skippedCount = 0; ///< how many there were
 };
 
 } // namespace SearchFile
@@ -61,6 +65,7 @@ public:
 
 private:
     [[nodiscard]] bool readLine();
+    [[nodiscard]] bool isHopeless() const;
     void finish(bool whole);
     void takeLine(const QByteArray& line);
     void takeHeaderLine(const QByteArray& line);

@@ -22,6 +22,7 @@ private slots:
     void aTruncatedFileIsOpenedAsFarAsItGoes();
     void openingReplacesOptionsAndLanguages();
     void aNewSearchOvertakesOpening();
+    void nothingElseBeginsWhileAFileIsRead();
     void asksOfEachUnknownLine_data();
     void asksOfEachUnknownLine();
 
@@ -156,6 +157,28 @@ void tst_CurrentSearch::aNewSearchOvertakesOpening()
     QCOMPARE(urlsOf(session.foundItems), QByteArrayList { server.origin() + '/' });
 }
 
+void tst_CurrentSearch::nothingElseBeginsWhileAFileIsRead()
+{
+    Session session;
+    CurrentSearch search(session);
+    search.open(fileWith("StartUrl=http://h/\r\nDepth=5\r\nResults:\r\n"));
+    QTRY_COMPARE(search.status().state, SearchState::Loaded);
+    QVERIFY(!search.status().isBusy() && search.status().canContinue());
+    search.open(search.fileName());
+    QVERIFY(search.status().isBusy() && !search.status().canStart() && !search.status().canContinue());
+    QSignalSpy opened(&search, &CurrentSearch::opened);
+    search.continueSearch();
+    QCOMPARE(search.status().state, SearchState::Finished);
+    search.open(search.fileName());
+    QTRY_COMPARE(opened.count(), 1);
+    // A search of its own has no file: saving it must not replace the one that was open.
+    session.searchOptions.startUrl = "http://127.0.0.1:1/";
+    session.searchOptions.tiefe = 8;
+    search.start();
+    QCOMPARE(search.fileName(), QString());
+    QCOMPARE(search.status().depthLimit, 8);
+}
+
 void tst_CurrentSearch::asksOfEachUnknownLine_data()
 {
     QTest::addColumn<bool>("goOn");
@@ -181,7 +204,9 @@ void tst_CurrentSearch::asksOfEachUnknownLine()
     QTEST(table.text("main.m_quit"), "caption");
     QCOMPARE(choice.index(), LanguageChoice::file);
 
+    choice.selectBuiltIn(LanguageTable::French);
     choice.load(m_folder.filePath(QStringLiteral("none")));
+    QCOMPARE(choice.index(), int { LanguageTable::French });
     QCOMPARE(messages.told.size(), 1);
     QCOMPARE(messages.told.first().text, QStringLiteral("Error while loading language file"));
     choice.selectBuiltIn(LanguageTable::French);

@@ -8,6 +8,7 @@
 #include "support/WindowDriver.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QClipboard>
 #include <QDialog>
 #include <QDir>
@@ -45,6 +46,7 @@ private slots:
     void withoutAutomaticsTheListWaitsForApply();
     void narrowsByTheTree();
     void changesUnits();
+    void keysReachTheirCommands();
     void rowsAreTheSameInEveryMode();
     void marksSelectsAndCopies();
     void speaksEveryLanguage_data();
@@ -276,6 +278,15 @@ void tst_MainWindow::narrowsByTheTree()
     QTRY_COMPARE(shownNames(), (QStringList { QStringLiteral("three.pdf"), QStringLiteral("four.html") }));
     clickBranch(m_server->origin() + "/b/c/", 7);
     QTRY_COMPARE(shownNames(), QStringList(QStringLiteral("four.html")));
+    // The tree is made anew at the end, since an item has relocated; what was chosen stays chosen.
+    const auto& tree = control<QTreeView>(*m_window, "baum");
+    QCOMPARE(tree.currentIndex().data().toString(), QStringLiteral("c"));
+    qobject_cast<HostTree*>(tree.model())->removing(m_session->foundItems.getLetzter());
+    QSignalSpy remade(tree.model(), &QAbstractItemModel::modelReset);
+    qobject_cast<HostTree*>(tree.model())->rebuild();
+    QTRY_COMPARE(remade.count(), 1);
+    QCOMPARE(tree.currentIndex().data().toString(), QStringLiteral("c"));
+    QVERIFY(tree.isExpanded(tree.currentIndex().parent()));
     clickBranch(m_server->origin(), 0);
     QTRY_COMPARE(shownNames().size(), 6);
 
@@ -299,6 +310,28 @@ void tst_MainWindow::changesUnits()
     QTRY_COMPARE(shownNames(), QStringList(QStringLiteral("two.png")));
     choose(*m_window, "m_einheit(2)");
     QTRY_COMPARE(shownNames(), QStringList());
+}
+
+void tst_MainWindow::keysReachTheirCommands()
+{
+    searchSite();
+    QApplication::setActiveWindow(m_window.get());
+    QTRY_VERIFY(m_window->isActiveWindow());
+    details().setFocus();
+    QTest::keyClick(&details(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&details(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text().count(QLatin1String("\r\n")), 5);
+    QTest::keyClick(&details(), Qt::Key_F7);
+    QTest::keyClick(&details(), Qt::Key_F8);
+    QVERIFY(!control<QWidget>(*m_window, "fr_filter").isVisible());
+    QVERIFY(!control<QWidget>(*m_window, "baum").isVisible());
+    QTest::keyClick(&details(), Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(control<QListView>(*m_window, "l_founds_icons").isVisible());
+    QTest::keyClick(m_window.get(), Qt::Key_N, Qt::ControlModifier);
+    auto& dialog = control<QDialog>(*m_window, "dialog_getSearch");
+    QVERIFY(dialog.isVisible());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    QVERIFY(!dialog.isVisible());
 }
 
 void tst_MainWindow::rowsAreTheSameInEveryMode()
@@ -489,6 +522,9 @@ void tst_MainWindow::findsTheGuide()
     for (const auto& match : picture.globalMatch(QString::fromUtf8(contentOf(guide.filePath(page)))))
         QVERIFY2(guide.exists(match.captured(1)), qPrintable(match.captured(1)));
     QVERIFY(m_messages.told.isEmpty());
+    m_session->language.set("lang.helpfile", QStringLiteral("../evil.exe"));
+    choose(*m_window, "m_goHelpfile");
+    QCOMPARE(m_shell.openedFiles.value(1), QString());
     m_shell.opens = false;
     choose(*m_window, "m_goHelpfile");
     QCOMPARE(m_messages.told.value(0).text, m_session->language.text("lang.errHelp"));

@@ -23,6 +23,7 @@ private slots:
     void confirms_data();
     void confirms();
     void changesEveryOption();
+    void lookingChangesNothing();
     void switchesDependOnEachOther();
     void editsSubUrls();
     void offersTheLevelsOfTheStartUrl();
@@ -135,6 +136,21 @@ void tst_dialog_getSearch::changesEveryOption()
     }
     QCOMPARE(control<QListWidget>(other, "unterpfade").item(0)->text(), QStringLiteral("http://h:80/a/"));
     QCOMPARE(control<QSpinBox>(other, "tiefe").value(), 7);
+}
+
+void tst_dialog_getSearch::lookingChangesNothing()
+{
+    m_options.startUrl = "http://h/\xfc" + QByteArray(40'000, 'x');
+    m_options.quellUrl = "\xff";
+    m_options.tiefe = -4;
+    m_options.unterpfade = { SubUrl::fromText("http://h:80/\xfc/") };
+    const SearchOptions before = m_options;
+    m_dialog->showOptions();
+    click(window(), "b_cancel");
+    QCOMPARE(m_options.startUrl, before.startUrl);
+    QCOMPARE(m_options.quellUrl, before.quellUrl);
+    QCOMPARE(m_options.tiefe, before.tiefe);
+    QCOMPARE(m_options.unterpfade.front().text, before.unterpfade.front().text);
 }
 
 void tst_dialog_getSearch::switchesDependOnEachOther()

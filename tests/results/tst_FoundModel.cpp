@@ -21,6 +21,7 @@ private slots:
     void sizesAreInTheUnitOfTheLastRebuild();
     void rowsComeOncePerPass();
     void stateTextYieldsToTheStatusNumber();
+    void serversHaveNoSayInToolTips();
     void itemsWithoutARowAreLeftAlone();
     void rebuildsToWhatTheFilterShows();
     void fewChangesKeepWhatIsSelected();
@@ -102,6 +103,8 @@ void tst_FoundModel::showsAnItemInItsColumns()
     for (int column = 0; column < FoundModel::ColumnCount; ++column)
         QCOMPARE(cell(0, column), expected[column]);
     QCOMPARE(m_model->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Filename"));
+    QVERIFY(m_model->index(0, FoundModel::Size).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    QVERIFY(!m_model->index(0, FoundModel::Url).data(Qt::TextAlignmentRole).isValid());
     QCOMPARE(m_model->headerData(7, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Url"));
 }
 
@@ -163,6 +166,25 @@ void tst_FoundModel::stateTextYieldsToTheStatusNumber()
     QCOMPARE(cell(0, FoundModel::Status), QStringLiteral("Relocated: /x"));
     QVERIFY(rebuild());
     QCOMPARE(cell(0, FoundModel::Status), QStringLiteral("200"));
+}
+
+void tst_FoundModel::serversHaveNoSayInToolTips()
+{
+    FundKnoten* const hostile = add("http://h:80/<img src=//x/y>" + QByteArray(60'000, 'a'));
+    FundKnoten* const failed = add("http://h:80/failed");
+    add("https://h:443/");
+    failed->inhalt.zustand = Zustand::Fehlgeschlagen;
+    QTRY_COMPARE(m_model->rowCount(), 3);
+    const auto toolTip = [this](int row, int column) {
+        return m_model->index(row, column).data(Qt::ToolTipRole).toString();
+    };
+    QVERIFY(toolTip(0, FoundModel::Filename).startsWith(QLatin1String("<qt>http://h:80/&lt;img src")));
+    QVERIFY(toolTip(0, FoundModel::Filename).size() < 1000);
+    QVERIFY(cell(0, FoundModel::Url).size() < 2000);
+    QCOMPARE(toolTip(1, FoundModel::Status), QStringLiteral("Network failure"));
+    QCOMPARE(toolTip(2, FoundModel::Status), QStringLiteral("Unsupported protocol"));
+    m_model->report(hostile, { FetchEvent::Relocated, QByteArray(200'000, 'b') });
+    QVERIFY(cell(0, FoundModel::Status).size() < 2000);
 }
 
 void tst_FoundModel::itemsWithoutARowAreLeftAlone()
@@ -257,6 +279,12 @@ void tst_FoundModel::aLaterRebuildOvertakes()
     m_model->rebuild();
     QCOMPARE(rebuilt.count(), 0);
     QCOMPARE(m_model->rowCount(), 300'000);
+    // Its filter is the one that it began with, whatever is set meanwhile.
+    m_filter.filterTexte = { "/2" };
+    QVERIFY(rebuilt.wait());
+    QCOMPARE(m_model->rowCount(), 111'111);
+    rebuilt.clear();
+    m_model->rebuild();
     m_filter.filterTexte = { "/29999" };
     m_model->rebuild();
     FundKnoten* const late = add("http://h:80/299990000");

@@ -125,12 +125,14 @@ void tst_HostTree::rebuildForgetsWhatWasRemoved()
     QTRY_VERIFY(picture().contains(QLatin1String("gone")));
     QSignalSpy reset(m_tree.get(), &HostTree::modelReset);
     m_tree->rebuild();
+    add("http://h:80/other/");
+    QTRY_VERIFY(picture().contains(QLatin1String("other")));
     QCOMPARE(reset.count(), 0);
     m_tree->removing(gone);
     m_list.remove(gone);
     add("http://h:80/late/");
     m_tree->rebuild();
-    QTRY_COMPARE(picture(), QStringLiteral("/\n h\n  :80\n   a\n   late\n"));
+    QTRY_COMPARE(picture(), QStringLiteral("/\n h\n  :80\n   a\n   other\n   late\n"));
     QCOMPARE(reset.count(), 1);
 }
 

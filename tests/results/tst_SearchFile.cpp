@@ -27,6 +27,7 @@ private slots:
     void tellsWhatIsWrong();
     void passesOverUnknownLines();
     void cutAnywhereKeepsWhatIsWhole();
+    void foreignFilesAreGivenUp();
     void failedSaveLeavesOldFile();
     void fullDiskLeavesOldFile();
 
@@ -189,6 +190,23 @@ void tst_SearchFile::cutAnywhereKeepsWhatIsWhole()
         QCOMPARE(error == LoadError::None, cut.endsWith('\n'));
         QCOMPARE(search.list.getAnzahl(), qMax<qsizetype>(0, cut.count('\n') - whole.count('\n') + 3));
     }
+}
+
+void tst_SearchFile::foreignFilesAreGivenUp()
+{
+    // Neither a line without end nor any number of lines is read to its end or kept.
+    StoredSearch search;
+    QVERIFY(writeFile(file("f.twk"), QByteArray(3'000'000, 'x')));
+    QCOMPARE(SearchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
+    QVERIFY(writeFile(file("f.twk"), QByteArray("nothing known\r\n").repeated(20'000) + "Results:\r\n"));
+    QCOMPARE(SearchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
+    QVERIFY(writeFile(file("f.twk"), "Depth=1\r\n" + QByteArray(QByteArray(1000, 'y') + "\r\n").repeated(20'000)));
+    const SearchFile::LoadResult result = SearchFile::load(file("f.twk"), search);
+    QCOMPARE(result.error, LoadError::None);
+    QCOMPARE(result.skippedCount, 20'000);
+    QCOMPARE(result.skipped.size(), 100);
+    QVERIFY(result.skipped.first().text.size() < 1000);
+    QVERIFY(!SearchFile::itemFrom("http://h/" + QByteArray(1'000'000, 'u')));
 }
 
 void tst_SearchFile::failedSaveLeavesOldFile()
