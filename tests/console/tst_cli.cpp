@@ -36,6 +36,9 @@ private slots:
     void listTellsWhatIsWrong();
     void nothingDrivesTheTerminal();
     void jsonLeadsToTheSamePlace();
+    void downloads_data();
+    void downloads();
+    void numbersUrls();
     void helpsOnEveryCommand();
     void interruptionPrintsAndSaves();
 
@@ -306,10 +309,73 @@ void tst_cli::jsonLeadsToTheSamePlace()
     QVERIFY(out.contains("\"url\":\"http://h:80/%E4\"") && out.contains("\"size\":0"));
 }
 
+void tst_cli::downloads_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("out");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("files");
+    const auto row = [](const char* title, const char* line, const char* out, int status, const QStringList& files) {
+        QTest::newRow(title) << QByteArray(line) << QByteArray(out) << status << files;
+    };
+    const QString port = QStringLiteral("PORT");
+    row("a URL", "download @t URL/c.bin", "C @t/c.bin URL/c.bin", 0, { QStringLiteral("c.bin") });
+    row("what is too short", "download @t URL/a.html", "S @t/a.html URL/a.html", 2, { QStringLiteral("a.html") });
+    row("what fails", "download @t https://h/ URL/c.bin", "F - https://h/;C @t/c.bin URL/c.bin", 2,
+        { QStringLiteral("c.bin") });
+    row("what has moved", "download @t URL/old", "F - URL/c.bin", 2, {});
+    row("what has moved, followed", "download @t URL/old --follow-relocation --parallel 1", "C @t/c.bin URL/c.bin", 0,
+        { QStringLiteral("c.bin") });
+    row("a circle of moves ends", "download @t URL/circle --follow-relocation", "F - URL/circle", 2, {});
+    row("names with all rules", "download @t URL/c.bin?x --dir-by-url --ext-by-mime --rename-for-ms",
+        "C @t/1/0/0/127/PORT/c.bin%3Fx.zip URL/c.bin?x", 0,
+        { QString(QStringLiteral("1/0/0/127/") + port + QStringLiteral("/c.bin%3Fx.zip")) });
+    row("the items of a search file", "download @t @s.twk --mime application/zip", "C @t/c.bin URL/c.bin", 0,
+        { QStringLiteral("c.bin") });
+    row("a file that is no search file", "download @t @no.twk", "", 1, {});
+    row("no source", "download @t", "", 1, {});
+    row("too many at once", "download @t URL --parallel 11", "", 1, {});
+}
+
+void tst_cli::downloads()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, out);
+    QFETCH(int, status);
+    QFETCH(QStringList, files);
+    const QByteArray zip = "HTTP/1.1 200 OK\r\nContent-Type: application/zip\r\nContent-Length: 3\r\n\r\nzip";
+    m_server->script("/c.bin", { { zip } });
+    m_server->script("/c.bin?x", { { zip } });
+    m_server->relocation("/old", "c.bin");
+    m_server->relocation("/circle", "/circle");
+    QVERIFY(writeFile(file("s.twk"), "Results:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n"
+            + m_server->origin() + "/a.html\ttext/html\r\n"));
+    const Result result = run(line);
+    QCOMPARE(result.status, status);
+    const QByteArray port = QByteArray::number(m_server->serverPort());
+    out.replace("URL", m_server->origin()).replace("PORT", port);
+    out.replace('@', QByteArray(m_folder->path().toUtf8() + '/'));
+    QCOMPARE(result.out, out.isEmpty() ? QByteArray() : QByteArray(out.replace(' ', '\t').replace(';', '\n') + '\n'));
+    for (QString name : files)
+        QVERIFY2(QFileInfo(file("t/") + name.replace(QLatin1String("PORT"), QString::fromLatin1(port))).isFile(), qPrintable(name));
+}
+
+void tst_cli::numbersUrls()
+{
+    QCOMPARE(run("number x.y.z/img.jpg --pos 16 --min 9 --max 11 --digits 2").out,
+        "http://x.y.z/img09.jpg\nhttp://x.y.z/img10.jpg\nhttp://x.y.z/img11.jpg\n");
+    QCOMPARE(run("number http://h/ --pos 9 --min 26 --max 27 --type lower").out, "http://h/z\nhttp://h/a`\n");
+    QCOMPARE(run("number http://h/ --pos 9 --min 2 --max 1").out, "");
+    for (const char* const line : { "number http://h/ --pos 1 --min 1", "number .h --pos 1 --min 1 --max 1",
+             "number http://h/ --pos 1 --min 1 --max 1 --type roman" })
+        QCOMPARE(run(line).status, 1);
+}
+
 void tst_cli::helpsOnEveryCommand()
 {
     for (const char* arguments :
-        { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h" }) {
+        { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h",
+            "download --help", "number -h" }) {
         const Result result = run(arguments);
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.contains("Example:\n  tarnwick-cli "), arguments);

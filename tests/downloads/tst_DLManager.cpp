@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "downloads/DLManager.h"
+#include "base/ColumnsTable.h"
+#include "base/zahlenEingabe.h"
+#include "base/lang.h"
+#include "downloads/DownloadQueue.h"
+#include "downloads/getDLStack.h"
+#include "support/PlainExtras.h"
+#include "support/ScriptedServer.h"
+#include "support/TestSeams.h"
+#include "support/WindowDriver.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+class tst_DLManager : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void showsEachDownload();
+    void commandsWorkOnSelectedRows();
+    void asksForTheMaximum_data();
+    void asksForTheMaximum();
+    void optionsAreThoseOfTheQueue();
+    void opensWhatIsFinished();
+    void takesDroppedUrls();
+    void everyCaptionHasItsKey();
+    void keepsUpWithManyRows();
+    void addsARunOfNumberedUrls();
+    void refusesAnInvalidUrl();
+    void lettersAreTypedAndShown();
+
+private:
+    [[nodiscard]] QWidget& window() const { return *m_window; }
+    [[nodiscard]] QString cell(int row, int column) const
+    {
+        return m_window->list().model()->index(row, column).data().toString();
+    }
+    void add(const QByteArray& path) { m_queue->addDL(m_server->origin() + path, -1, {}); }
+
+    QTemporaryDir m_folder;
+    PlainExtras m_extras;
+    LanguageTable m_language;
+    AnsweredMessages m_messages;
+    AnsweredFileDialogs m_dialogs;
+    RecordingShell m_shell;
+    AnsweredPicker m_picker;
+    std::unique_ptr<ScriptedServer> m_server;
+    std::unique_ptr<DownloadQueue> m_queue;
+    std::unique_ptr<DLManager> m_window;
+    std::unique_ptr<getDLStack> m_numbered;
+};
+
+void tst_DLManager::init()
+{
+    m_messages = {};
+    m_dialogs = {};
+    m_shell = {};
+    m_server = std::make_unique<ScriptedServer>();
+    m_server->script("/f.zip", { { "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nabcd" } });
+    m_queue = std::make_unique<DownloadQueue>(m_extras);
+    m_queue->settings().target = m_folder.path() + u'/';
+    m_queue->settings().overwrite = true;
+    m_window = std::make_unique<DLManager>(*m_queue, m_language, m_messages, m_dialogs, m_shell);
+    m_window->show();
+    m_numbered = std::make_unique<getDLStack>(*m_queue, m_language, m_messages, m_picker, nullptr);
+}
+
+void tst_DLManager::cleanup()
+{
+    m_numbered.reset();
+    m_window.reset();
+    m_queue.reset();
+    m_server.reset();
+}
+
+void tst_DLManager::showsEachDownload()
+{
+    QAbstractItemModelTester tester(
+        m_window->list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    add("/f.zip");
+    m_queue->addDL("https://h/x", 7, {});
+    QTRY_COMPARE(cell(0, DownloadModel::Status), QStringLiteral("Finished"));
+    const QStringList expected { QStringLiteral("f.zip"), QStringLiteral("Finished"), QStringLiteral("4"),
+        QStringLiteral("4"), QStringLiteral("100%"), m_folder.filePath(QStringLiteral("f.zip")),
+        QString::fromLatin1(m_server->origin() + "/f.zip") };
+    for (int column = 0; column < DownloadModel::ColumnCount; ++column)
+        QCOMPARE(cell(0, column), expected[column]);
+    QCOMPARE(m_window->list().model()->index(0, 0).data(DownloadModel::percentRole).toInt(), 100);
+    QCOMPARE(cell(1, DownloadModel::Status), QStringLiteral("Unsupported protocol"));
+    QCOMPARE(cell(1, DownloadModel::Size), QStringLiteral("7"));
+    choose(window(), "c_usePercent");
+    QCOMPARE(cell(0, DownloadModel::Progress), QStringLiteral("1.00"));
+    m_language.selectBuiltIn(LanguageTable::German);
+    QCOMPARE(cell(0, DownloadModel::Status), QStringLiteral("Fertig"));
+    m_language.selectBuiltIn(LanguageTable::English);
+}
+
+void tst_DLManager::commandsWorkOnSelectedRows()
+{
+    m_server->script("/stalls", { { okHeader("x/y") }, Afterwards::Stall });
+    add("/stalls");
+    add("/f.zip");
+    QTRY_COMPARE(cell(1, DownloadModel::Status), QStringLiteral("Finished"));
+    m_window->list().selectRow(0);
+    choose(window(), "m_stopSel");
+    QCOMPARE(m_queue->runningCount(), 0);
+    m_window->list().selectRow(1);
+    choose(window(), "m_startSel");
+    QCOMPARE(m_queue->runningCount(), 1);
+    QTRY_COMPARE(m_queue->runningCount(), 0);
+
+    choose(window(), "m_selectAll");
+    m_messages.answer = false;
+    choose(window(), "m_RemoveSel");
+    QCOMPARE(m_queue->count(), 2);
+    QCOMPARE(m_messages.asked.first().text, QStringLiteral("Are you sure?"));
+    m_messages.answer = true;
+    QApplication::setActiveWindow(m_window.get());
+    QTRY_VERIFY(m_window->isActiveWindow());
+    QTest::keyClick(&m_window->list(), Qt::Key_Delete);
+    QCOMPARE(m_queue->count(), 0);
+    QCOMPARE(m_window->list().model()->rowCount(), 0);
+
+    choose(window(), "m_DLactive");
+    QCOMPARE(m_messages.told.last().text, QStringLiteral("coming soon"));
+    QVERIFY(control<QAction>(window(), "m_DLactive").isChecked() && m_queue->settings().active);
+    m_window->close();
+    QVERIFY(!m_window->isVisible());
+}
+
+void tst_DLManager::asksForTheMaximum_data()
+{
+    QTest::addColumn<QStringList>("typed");
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("asked");
+    const auto row = [](const char* title, const char* typed, int maximum, int asked) {
+        QTest::newRow(title) << QString::fromLatin1(typed).split(u' ', Qt::SkipEmptyParts) << maximum << asked;
+    };
+    row("a number", "7", 7, 1);
+    row("a half goes to the even one", "2.5", 2, 1);
+    row("out of range, then cancelled", "0 11", 3, 3);
+    row("no number, then one", "x 10", 10, 2);
+    row("cancelled", "", 3, 1);
+}
+
+void tst_DLManager::asksForTheMaximum()
+{
+    QFETCH(QStringList, typed);
+    m_messages.typed = typed;
+    choose(window(), "m_maxDL");
+    QTEST(m_queue->settings().maxDL, "maximum");
+    QTEST(static_cast<int>(m_messages.told.size()), "asked");
+    QCOMPARE(m_messages.told.first().text, QStringLiteral("3"));
+}
+
+void tst_DLManager::optionsAreThoseOfTheQueue()
+{
+    const DownloadSettings before = m_queue->settings();
+    for (const char* const name : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles", "c_startImm",
+             "c_usePercent", "m_relHTMLref", "m_removeFinished" })
+        choose(window(), name);
+    const DownloadSettings& now = m_queue->settings();
+    QVERIFY(now.naming.dirByUrl != before.naming.dirByUrl && now.naming.renameForMS != before.naming.renameForMS);
+    QVERIFY(now.naming.extByMIME != before.naming.extByMIME && now.overwrite != before.overwrite);
+    QVERIFY(now.startImmediately != before.startImmediately && now.usePercent != before.usePercent);
+    QVERIFY(now.relHTMLref != before.relHTMLref && now.removeFinished != before.removeFinished);
+    m_queue->settings() = before;
+    m_window->showSettings();
+    QCOMPARE(control<QAction>(window(), "c_startImm").isChecked(), before.startImmediately);
+
+    m_dialogs.choice = QStringLiteral("/chosen/folder");
+    choose(window(), "m_targetSel");
+    QCOMPARE(m_dialogs.requests.first().proposal, before.target);
+    QCOMPARE(m_queue->settings().target, QDir::toNativeSeparators(QStringLiteral("/chosen/folder/")));
+}
+
+void tst_DLManager::opensWhatIsFinished()
+{
+    add("/f.zip");
+    m_queue->addDL("https://h/x", -1, {});
+    QTRY_COMPARE(cell(0, DownloadModel::Status), QStringLiteral("Finished"));
+    choose(window(), "m_selectAll");
+    choose(window(), "m_openCompletedSelected");
+    choose(window(), "m_openTarget");
+    QCOMPARE(m_shell.openedFiles, (QStringList { m_folder.filePath(QStringLiteral("f.zip")), m_folder.path() }));
+}
+
+void tst_DLManager::takesDroppedUrls()
+{
+    QMimeData data;
+    data.setUrls({ QUrl(QStringLiteral("http://127.0.0.1:1/a b")), QUrl(QStringLiteral("file:///etc/passwd")) });
+    QDragEnterEvent enter({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_window.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_window.get(), &drop);
+    QCOMPARE(m_queue->count(), 1);
+    QCOMPARE(m_queue->entryAt(0).url, "http://127.0.0.1:1/a%20b");
+}
+
+void tst_DLManager::everyCaptionHasItsKey()
+{
+    const QStringList fixed { QStringLiteral("summary"), QStringLiteral("lbl_to"), QStringLiteral("editUrl") };
+    for (int index = 0; index < LanguageTable::builtInCount; ++index) {
+        m_language.selectBuiltIn(index);
+        QCOMPARE(wrongCaptions(window(), m_language, fixed).join(u'\n'), QString());
+        QCOMPARE(wrongCaptions(*m_numbered, m_language, fixed).join(u'\n'), QString());
+        QCOMPARE(m_window->windowTitle(), m_language.text("DLManager"));
+    }
+    m_language.selectBuiltIn(LanguageTable::English);
+}
+
+void tst_DLManager::keepsUpWithManyRows()
+{
+    m_queue->settings().startImmediately = false;
+    QSignalSpy inserted(m_window->list().model(), &QAbstractItemModel::rowsInserted);
+    for (int number = 0; number < 100'000; ++number)
+        add('/' + QByteArray::number(number));
+    QTRY_COMPARE(m_window->list().model()->rowCount(), 100'000);
+    QCOMPARE(inserted.count(), 1);
+    m_queue->remove({ { 10, 99'989 } });
+    QCOMPARE(m_window->list().model()->rowCount(), 20);
+    QCOMPARE(cell(10, DownloadModel::Filename), QStringLiteral("99990"));
+}
+
+void tst_DLManager::addsARunOfNumberedUrls()
+{
+    m_queue->settings().startImmediately = false;
+    m_numbered->show();
+    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("x.y.z/img.jpg"));
+    control<QLineEdit>(*m_numbered, "quellUrl").setText(QStringLiteral("http://r/"));
+    control<QSpinBox>(*m_numbered, "Pos").setValue(16);
+    control<QSpinBox>(*m_numbered, "min").setValue(9);
+    control<QSpinBox>(*m_numbered, "max").setValue(11);
+    control<QSpinBox>(*m_numbered, "minStellen").setValue(2);
+    QCOMPARE(control<QListWidget>(*m_numbered, "beispiele").item(0)->text(), QStringLiteral("http://x.y.z/img09.jpg"));
+    QSignalSpy confirmed(m_numbered.get(), &getDLStack::confirmed);
+    click(*m_numbered, "b_ok");
+    QCOMPARE(confirmed.count(), 1);
+    QVERIFY(!m_numbered->isVisible());
+    QTRY_COMPARE(m_queue->count(), 3);
+    QCOMPARE(m_queue->entryAt(2).url, "http://x.y.z/img11.jpg");
+    QCOMPARE(m_queue->entryAt(2).referer, "http://r/");
+    QCOMPARE(m_queue->entryAt(2).size, -1);
+
+    // A long run comes in parts, all the same.
+    control<QSpinBox>(*m_numbered, "max").setValue(50'008);
+    click(*m_numbered, "b_ok");
+    QTRY_COMPARE(m_queue->count(), 50'000);
+    control<QSpinBox>(*m_numbered, "max").setValue(1);
+    click(*m_numbered, "b_ok");
+    QCOMPARE(m_queue->count(), 50'000);
+}
+
+void tst_DLManager::refusesAnInvalidUrl()
+{
+    m_numbered->show();
+    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("http://.z/"));
+    click(*m_numbered, "b_ok");
+    QVERIFY(m_numbered->isVisible());
+    QCOMPARE(m_messages.told.first().title, QStringLiteral("Invalid user input"));
+    QCOMPARE(m_queue->count(), 0);
+}
+
+void tst_DLManager::lettersAreTypedAndShown()
+{
+    auto& max = control<zahlenEingabe>(*m_numbered, "max");
+    max.setValue(27);
+    click(*m_numbered, "r_indexType(4)");
+    QCOMPARE(max.getTextWert(), QStringLiteral("A@"));
+    QCOMPARE(max.value(), 27);
+    max.selectAll();
+    QTest::keyClicks(&max, QStringLiteral("ab"));
+    QCOMPARE(max.value(), 29);
+    QTest::keyClicks(&max, QStringLiteral("1"));
+    QCOMPARE(max.value(), 29);
+    click(*m_numbered, "r_indexType(5)");
+    QCOMPARE(max.getTextWert(), QStringLiteral("ab"));
+    click(*m_numbered, "r_indexType(2)");
+    QCOMPARE(max.getTextWert(), QStringLiteral("29"));
+}
+
+QTEST_MAIN(tst_DLManager)
+
+#include "tst_DLManager.moc"
