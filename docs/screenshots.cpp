@@ -13,7 +13,9 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -42,7 +44,7 @@ class Photographer {
 public:
     Photographer(const QByteArray& site, const QString& folder)
         : m_site(site)
-        , m_folder(folder)
+        , m_folder(QDir(folder).absolutePath())
         , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker })
     {
         m_session.cookies.setCookieFolder(QDir::temp().filePath(QStringLiteral("tarnwick-screenshots")));
@@ -52,7 +54,7 @@ public:
 
     bool takeAll()
     {
-        if (!search())
+        if (!search() || !download())
             return false;
         for (const auto& [index, language] :
             { std::pair(1, "german"), std::pair(2, "french"), std::pair(0, "english") }) {
@@ -63,6 +65,10 @@ public:
             choose(QStringLiteral("m_searchNew"));
             shoot(dialog(), QLatin1String("new-search") + ending);
             dialog().close();
+            shoot(downloads(), QLatin1String("downloads") + ending);
+            choose(QStringLiteral("m_addNumberedDL"));
+            shoot(numbered(), QLatin1String("numbered") + ending);
+            numbered().close();
         }
         choose(QStringLiteral("m_listMode(0)"));
         shoot(m_window, QStringLiteral("icons"));
@@ -75,6 +81,37 @@ public:
 private:
     void choose(const QString& entry) { m_window.findChild<QAction*>(entry)->trigger(); }
     QDialog& dialog() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_getSearch")); }
+
+    QDialog& numbered() { return *m_window.findChild<QDialog*>(QStringLiteral("getDLStack")); }
+    static QWidget& downloads()
+    {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String("DLManager"))
+                return *window;
+        }
+        qFatal("There is no download manager.");
+    }
+
+    /// Downloads all that was found, and something that fails.
+    bool download()
+    {
+        DownloadQueue& queue = m_session.downloads;
+        // A short name in the pictures.
+        QDir::setCurrent(m_target.path());
+        queue.settings().target = QStringLiteral("Downloads/");
+        queue.settings().naming.dirByUrl = true;
+        QSignalSpy idle(&queue, &DownloadQueue::idle);
+        choose(QStringLiteral("m_selectAll"));
+        choose(QStringLiteral("m_selectedDownload"));
+        queue.addDL("https://www.example.org/catalogue.pdf", -1, {});
+        numbered()
+            .findChild<QLineEdit*>(QStringLiteral("startUrl"))
+            ->setText(QStringLiteral("http://www.example.org/pictures/boat.jpg"));
+        numbered().findChild<QSpinBox*>(QStringLiteral("Pos"))->setValue(36);
+        numbered().findChild<QSpinBox*>(QStringLiteral("minStellen"))->setValue(3);
+        downloads().resize(900, 380);
+        return idle.count() > 0 || idle.wait(20'000);
+    }
 
     bool search()
     {
@@ -101,6 +138,7 @@ private:
     RecordingShell m_shell;
     NoUrlPicker m_picker;
     MainWindow m_window;
+    QTemporaryDir m_target;
     bool m_saved = true;
 };
 

@@ -49,6 +49,7 @@ getDLStack::getDLStack(
     m_ui->min->init(0, std::numeric_limits<int>::max(), 1);
     m_ui->max->init(0, std::numeric_limits<int>::max(), 10);
     m_ui->minStellen->init(1, 20, 1);
+    m_ui->beispiele->setMaximumHeight((exampleCount + 2) * fontMetrics().height());
     wire();
     applyCaptions();
     showType();

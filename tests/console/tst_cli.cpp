@@ -348,8 +348,9 @@ void tst_cli::downloads()
     m_server->script("/c.bin?x", { { zip } });
     m_server->relocation("/old", "c.bin");
     m_server->relocation("/circle", "/circle");
-    QVERIFY(writeFile(file("s.twk"), "Results:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n"
-            + m_server->origin() + "/a.html\ttext/html\r\n"));
+    QVERIFY(writeFile(file("s.twk"),
+        "Results:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n" + m_server->origin()
+            + "/a.html\ttext/html\r\n"));
     const Result result = run(line);
     QCOMPARE(result.status, status);
     const QByteArray port = QByteArray::number(m_server->serverPort());
@@ -357,7 +358,8 @@ void tst_cli::downloads()
     out.replace('@', QByteArray(m_folder->path().toUtf8() + '/'));
     QCOMPARE(result.out, out.isEmpty() ? QByteArray() : QByteArray(out.replace(' ', '\t').replace(';', '\n') + '\n'));
     for (QString name : files)
-        QVERIFY2(QFileInfo(file("t/") + name.replace(QLatin1String("PORT"), QString::fromLatin1(port))).isFile(), qPrintable(name));
+        QVERIFY2(QFileInfo(file("t/") + name.replace(QLatin1String("PORT"), QString::fromLatin1(port))).isFile(),
+            qPrintable(name));
 }
 
 void tst_cli::numbersUrls()
@@ -373,9 +375,8 @@ void tst_cli::numbersUrls()
 
 void tst_cli::helpsOnEveryCommand()
 {
-    for (const char* arguments :
-        { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h",
-            "download --help", "number -h" }) {
+    for (const char* arguments : { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h",
+             "download --help", "number -h" }) {
         const Result result = run(arguments);
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.contains("Example:\n  tarnwick-cli "), arguments);

@@ -87,8 +87,7 @@ void tst_DLManager::cleanup()
 
 void tst_DLManager::showsEachDownload()
 {
-    QAbstractItemModelTester tester(
-        m_window->list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester tester(m_window->list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     add("/f.zip");
     m_queue->addDL("https://h/x", 7, {});
     QTRY_COMPARE(cell(0, DownloadModel::Status), QStringLiteral("Finished"));
@@ -168,8 +167,8 @@ void tst_DLManager::asksForTheMaximum()
 void tst_DLManager::optionsAreThoseOfTheQueue()
 {
     const DownloadSettings before = m_queue->settings();
-    for (const char* const name : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles", "c_startImm",
-             "c_usePercent", "m_relHTMLref", "m_removeFinished" })
+    for (const char* const name : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles",
+             "c_startImm", "c_usePercent", "m_relHTMLref", "m_removeFinished" })
         choose(window(), name);
     const DownloadSettings& now = m_queue->settings();
     QVERIFY(now.naming.dirByUrl != before.naming.dirByUrl && now.naming.renameForMS != before.naming.renameForMS);
