@@ -17,12 +17,10 @@
 #include "results/FilterPane.h"
 #include "results/FoundsView.h"
 #include "results/HostTreeView.h"
-#include "results/twk.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
@@ -45,6 +43,7 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     : m_session(session)
     , m_seams(seams)
     , m_search(session)
+    , m_files(m_search, session.language, seams)
     , m_language(session.language, seams.messages)
     , m_menus(*this)
     , m_founds(session.foundItems, session.filter, session.language, nullptr)
@@ -121,7 +120,7 @@ void MainWindow::wireSearch()
     connect(&run, &SearchRun::cleared, this, &MainWindow::forgetViews);
     connect(&run, &SearchRun::finished, this, &MainWindow::rebuildViews);
     connect(&m_search, &CurrentSearch::changed, this, &MainWindow::updateStatus);
-    connect(&m_search, &CurrentSearch::opened, this, &MainWindow::takeLoaded);
+    connect(&m_files, &SearchFiles::opened, this, &MainWindow::showOpened);
     connect(m_newSearch, &dialog_getSearch::confirmed, this, &MainWindow::startSearch);
 }
 
@@ -149,9 +148,9 @@ void MainWindow::wireSearchMenu()
     });
     connect(m_menus.m_searchContinue, &QAction::triggered, &m_search, &CurrentSearch::continueSearch);
     connect(m_menus.m_searchStop, &QAction::triggered, &m_search, &CurrentSearch::stop);
-    connect(m_menus.m_searchOpen, &QAction::triggered, this, &MainWindow::askForSearchFile);
-    connect(m_menus.m_searchSave, &QAction::triggered, this, [this] { save(m_search.fileName()); });
-    connect(m_menus.m_searchSaveAs, &QAction::triggered, this, &MainWindow::saveAs);
+    connect(m_menus.m_searchOpen, &QAction::triggered, &m_files, &SearchFiles::askToOpen);
+    connect(m_menus.m_searchSave, &QAction::triggered, &m_files, &SearchFiles::save);
+    connect(m_menus.m_searchSaveAs, &QAction::triggered, &m_files, &SearchFiles::askToSave);
     connect(m_menus.m_quit, &QAction::triggered, this, &QWidget::close);
 }
 
@@ -245,18 +244,11 @@ void MainWindow::startSearch()
 
 void MainWindow::open(const QString& fileName)
 {
-    m_search.open(QFileInfo(fileName).absoluteFilePath());
+    m_files.open(fileName);
 }
 
-void MainWindow::takeLoaded(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes)
+void MainWindow::showOpened(const MimeListe& mimeTypes)
 {
-    const QString error = twk::errorText(result, m_session.language);
-    if (!error.isEmpty())
-        complain("lang.errTitle", QDir::toNativeSeparators(fileName) + u'\n' + error);
-    if (!SearchFile::isUsable(result.error))
-        return;
-    warnOfSkippedLines(result);
-    m_seams.shell.addRecentDocument(fileName);
     m_session.filter.branch.reset();
     for (const MimeListe::Entry& entry : mimeTypes.entries())
         m_filter->mimeTypes().meet(entry.type);
@@ -265,48 +257,11 @@ void MainWindow::takeLoaded(const QString& fileName, const SearchFile::LoadResul
     rebuildViews();
 }
 
-void MainWindow::warnOfSkippedLines(const SearchFile::LoadResult& result)
-{
-    constexpr qsizetype most = 10;
-    if (result.skipped.isEmpty())
-        return;
-    QStringList warnings;
-    for (const SearchFile::SkippedLine& line : result.skipped.first(qMin(most, result.skipped.size())))
-        warnings += twk::warningText(line, m_session.language);
-    if (result.skippedCount > most)
-        warnings += text("more.andMore").arg(result.skippedCount - most);
-    complain("lang.note", warnings.join(u'\n'));
-}
-
-void MainWindow::askForSearchFile()
-{
-    const FileDialogs::Request request { LanguageTable::plain(text("main.m_searchOpen")),
-        { { text("lang.filetype_twk"), QStringLiteral("*.twk") }, { text("lang.filetype_all"), QStringLiteral("*") } },
-        {}, {} };
-    m_seams.fileDialogs.open(request, [this](const QString& path) { open(path); });
-}
-
 void MainWindow::askForLanguageFile()
 {
     const FileDialogs::Request request { LanguageTable::plain(text("main.m_externLang")),
         { { text("lang.filetype_lng"), QStringLiteral("*.lng") } }, {}, {} };
     m_seams.fileDialogs.open(request, [this](const QString& path) { m_language.load(path); });
-}
-
-void MainWindow::save(const QString& fileName)
-{
-    if (fileName.isEmpty())
-        saveAs();
-    else if (const auto error = m_search.save(fileName))
-        complain("lang.errWhileSavingFile", QDir::toNativeSeparators(fileName) + u'\n' + *error);
-}
-
-void MainWindow::saveAs()
-{
-    const FileDialogs::Request request { LanguageTable::plain(text("main.m_searchSaveAs")),
-        { { text("lang.filetype_twk"), QStringLiteral("*.twk") }, { text("lang.filetype_all"), QStringLiteral("*") } },
-        m_search.fileName(), QStringLiteral("twk") };
-    m_seams.fileDialogs.save(request, [this](const QString& path) { save(path); });
 }
 
 void MainWindow::filterChanged()
@@ -336,18 +291,13 @@ void MainWindow::chooseUnit(const QAction& unit)
 void MainWindow::showHelp()
 {
     if (!m_seams.shell.openFile(about::helpFile(text("lang.helpfile"))))
-        complain("lang.errTitle", text("lang.errHelp"));
+        m_seams.messages.tell({ Messages::Sign::Warning, text("lang.errTitle"), text("lang.errHelp") });
 }
 
 void MainWindow::showAbout()
 {
     m_seams.messages.tell(
         { Messages::Sign::Information, LanguageTable::plain(text("main.m_about")), about::text(m_session.language) });
-}
-
-void MainWindow::complain(const char* titleKey, const QString& message)
-{
-    m_seams.messages.tell({ Messages::Sign::Warning, text(titleKey), message });
 }
 
 void MainWindow::updateStatus()

@@ -4,6 +4,7 @@
 #include "app/CurrentSearch.h"
 #include "app/LanguageChoice.h"
 #include "app/MainMenus.h"
+#include "app/SearchFiles.h"
 #include "app/Seams.h"
 #include "results/FoundModel.h"
 #include "results/HostTree.h"
@@ -55,12 +56,8 @@ private:
     void applyCaptions();
 
     void startSearch();
-    void takeLoaded(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
-    void warnOfSkippedLines(const SearchFile::LoadResult& result);
-    void askForSearchFile();
+    void showOpened(const MimeListe& mimeTypes);
     void askForLanguageFile();
-    void save(const QString& fileName);
-    void saveAs();
     void saveLayout() const;
     void filterChanged();
     void rebuildViews();
@@ -70,7 +67,6 @@ private:
     void showDownloadsIfWanted();
     void showHelp();
     void showAbout();
-    void complain(const char* titleKey, const QString& text);
     void updateStatus();
     void updateTitle();
     [[nodiscard]] QString emptyText(const SearchStatus& status) const;
@@ -79,6 +75,7 @@ private:
     Session& m_session;
     Seams m_seams;
     CurrentSearch m_search;
+    SearchFiles m_files;
     LanguageChoice m_language;
     MainMenus m_menus;
     FoundModel m_founds;

@@ -139,8 +139,8 @@ void FoundModel::takeOver()
     m_rebuildSlice.stop();
     tellViews();
     m_shownUnit = m_rebuildFilter.sizeUnit;
-    if (const auto changes = changesToNext())
-        std::for_each(changes->rbegin(), changes->rend(), [this](const Change& change) { apply(change); });
+    if (const auto changes = rowChanges(m_rows.size(), m_next, mostChanges))
+        std::for_each(changes->rbegin(), changes->rend(), [this](const RowChange& change) { apply(change); });
     else
         replaceAll();
     restartRows();
@@ -151,34 +151,7 @@ void FoundModel::takeOver()
     emit rebuilt();
 }
 
-std::optional<std::vector<FoundModel::Change>> FoundModel::changesToNext() const
-{
-    std::vector<Change> changes;
-    size_t old = 0;
-    const auto changeHere = [&](size_t place) -> Change& {
-        if (changes.empty() || changes.back().at + changes.back().removed != old
-            || changes.back().from + changes.back().inserted != place)
-            changes.push_back({ old, 0, place, 0 });
-        return changes.back();
-    };
-    // Both are in the order of the list, so what is in both comes in the same order.
-    for (size_t place = 0; place <= m_next.size(); ++place) {
-        const bool atEnd = place == m_next.size();
-        if (!atEnd && !m_next[place].row) {
-            ++changeHere(place).inserted;
-        } else {
-            const size_t row = atEnd ? m_rows.size() : static_cast<size_t>(*m_next[place].row);
-            if (row > old)
-                changeHere(place).removed += row - old;
-            old = row + 1;
-        }
-        if (changes.size() > mostChanges)
-            return std::nullopt;
-    }
-    return changes;
-}
-
-void FoundModel::apply(const Change& change)
+void FoundModel::apply(const RowChange& change)
 {
     const auto place = [this](size_t row) {
         return m_rows.begin() + static_cast<std::ptrdiff_t>(row);
@@ -195,7 +168,7 @@ void FoundModel::apply(const Change& change)
         const auto items = m_next.begin() + static_cast<std::ptrdiff_t>(change.from);
         auto row = m_rows.insert(place(change.at), change.inserted, {});
         std::for_each(items, items + static_cast<std::ptrdiff_t>(change.inserted),
-            [&](const Choice& choice) { *row++ = { .knoten = choice.knoten }; });
+            [&](const RowChoice& choice) { *row++ = { .knoten = choice.knoten }; });
         m_told = m_rows.size();
         endInsertRows();
     }
@@ -205,7 +178,7 @@ void FoundModel::replaceAll()
 {
     std::vector<Row> rows;
     rows.reserve(m_next.size());
-    for (const Choice& choice : m_next)
+    for (const RowChoice& choice : m_next)
         rows.push_back({ .knoten = choice.knoten, .marked = choice.row && rowAt(*choice.row).marked });
     beginResetModel();
     m_rows.swap(rows);

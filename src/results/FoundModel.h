@@ -4,6 +4,7 @@
 #include "crawl/ItemFetch.h"
 #include "crawl/ListWalk.h"
 #include "results/ResultFilter.h"
+#include "results/RowChanges.h"
 #include "base/RowRuns.h"
 
 #include <QAbstractTableModel>
@@ -75,20 +76,6 @@ private:
         bool hasStateText = false;
         bool marked = false;
     };
-    /// An item that a rebuild has chosen, and its row so far.
-    struct Choice {
-        FundKnoten* knoten = nullptr;
-        std::optional<qint32> row;
-    };
-    /// A place where a rebuild changes the rows: from row `at` on, `removed` rows give way to the `inserted` items of
-    /// the new choice that begin at `from`.
-    struct Change {
-        size_t at;
-        size_t removed;
-        size_t from;
-        size_t inserted;
-    };
-
     [[nodiscard]] Row& rowAt(qint32 row) { return m_rows[static_cast<size_t>(row)]; }
     [[nodiscard]] const Row& rowAt(qint32 row) const { return m_rows[static_cast<size_t>(row)]; }
     /// The item's row, from 0; nothing without one.
@@ -100,9 +87,7 @@ private:
     void rebuildSlice();
     void chooseOrHide(FundKnoten* knoten);
     void takeOver();
-    /// How to get from the rows to the new choice; nothing when they differ in too many places.
-    [[nodiscard]] std::optional<std::vector<Change>> changesToNext() const;
-    void apply(const Change& change);
+    void apply(const RowChange& change);
     void replaceAll();
     /// Numbers the rows in their items, and has each show its item as it is.
     void restartRows();
@@ -127,7 +112,7 @@ private:
     ListWalk m_walk;
     ResultFilter m_rebuildFilter; ///< as it was when the rebuild began
     /// The rows that a rebuild has chosen so far. While it works, the rows that are shown stay as they are.
-    std::vector<Choice> m_next;
+    std::vector<RowChoice> m_next;
     std::vector<FundKnoten*> m_hidden; ///< the items that will lose their rows
     QTimer m_rebuildSlice;
     QIcon m_fileIcon;
