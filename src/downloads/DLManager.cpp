@@ -107,8 +107,9 @@ void DLManager::makeEditMenu()
         [this] { m_queue.stop(m_list->selectedRows()); });
     connect(addEntry(menu, "m_RemoveSel", QKeySequence::Delete), &QAction::triggered, this, &DLManager::removeSelected);
     menu->addSeparator();
-    connect(
-        addEntry(menu, "m_openCompletedSelected", Qt::Key_Return), &QAction::triggered, this, &DLManager::openSelected);
+    QAction* const open = addEntry(menu, "m_openCompletedSelected");
+    open->setShortcuts({ Qt::Key_Return, Qt::Key_Enter });
+    connect(open, &QAction::triggered, this, &DLManager::openSelected);
     connect(addEntry(menu, "m_openTarget"), &QAction::triggered, this, &DLManager::openTargetFolder);
     menu->addSeparator();
     QAction* const all = addEntry(menu, "m_selectAll", QKeySequence::SelectAll);
@@ -204,7 +205,11 @@ void DLManager::openTargetFolder()
 {
     const RowRuns rows = m_list->selectedRows();
     const QString target = rows.empty() ? QString() : m_queue.entryAt(rows.front().first).target;
-    m_shell.openFile(target.isEmpty() ? m_queue.settings().target : QFileInfo(target).path());
+    const QString folder = target.isEmpty() ? m_queue.settings().target : QFileInfo(target).path();
+    if (!m_shell.openFile(folder)) {
+        m_messages.tell(
+            { Messages::Sign::Warning, text("lang.errTitle"), text("lang.errWhileOpening") + u'\n' + folder });
+    }
 }
 
 void DLManager::askForMaximum()
