@@ -151,8 +151,15 @@ private:
         m_progress.clear();
         m_failed = m_failed || entry.tag != DownloadTag::Complete;
         const QByteArray target = entry.target.isEmpty() ? QByteArrayLiteral("-") : allgemein::toSystem(entry.target);
-        if (m_out.write(letterOf(entry.tag) + '\t' + target + '\t' + entry.url + '\n') < 0 || !m_out.flush())
+        if (m_out.write(letterOf(entry.tag) + '\t' + shown(target) + '\t' + shown(entry.url) + '\n') < 0
+            || !m_out.flush())
             m_failed = true;
+    }
+
+    /// Exact for scripts; without anything that a terminal would act on for people.
+    [[nodiscard]] QByteArray shown(const QByteArray& text) const
+    {
+        return m_printsToTerminal ? allgemein::toSystem(terminal::printable(allgemein::fromSystem(text))) : text;
     }
 
     void showProgress()
@@ -174,6 +181,7 @@ private:
     bool m_follows;
     ProgressLine m_progress;
     QFile m_out;
+    const bool m_printsToTerminal = terminal::isTerminal(stdout);
     QHash<quint64, int> m_relocations;
     bool m_failed = false;
     bool m_interrupted = false;

@@ -18,6 +18,9 @@ const QString max = QStringLiteral("max");
 const QString digits = QStringLiteral("digits");
 const QString type = QStringLiteral("type");
 
+/// A number has no more; beyond it there is only room to fill.
+constexpr qint32 mostDigits = 20;
+
 void describe(CommandParser& parser)
 {
     const QString number = QStringLiteral("N");
@@ -59,6 +62,8 @@ NumberedUrls runFrom(const CommandParser& parser)
     run.max = parser.wholeNumber(max);
     if (parser.isSet(digits))
         run.minStellen = parser.wholeNumber(digits);
+    if (run.minStellen > mostDigits)
+        throw UsageError { QStringLiteral("--digits takes at most %1").arg(mostDigits) };
     if (parser.isSet(type))
         run.type = typeFrom(parser.value(type));
     if (!run.confirm())

@@ -12,6 +12,7 @@
 
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 
 #include <array>
 #include <limits>
@@ -181,7 +182,10 @@ void dialog_getSearch::confirm()
     case Confirmation::InvalidStartUrl:
         m_messages.tell(
             { Messages::Sign::Warning, m_language.text("lang.userFailure"), m_language.text("lang.invalidStartUrl") },
-            [this] { m_ui->startlink->setFocus(); });
+            [field = QPointer(m_ui->startlink)] {
+                if (field)
+                    field->setFocus();
+            });
         return;
     case Confirmation::Unlimited:
         notes += m_language.text("lang.warnNoSearchLimit");

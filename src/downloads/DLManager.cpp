@@ -21,6 +21,8 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include <cmath>
+
 namespace {
 
 /// In ninths of the height of a line of text.
@@ -73,6 +75,7 @@ DLManager::DLManager(
     };
     connect(&queue, &DownloadQueue::changed, this, soon);
     connect(&queue, &DownloadQueue::removed, this, soon);
+    connect(&queue, &DownloadQueue::wasReset, this, soon);
     connect(&queue, &DownloadQueue::idle, this, &DLManager::showSummary);
     connect(&language, &LanguageTable::changed, this, &DLManager::applyCaptions);
     applyCaptions();
@@ -192,13 +195,17 @@ void DLManager::removeSelected()
 
 void DLManager::openSelected()
 {
+    // Gathered first: the desktop may let events pass, and entries go, while it opens a file.
+    QStringList files;
     for (const RowRun& run : m_list->selectedRows()) {
         for (int row = run.first; row <= run.last; ++row) {
             const DownloadEntry& entry = m_queue.entryAt(row);
             if (entry.tag == DownloadTag::Complete || entry.tag == DownloadTag::Warning)
-                m_shell.openFile(entry.target);
+                files += entry.target;
         }
     }
+    for (const QString& file : files)
+        m_shell.openFile(file);
 }
 
 void DLManager::openTargetFolder()
@@ -222,11 +229,11 @@ void DLManager::takeMaximum(const QString& typed)
 {
     if (typed.isEmpty())
         return;
-    const qint64 number = allgemein::leadingNumber(allgemein::toSystem(typed));
+    const double number = typed.toDouble(); // 0 for what is no number
     if (number < 1 || number > DownloadSettings::mostSlots)
         askForMaximum();
     else
-        m_queue.settings().maxDL = static_cast<int>(number);
+        m_queue.settings().maxDL = static_cast<int>(std::nearbyint(number));
 }
 
 void DLManager::askForTarget()

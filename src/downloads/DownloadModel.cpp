@@ -37,6 +37,11 @@ DownloadModel::DownloadModel(const DownloadQueue& queue, const LanguageTable& la
         m_told -= last - first + 1;
     });
     connect(&queue, &DownloadQueue::removed, this, [this] { endRemoveRows(); });
+    connect(&queue, &DownloadQueue::aboutToReset, this, [this] { beginResetModel(); });
+    connect(&queue, &DownloadQueue::wasReset, this, [this] {
+        m_told = m_queue.count();
+        endResetModel();
+    });
     connect(&language, &LanguageTable::changed, this, [this] {
         emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
         refresh();

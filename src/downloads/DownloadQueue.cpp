@@ -5,6 +5,8 @@
 #include "crawl/url.h"
 #include "downloads/Transfer.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <utility>
 
@@ -73,7 +75,7 @@ bool DownloadQueue::startEntry(Slot& slot, DownloadEntry& entry)
         return false;
     }
     slot.url = entry.url;
-    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, this);
+    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, slot.meter, this);
     connect(slot.transfer.get(), &Transfer::changed, this, [this, id = entry.id] { emit changed(id); });
     connect(slot.transfer.get(), &Transfer::ended, this, [this, &slot] { finishSlot(slot); });
     slot.transfer->start();
@@ -106,6 +108,7 @@ void DownloadQueue::release(Slot& slot)
         return;
     slot.transfer->stop();
     slot.transfer->disconnect(this);
+    slot.meter.reset();
     // Not at once: this may have been called by one of its signals.
     slot.transfer.release()->deleteLater();
     if (const QByteArray& url = entryOf(slot.item).url; url != slot.url) {
@@ -124,50 +127,77 @@ void DownloadQueue::enqueue(DownloadEntry& entry)
 
 void DownloadQueue::queue(const RowRuns& rows)
 {
+    for (Slot* const slot : slotsServing(rows)) {
+        DownloadEntry& entry = entryOf(slot->item);
+        release(*slot);
+        slot->item = 0;
+        // What it has written so far is its own, and would be in its way.
+        if (!entry.target.isEmpty() && entry.status == DownloadStatus::Loading)
+            QFile::remove(std::exchange(entry.target, {}));
+    }
     for (const RowRun& run : rows) {
-        for (int row = run.first; row <= run.last; ++row) {
-            DownloadEntry& entry = *m_entries[static_cast<size_t>(row)];
-            if (Slot* const slot = slotOf(entry.id)) {
-                release(*slot);
-                slot->item = 0;
-            }
-            enqueue(entry);
-        }
+        for (int row = run.first; row <= run.last; ++row)
+            enqueue(*m_entries[static_cast<size_t>(row)]);
     }
     startWaiting();
 }
 
 void DownloadQueue::stop(const RowRuns& rows)
 {
-    for (Slot& slot : m_slots) {
-        const int row = slot.transfer ? rowOf(slot.item) : -1;
-        const auto holdsRow = [row](const RowRun& run) {
-            return run.first <= row && row <= run.last;
-        };
-        if (std::none_of(rows.begin(), rows.end(), holdsRow))
-            continue;
-        release(slot);
-        emit changed(slot.item);
-        goOn(slot);
+    // All of them first: a slot that goes on must not be given an entry that is to be stopped next.
+    const std::vector<Slot*> serving = slotsServing(rows);
+    for (Slot* const slot : serving) {
+        release(*slot);
+        emit changed(slot->item);
     }
+    for (Slot* const slot : serving)
+        goOn(*slot);
 }
 
 void DownloadQueue::remove(const RowRuns& rows)
 {
-    std::vector<Slot*> freed;
-    std::for_each(rows.rbegin(), rows.rend(), [&](const RowRun& run) {
-        for (Slot& slot : m_slots) {
-            const int row = slot.transfer ? rowOf(slot.item) : -1;
-            if (run.first > row || row > run.last)
-                continue;
-            release(slot);
-            freed.push_back(&slot);
-        }
-        removeRun(run);
-    });
-    for (Slot* const slot : freed)
+    const std::vector<Slot*> serving = slotsServing(rows);
+    for (Slot* const slot : serving)
+        release(*slot);
+    // Views follow a few removals; more would cost them the length of the list each.
+    constexpr size_t mostRuns = 64;
+    if (rows.size() <= mostRuns)
+        std::for_each(rows.rbegin(), rows.rend(), [this](const RowRun& run) { removeRun(run); });
+    else
+        removeScattered(rows);
+    for (Slot* const slot : serving)
         goOn(*slot);
     tellIfIdle();
+}
+
+std::vector<DownloadQueue::Slot*> DownloadQueue::slotsServing(const RowRuns& rows)
+{
+    std::vector<Slot*> serving;
+    for (Slot& slot : m_slots) {
+        const int row = slot.transfer ? rowOf(slot.item) : -1;
+        const bool isMeant = std::any_of(
+            rows.begin(), rows.end(), [row](const RowRun& run) { return run.first <= row && row <= run.last; });
+        if (isMeant)
+            serving.push_back(&slot);
+    }
+    return serving;
+}
+
+void DownloadQueue::removeScattered(const RowRuns& rows)
+{
+    emit aboutToReset();
+    for (const RowRun& run : rows) {
+        for (int row = run.first; row <= run.last; ++row)
+            forget(std::exchange(m_entries[static_cast<size_t>(row)], nullptr));
+    }
+    m_entries.erase(std::remove(m_entries.begin(), m_entries.end(), nullptr), m_entries.end());
+    emit wasReset();
+}
+
+void DownloadQueue::forget(const std::unique_ptr<DownloadEntry>& entry)
+{
+    m_waiting.erase(entry->id);
+    forgetUrl(entry->url);
 }
 
 void DownloadQueue::removeRun(const RowRun& run)
@@ -175,10 +205,7 @@ void DownloadQueue::removeRun(const RowRun& run)
     const auto first = m_entries.begin() + run.first;
     const auto end = m_entries.begin() + run.last + 1;
     emit aboutToRemove(run.first, run.last);
-    for (auto entry = first; entry != end; ++entry) {
-        m_waiting.erase((*entry)->id);
-        forgetUrl((*entry)->url);
-    }
+    std::for_each(first, end, [this](const auto& entry) { forget(entry); });
     m_entries.erase(first, end);
     emit removed();
 }
@@ -208,13 +235,6 @@ int DownloadQueue::rowOf(quint64 id) const
 DownloadEntry& DownloadQueue::entryOf(quint64 id)
 {
     return *m_entries[static_cast<size_t>(rowOf(id))];
-}
-
-DownloadQueue::Slot* DownloadQueue::slotOf(quint64 id)
-{
-    const auto slot =
-        std::find_if(m_slots.begin(), m_slots.end(), [id](const Slot& one) { return one.transfer && one.item == id; });
-    return slot == m_slots.end() ? nullptr : &*slot;
 }
 
 bool DownloadQueue::isRunning(quint64 id) const

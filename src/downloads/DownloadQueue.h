@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/RowRuns.h"
+#include "downloads/DLGeschwindigkeitsmessung.h"
 #include "downloads/DownloadEntry.h"
 #include "downloads/DownloadSettings.h"
 
@@ -55,6 +56,9 @@ signals:
     void changed(quint64 id);
     void aboutToRemove(int firstRow, int lastRow);
     void removed();
+    /// Entries all over the list are taken off it.
+    void aboutToReset();
+    void wasReset();
     /// A transfer has come to its end, whatever it was.
     void ended(const DownloadEntry& entry);
     /// Nothing is running and nothing waits any more.
@@ -65,10 +69,11 @@ private:
         /// The entry that the slot serves or, once its transfer is over, has served last; 0 when the slot is free.
         quint64 item = 0;
         QByteArray url; ///< the entry's when its transfer began
+        DLGeschwindigkeitsmessung meter;
         std::unique_ptr<Transfer> transfer;
     };
 
-    [[nodiscard]] Slot* slotOf(quint64 id);
+    [[nodiscard]] std::vector<Slot*> slotsServing(const RowRuns& rows);
     [[nodiscard]] DownloadEntry& entryOf(quint64 id);
     /// Starts the next waiting entry from the slot's own on; frees the slot when there is none.
     void startNextForSlot(Slot& slot);
@@ -80,6 +85,9 @@ private:
     void release(Slot& slot);
     void enqueue(DownloadEntry& entry);
     void removeRun(const RowRun& run);
+    void removeScattered(const RowRuns& rows);
+    /// Takes an entry out of everything but the list.
+    void forget(const std::unique_ptr<DownloadEntry>& entry);
     void forgetUrl(const QByteArray& url);
     void tellIfIdle();
 

@@ -77,6 +77,7 @@ QString downloadText::progress(const DownloadEntry& entry, bool inPercent)
         return {};
     if (entry.size <= 0)
         return QStringLiteral("?");
-    const double ratio = static_cast<double>(*entry.received) / static_cast<double>(entry.size);
-    return inPercent ? QString::number(std::round(ratio * 100)) + u'%' : QString::number(ratio, 'f', 2);
+    // To whole hundredths before it is written, halves away from zero.
+    const double percent = std::round(static_cast<double>(*entry.received) * 100 / static_cast<double>(entry.size));
+    return inPercent ? QString::number(percent, 'f', 0) + u'%' : QString::number(percent / 100, 'f', 2);
 }

@@ -2,6 +2,7 @@
 #include "downloads/NumberedUrls.h"
 
 #include "base/LetterNumbers.h"
+#include "base/allgemein.h"
 #include "crawl/url.h"
 
 QByteArray indexText(qint32 index, IndexType type, qint32 minStellen)
@@ -32,6 +33,8 @@ bool NumberedUrls::confirm()
 
 QByteArray NumberedUrls::urlFor(qint32 index) const
 {
-    const qsizetype place = qBound(qsizetype { 0 }, pos, startUrl.size());
-    return startUrl.first(place) + indexText(index, type, minStellen) + startUrl.sliced(place);
+    const QString text = allgemein::fromSystem(startUrl);
+    const qsizetype place = qBound(qsizetype { 0 }, pos, text.size());
+    return allgemein::toSystem(text.first(place)) + indexText(index, type, minStellen)
+        + allgemein::toSystem(text.sliced(place));
 }

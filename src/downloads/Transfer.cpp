@@ -12,20 +12,30 @@
 
 namespace {
 
-/// Creates a folder inside one that exists; true as well when it is there already.
+/// Creates a folder inside one that exists. That something is there already is no failure here: if it is no folder, the
+/// file cannot be created.
 bool makeFolder(const QString& path)
 {
-    return QDir().mkdir(path) || QFileInfo(path).isDir();
+    return QDir().mkdir(path) || QFileInfo::exists(path);
+}
+
+/// Whether something stands there that is no ordinary file. Writing to a pipe would wait for a reader.
+bool isNoFile(const QString& path)
+{
+    const QFileInfo there(path);
+    return there.exists() && !there.isFile();
 }
 
 } // namespace
 
-Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, QObject* parent)
+Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
+    DLGeschwindigkeitsmessung& meter, QObject* parent)
     : QObject(parent)
     , m_entry(entry)
     , m_settings(settings)
     , m_extras(extras)
     , m_exchange(nullptr)
+    , m_meter(meter)
 {
     connect(&m_exchange, &HttpExchange::connected, this, &Transfer::onConnected);
     connect(&m_exchange, &HttpExchange::headerArrived, this, &Transfer::onHeader);
@@ -59,7 +69,9 @@ void Transfer::onHeader(const QByteArray& header)
     for (const QByteArray& value : httpHeader::setCookies(header))
         m_extras.takeCookie(value, m_entry.url);
     if (m_settings.followRelocation && httpHeader::isRelocation(httpHeader::statusCode(header))) {
-        m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, httpHeader::location(header)));
+        const QByteArray location = httpHeader::location(header);
+        if (!location.isEmpty())
+            m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, location));
         fail(DownloadStatus::Relocated);
         return;
     }
@@ -70,7 +82,7 @@ void Transfer::openTarget(const QByteArray& header)
 {
     const auto named = targetName::of(m_entry.url, httpHeader::contentType(header), m_settings.naming);
     QString path = m_settings.target;
-    bool folders = named.refusal != targetName::Refusal::Directory && QDir().mkpath(path);
+    bool folders = named.refusal != targetName::Refusal::Directory && (QDir().mkpath(path) || QFileInfo::exists(path));
     for (const QByteArray& directory : named.target.directories) {
         path = allgemein::withTrailingSeparator(path + allgemein::fromSystem(directory));
         folders = folders && makeFolder(path);
@@ -83,8 +95,8 @@ void Transfer::openTarget(const QByteArray& header)
     m_file.setFileName(path);
     const QFile::OpenMode mode = m_settings.overwrite ? QFile::Truncate : QFile::NewOnly;
     // Unbuffered, so that a write that fails is known to have failed.
-    if (named.refusal || !m_file.open(QFile::WriteOnly | QFile::Unbuffered | mode)) {
-        const bool exists = !named.refusal && !m_settings.overwrite && QFileInfo(path).isFile();
+    if (named.refusal || isNoFile(path) || !m_file.open(QFile::WriteOnly | QFile::Unbuffered | mode)) {
+        const bool exists = !named.refusal && !m_settings.overwrite && QFileInfo::exists(path);
         fail(exists ? DownloadStatus::FileExists : DownloadStatus::CannotCreateFile);
         return;
     }
@@ -94,16 +106,20 @@ void Transfer::openTarget(const QByteArray& header)
     m_entry.received = 0;
     m_entry.size = httpHeader::contentLength(header);
     emit changed();
+    // The measurement begins here, whether the header brought a piece of the body with it or not.
+    onBody({});
 }
 
 void Transfer::onBody(const QByteArray& body)
 {
-    for (qsizetype at = 0; at < body.size(); at += pieceSize) {
+    qsizetype at = 0;
+    do {
         if (!writePiece(body.constData() + at, qMin(pieceSize, body.size() - at))) {
             fail(DownloadStatus::CannotWrite);
             return;
         }
-    }
+        at += pieceSize;
+    } while (at < body.size());
     m_entry.speed = m_meter.getDurschnittsGeschwindigkeit();
     emit changed();
 }
@@ -123,7 +139,7 @@ void Transfer::onClosed()
         return;
     }
     // A size that was not announced counts as 0, so such a file is complete only if it is empty.
-    const bool complete = qMax(m_entry.size, qint64 { 0 }) == m_entry.received;
+    const bool complete = (m_entry.size == -1 ? 0 : m_entry.size) == m_entry.received;
     m_entry.status = complete ? DownloadStatus::Complete : DownloadStatus::TooShort;
     m_entry.tag = complete ? DownloadTag::Complete : DownloadTag::Warning;
     end();

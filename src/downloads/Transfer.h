@@ -23,7 +23,8 @@ public:
     static constexpr qsizetype pieceSize = 32 * 1024;
 
     /// The entry's URL is one of "http". All that is referred to must outlive the transfer.
-    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, QObject* parent);
+    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
+        DLGeschwindigkeitsmessung& meter, QObject* parent);
 
     /// Begins connecting; no signal comes from within.
     void start();
@@ -50,6 +51,6 @@ private:
     RequestExtras& m_extras;
     HttpExchange m_exchange;
     QFile m_file;
-    DLGeschwindigkeitsmessung m_meter;
+    DLGeschwindigkeitsmessung& m_meter;
     QElapsedTimer m_clock;
 };

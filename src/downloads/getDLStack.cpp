@@ -10,7 +10,9 @@
 #include "ui_getDLStack.h"
 
 #include <QElapsedTimer>
+#include <QPointer>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -19,6 +21,8 @@ namespace {
 /// How long the adding runs before other events get their turn.
 constexpr int sliceMilliseconds = 8;
 constexpr int exampleCount = 4;
+/// Of a longer run the user is asked whether it is meant.
+constexpr qint64 manyDownloads = 100'000;
 
 struct TypeButton {
     QRadioButton* Ui::getDLStack::*button;
@@ -31,6 +35,16 @@ constexpr std::array typeButtons {
     TypeButton { &Ui::getDLStack::r_indexType_4, IndexType::CapitalLetters, zahlenEingabe::Anzeige::CapitalLetters },
     TypeButton { &Ui::getDLStack::r_indexType_5, IndexType::SmallLetters, zahlenEingabe::Anzeige::SmallLetters },
 };
+
+/// How many characters of the completed URL stand before a place in what was typed.
+int placeInUrl(const QString& typed, int place)
+{
+    const auto begin =
+        std::find_if(typed.begin(), typed.end(), [](QChar character) { return !character.isSpace(); });
+    const int blanks = static_cast<int>(begin - typed.begin());
+    const int added = typed.trimmed().startsWith(QLatin1String("http://")) ? 0 : 7;
+    return qMax(0, place - blanks) + added;
+}
 
 } // namespace
 
@@ -74,7 +88,7 @@ void getDLStack::wire()
     // The index goes where the cursor was last.
     connect(m_ui->startUrl, &QLineEdit::cursorPositionChanged, this, [this](int, int place) {
         if (m_ui->startUrl->hasFocus())
-            m_ui->Pos->setValue(place + (m_ui->startUrl->text().startsWith(QLatin1String("http://")) ? 0 : 7));
+            m_ui->Pos->setValue(placeInUrl(m_ui->startUrl->text(), place));
     });
     connect(&m_addSome, &QTimer::timeout, this, &getDLStack::addSome);
 }
@@ -132,30 +146,45 @@ void getDLStack::confirm()
     if (!confirmed.confirm()) {
         m_messages.tell(
             { Messages::Sign::Warning, m_language.text("lang.userFailure"), m_language.text("lang.invalidStartUrl") },
-            [this] { m_ui->startUrl->setFocus(); });
+            [field = QPointer(m_ui->startUrl)] {
+                if (field)
+                    field->setFocus();
+            });
         return;
     }
-    // What is left of a run before goes first.
-    while (m_addSome.isActive())
-        addSome();
-    m_adding = confirmed;
-    m_referer = allgemein::toSystem(m_ui->quellUrl->text().trimmed());
+    const qint64 count = qint64 { confirmed.max } - confirmed.min + 1;
+    if (count <= manyDownloads) {
+        add(confirmed);
+        return;
+    }
+    m_messages.ask({ Messages::Sign::Question, m_language.text("lang.question"),
+                       m_language.text("more.manyDownloads").arg(count) },
+        [self = QPointer(this), confirmed](bool yes) {
+            if (self && yes)
+                self->add(confirmed);
+        });
+}
+
+void getDLStack::add(const NumberedUrls& run)
+{
+    m_adding.enqueue({ run, run.min, allgemein::toSystem(m_ui->quellUrl->text().trimmed()) });
     hide();
     m_addSome.start(0);
     addSome();
-    emit this->confirmed();
+    emit confirmed();
 }
 
 void getDLStack::addSome()
 {
     QElapsedTimer timer;
     timer.start();
-    while (m_adding.min <= m_adding.max && !timer.hasExpired(sliceMilliseconds)) {
-        m_queue.addDL(m_adding.urlFor(m_adding.min), -1, m_referer);
-        if (m_adding.min == std::numeric_limits<qint32>::max())
-            break;
-        ++m_adding.min;
+    while (!m_adding.isEmpty() && !timer.hasExpired(sliceMilliseconds)) {
+        Adding& adding = m_adding.head();
+        if (adding.next <= adding.run.max)
+            m_queue.addDL(adding.run.urlFor(static_cast<qint32>(adding.next++)), -1, adding.referer);
+        else
+            m_adding.dequeue();
     }
-    if (m_adding.min > m_adding.max || m_adding.min == std::numeric_limits<qint32>::max())
+    if (m_adding.isEmpty())
         m_addSome.stop();
 }

@@ -4,6 +4,7 @@
 #include "downloads/NumberedUrls.h"
 
 #include <QDialog>
+#include <QQueue>
 #include <QTimer>
 
 #include <memory>
@@ -32,6 +33,13 @@ signals:
     void confirmed();
 
 private:
+    /// A run of which a part is on the list.
+    struct Adding {
+        NumberedUrls run;
+        qint64 next = 0; ///< the index that comes next
+        QByteArray referer;
+    };
+
     void wire();
     void applyCaptions();
     /// The run as the controls have it; the URL as it is typed.
@@ -39,6 +47,7 @@ private:
     void showType();
     void showExamples();
     void confirm();
+    void add(const NumberedUrls& run);
     /// Adds a part of the run, and leaves the rest to the next pass of the event loop.
     void addSome();
 
@@ -47,7 +56,6 @@ private:
     Messages& m_messages;
     UrlPicker& m_picker;
     std::unique_ptr<Ui::getDLStack> m_ui;
-    NumberedUrls m_adding; ///< what is still to be added: from its `min` on
-    QByteArray m_referer;
+    QQueue<Adding> m_adding;
     QTimer m_addSome;
 };

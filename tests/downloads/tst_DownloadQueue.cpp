@@ -3,6 +3,7 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "downloads/DownloadText.h"
+#include "support/FileSizeLimit.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
 #include "support/Text.h"
@@ -14,6 +15,10 @@
 #include <QTest>
 
 #include <memory>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 class tst_DownloadQueue : public QObject {
     Q_OBJECT
@@ -27,6 +32,8 @@ private slots:
     void replacesOnlyWhenAsked();
     void refusesFoldersThatCannotBeMade();
     void aFullDiskIsAFailure();
+    void whatIsNoFileIsNotWritten();
+    void failsWhereNobodyAnswers();
     void storesEveryCookie();
     void aRelocatedEntryIsQueuedForItsNewAddress();
     void addsEachUrlOnce();
@@ -34,6 +41,8 @@ private slots:
     void slotsGoOnDownTheList();
     void removingKeepsSlotsAtTheirEntries();
     void stoppingFreesTheSlot();
+    void stoppingManyLosesNone();
+    void aRunningEntryBeginsAnew();
     void finishedEntriesGoWhenAsked();
     void nothingLosesItsSlot();
     void showsProgress_data();
@@ -44,6 +53,10 @@ private:
     void add(const QByteArray& path) { m_queue->addDL(url(path), -1, {}); }
     /// The letters of the entries' tags; "." for none.
     [[nodiscard]] QByteArray tags() const;
+    [[nodiscard]] QString statusText(int row) const
+    {
+        return downloadText::status(m_queue->entryAt(row), LanguageTable());
+    }
     [[nodiscard]] bool isIdle() const { return m_queue->runningCount() + m_queue->waitingCount() == 0; }
     void stall(const QByteArray& path) { m_server->script(path, { { okHeader("x/y") }, Afterwards::Stall }); }
 
@@ -182,15 +195,51 @@ void tst_DownloadQueue::refusesFoldersThatCannotBeMade()
 
 void tst_DownloadQueue::aFullDiskIsAFailure()
 {
-    if (!QFileInfo::exists(QStringLiteral("/dev/full")))
-        QSKIP("This system has no disk that is always full.");
-    m_server->script("/full", { { "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nhello" } });
-    QVERIFY(QDir().mkpath(m_queue->settings().target));
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_folder->filePath(QStringLiteral("target/full"))));
-    m_queue->settings().overwrite = true;
+#ifdef Q_OS_UNIX
+    m_server->script("/full", { { "HTTP/1.1 200 OK\r\nContent-Length: 50000\r\n\r\n" + QByteArray(50'000, 'x') } });
+    m_server->script("/next", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_queue->settings().maxDL = 1;
+    const FileSizeLimit limit(40'000);
     add("/full");
-    QTRY_COMPARE(tags(), "F");
-    QCOMPARE(downloadText::status(m_queue->entryAt(0), LanguageTable()), QStringLiteral("Error while writing file"));
+    add("/next");
+    QTRY_COMPARE(tags(), "FC");
+    QCOMPARE(statusText(0), QStringLiteral("Error while writing file"));
+#else
+    QSKIP("Only Unix can limit the size of files for a test.");
+#endif
+}
+
+void tst_DownloadQueue::whatIsNoFileIsNotWritten()
+{
+#ifdef Q_OS_UNIX
+    // Opening a pipe for writing would wait for a reader, and the program with it.
+    m_server->script("/pipe", { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } });
+    m_server->script("/folder", { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } });
+    QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("target/folder"))));
+    QCOMPARE(mkfifo(qPrintable(m_folder->filePath(QStringLiteral("target/pipe"))), 0600), 0);
+    m_queue->settings().overwrite = true;
+    add("/pipe");
+    add("/folder");
+    QTRY_COMPARE(tags(), "FF");
+    QCOMPARE(statusText(0), QStringLiteral("Error while creating file"));
+#else
+    QSKIP("Only Unix has pipes in folders.");
+#endif
+}
+
+void tst_DownloadQueue::failsWhereNobodyAnswers()
+{
+    m_server->script("/next", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_server->script("/" + QByteArray(300, 'n'), { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
+    m_queue->settings().maxDL = 1;
+    m_queue->addDL("http://127.0.0.1:1/f", -1, {});
+    m_queue->addDL("http://127.0.0.1:70000/f", -1, {});
+    add("/" + QByteArray(300, 'n'));
+    add("/next");
+    QTRY_COMPARE(tags(), "FFFC");
+    QCOMPARE(statusText(0), QStringLiteral("Network failure"));
+    QCOMPARE(statusText(1), QStringLiteral("Network failure"));
+    QCOMPARE(statusText(2), QStringLiteral("Error while creating file"));
 }
 
 void tst_DownloadQueue::storesEveryCookie()
@@ -218,8 +267,16 @@ void tst_DownloadQueue::aRelocatedEntryIsQueuedForItsNewAddress()
     m_queue->queue({ { 0, 0 } });
     QTRY_COMPARE(m_queue->entryAt(0).tag, DownloadTag::Complete);
 
+    m_server->script("/a/nowhere", { { "HTTP/1.1 302 Found\r\n\r\n" } });
+    m_server->relocation("/tab", "http://h/\tx");
+    add("/a/nowhere");
+    add("/tab");
+    QTRY_VERIFY(isIdle());
+    QCOMPARE(m_queue->entryAt(2).url, url("/a/nowhere"));
+    QCOMPARE(m_queue->entryAt(3).url, "http://h/%09x");
+
     m_queue->settings().followRelocation = false;
-    m_queue->remove({ { 1, 1 } });
+    m_queue->remove({ { 1, 3 } });
     add("/old");
     QTRY_VERIFY(isIdle());
     QCOMPARE(m_queue->entryAt(1).url, url("/old"));
@@ -311,6 +368,44 @@ void tst_DownloadQueue::stoppingFreesTheSlot()
     QCOMPARE(m_queue->entryAt(0).status, DownloadStatus::Loading);
 }
 
+void tst_DownloadQueue::stoppingManyLosesNone()
+{
+    for (const char* const path : { "/1", "/2", "/3" })
+        stall(path);
+    m_queue->settings().maxDL = 1;
+    for (const char* const path : { "/1", "/2", "/3" })
+        add(path);
+    m_queue->settings().maxDL = 3;
+    QSignalSpy changed(m_queue.get(), &DownloadQueue::changed);
+    // What waited when the command came is started by it, not stopped as well.
+    m_queue->stop({ { 0, 0 }, { 2, 2 } });
+    QCOMPARE(tags(), "VVV");
+    QVERIFY(m_queue->isRunning(m_queue->entryAt(2).id));
+    QCOMPARE(m_queue->runningCount(), 2);
+    QVERIFY(changed.count() >= 3);
+
+    // A slot beyond a lowered maximum comes to its end and takes nothing new.
+    m_queue->settings().maxDL = 1;
+    add("/4");
+    QTRY_COMPARE(m_server->paths().count("/3"), 1);
+    m_server->release("/3", {});
+    QTRY_COMPARE(m_queue->entryAt(2).tag, DownloadTag::Complete);
+    QCOMPARE(m_queue->entryAt(3).tag, DownloadTag::Waiting);
+    QCOMPARE(m_queue->runningCount(), 1);
+}
+
+void tst_DownloadQueue::aRunningEntryBeginsAnew()
+{
+    m_server->script("/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\nhello" }, Afterwards::Stall });
+    add("/f");
+    QTRY_COMPARE(m_queue->entryAt(0).received, 5);
+    m_server->script("/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi" } });
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(tags(), "C");
+    QCOMPARE(contentOf(m_queue->entryAt(0).target), "hi");
+    QCOMPARE(m_server->paths().size(), 2);
+}
+
 void tst_DownloadQueue::finishedEntriesGoWhenAsked()
 {
     m_server->script("/1", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
@@ -323,52 +418,159 @@ void tst_DownloadQueue::finishedEntriesGoWhenAsked()
     QCOMPARE(m_queue->entryAt(0).url, url("/2"));
 }
 
-/// Random commands while ten transfers run: every slot serves an entry of its own that is in the list and not waiting,
-/// and no slot is free while entries wait.
+namespace {
+
+/// The download list as a plain walk over its rows would have it.
+class ListModel {
+public:
+    struct Row {
+        int id = 0;
+        char tag = 'W';
+    };
+
+    std::vector<Row> rows;
+    std::array<int, DownloadSettings::mostSlots> slotItems {}; ///< ids; 0 for a free slot
+    int maximum = DownloadSettings::mostSlots;
+
+    void add(int id)
+    {
+        rows.push_back({ id, 'W' });
+        startWaiting();
+    }
+    void queue(const QList<int>& ids)
+    {
+        for (int& item : slotItems)
+            item = ids.contains(item) ? 0 : item;
+        for (Row& row : rows)
+            row.tag = ids.contains(row.id) ? 'W' : row.tag;
+        startWaiting();
+    }
+    void stop(const QList<int>& ids)
+    {
+        const std::vector<size_t> freed = slotsOf(ids);
+        for (const size_t slot : freed)
+            goOn(slot);
+    }
+    void remove(const QList<int>& ids)
+    {
+        const std::vector<size_t> freed = slotsOf(ids);
+        std::erase_if(rows, [&](const Row& row) { return ids.contains(row.id); });
+        for (const size_t slot : freed)
+            goOn(slot);
+    }
+    void end(int id, char tag, bool removes)
+    {
+        const size_t slot = slotsOf({ id }).front();
+        for (Row& row : rows)
+            row.tag = row.id == id ? tag : row.tag;
+        if (tag == 'C' && removes)
+            std::erase_if(rows, [id](const Row& row) { return row.id == id; });
+        goOn(slot);
+    }
+
+private:
+    [[nodiscard]] std::vector<size_t> slotsOf(const QList<int>& ids) const
+    {
+        std::vector<size_t> found;
+        for (size_t slot = 0; slot < slotItems.size(); ++slot) {
+            if (slotItems[slot] != 0 && ids.contains(slotItems[slot]))
+                found.push_back(slot);
+        }
+        return found;
+    }
+    void goOn(size_t slot)
+    {
+        startNext(slot);
+        startWaiting();
+    }
+    void startWaiting()
+    {
+        for (size_t slot = 0; slot < static_cast<size_t>(maximum); ++slot) {
+            if (slotItems[slot] == 0)
+                startNext(slot);
+        }
+    }
+    void startNext(size_t slot)
+    {
+        const int from = std::exchange(slotItems[slot], 0);
+        if (slot >= static_cast<size_t>(maximum))
+            return;
+        for (Row& row : rows) {
+            if (row.id >= from && row.tag == 'W') {
+                row.tag = 'V';
+                slotItems[slot] = row.id;
+                return;
+            }
+        }
+    }
+};
+
+} // namespace
+
+/// Random commands while ten transfers run, against the plain walk: the same rows with the same tags, and the same ones
+/// running.
 void tst_DownloadQueue::nothingLosesItsSlot()
 {
     QRandomGenerator random(4711);
     m_queue->settings().maxDL = DownloadSettings::mostSlots;
     m_queue->settings().overwrite = true;
+    ListModel model;
+    connect(m_queue.get(), &DownloadQueue::ended, this, [&](const DownloadEntry& entry) {
+        model.end(static_cast<int>(entry.id), letterOf(entry.tag).at(0), m_queue->settings().removeFinished);
+    });
     const QList<Answer> answers { { { okHeader("x/y") }, Afterwards::Stall },
         { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } }, {}, { { okHeader("x/y") }, Afterwards::Reset },
         { { "HTTP/1.1 302 Found\r\nLocation: /1\r\n\r\n" } } };
     int added = 0;
     for (int step = 0; step < 4000; ++step) {
-        const int count = m_queue->count();
-        const int first = count > 0 ? random.bounded(count) : 0;
-        const RowRuns rows = count > 0 ? RowRuns { { first, qMin(count - 1, first + random.bounded(3)) } } : RowRuns();
-        switch (random.bounded(6)) {
+        RowRuns rows;
+        QList<int> ids;
+        for (int row = 0; row < m_queue->count(); ++row) {
+            if (random.bounded(12) == 0) {
+                rows.push_back({ row, row });
+                ids += static_cast<int>(m_queue->entryAt(row).id);
+            }
+        }
+        switch (random.bounded(7)) {
         case 0:
-            m_queue->remove(rows);
+            model.remove(ids);
+            m_queue->remove(mergedRuns(rows));
             break;
         case 1:
-            m_queue->stop(rows);
+            model.stop(ids);
+            m_queue->stop(mergedRuns(rows));
             break;
         case 2:
-            m_queue->queue(rows);
+            model.queue(ids);
+            m_queue->queue(mergedRuns(rows));
             break;
         case 3:
             QCoreApplication::processEvents();
             m_queue->settings().removeFinished = random.bounded(2) == 0;
             break;
+        case 4:
+            model.maximum = m_queue->settings().maxDL = 1 + random.bounded(int { DownloadSettings::mostSlots });
+            break;
         default: {
             const QByteArray path = '/' + QByteArray::number(++added);
             m_server->script(path, answers[random.bounded(answers.size())]);
+            const int count = m_queue->count();
             add(path);
+            if (m_queue->count() > count)
+                model.add(static_cast<int>(m_queue->entryAt(count).id));
         }
         }
-        QSet<quint64> served;
-        for (const DownloadEntry* const entry : m_queue->running()) {
-            QVERIFY(!served.contains(entry->id));
-            served += entry->id;
-            QCOMPARE(entry->tag, DownloadTag::Running);
-            QCOMPARE(&m_queue->entryAt(m_queue->rowOf(entry->id)), entry);
-        }
-        QVERIFY(m_queue->waitingCount() == 0 || m_queue->runningCount() == DownloadSettings::mostSlots);
-        QCOMPARE(static_cast<int>(tags().count('W')), m_queue->waitingCount());
+        QByteArray expected;
+        for (const ListModel::Row& row : model.rows)
+            expected += row.tag;
+        QCOMPARE(tags(), expected);
+        for (const int item : model.slotItems)
+            QVERIFY(item == 0 || m_queue->isRunning(static_cast<quint64>(item)));
+        const auto free = std::count(model.slotItems.begin(), model.slotItems.end(), 0);
+        QCOMPARE(m_queue->runningCount(), DownloadSettings::mostSlots - static_cast<int>(free));
     }
     QVERIFY(m_server->paths().size() > 100);
+    m_queue->disconnect(this);
 }
 
 void tst_DownloadQueue::showsProgress_data()
@@ -381,6 +583,8 @@ void tst_DownloadQueue::showsProgress_data()
         QTest::newRow(title) << received << size << QString::fromLatin1(percent) << QString::fromLatin1(ratio);
     };
     row("a third", 1, 3, "33%", "0.33");
+    row("a half is rounded up", 57, 200, "29%", "0.29");
+    row("a small half as well", 3, 200, "2%", "0.02");
     row("done", 3, 3, "100%", "1.00");
     row("more than announced", 6, 3, "200%", "2.00");
     row("unknown size", 6, -1, "?", "?");

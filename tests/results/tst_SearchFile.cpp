@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/SearchFile.h"
 #include "results/SearchFileReader.h"
+#include "support/FileSizeLimit.h"
 #include "support/Text.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
-
-#ifdef Q_OS_UNIX
-#include <csignal>
-
-#include <sys/resource.h>
-#endif
 
 using SearchFile::LoadError;
 
@@ -225,14 +220,11 @@ void tst_SearchFile::fullDiskLeavesOldFile()
     FundListe list;
     list.add(someItem(QByteArray(60'000, 'x')));
     // The system takes a part of the last line, and reports no error unless it is asked for more.
-    rlimit before {};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit limited { 50'000, before.rlim_max };
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
-    const auto error = SearchFile::save(file("a.twk"), {}, {}, list);
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    std::optional<QString> error;
+    {
+        const FileSizeLimit limit(50'000);
+        error = SearchFile::save(file("a.twk"), {}, {}, list);
+    }
     QVERIFY(error.has_value());
     QCOMPARE(contentOf(file("a.twk")), "old");
 #else
