@@ -61,8 +61,7 @@ void SearchFiles::saveTo(const QString& fileName)
         complain("lang.errWhileSavingFile", QDir::toNativeSeparators(fileName) + u'\n' + *error);
 }
 
-void SearchFiles::takeOpened(
-    const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes)
+void SearchFiles::takeOpened(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes)
 {
     const QString error = twk::errorText(result, m_language);
     if (!error.isEmpty())

@@ -39,8 +39,7 @@ constexpr std::array typeButtons {
 /// How many characters of the completed URL stand before a place in what was typed.
 int placeInUrl(const QString& typed, int place)
 {
-    const auto begin =
-        std::find_if(typed.begin(), typed.end(), [](QChar character) { return !character.isSpace(); });
+    const auto begin = std::find_if(typed.begin(), typed.end(), [](QChar character) { return !character.isSpace(); });
     const int blanks = static_cast<int>(begin - typed.begin());
     const int added = typed.trimmed().startsWith(QLatin1String("http://")) ? 0 : 7;
     return qMax(0, place - blanks) + added;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/RowChanges.h"
 
-std::optional<std::vector<RowChange>> rowChanges(
-    size_t rowCount, const std::vector<RowChoice>& choice, size_t most)
+std::optional<std::vector<RowChange>> rowChanges(size_t rowCount, const std::vector<RowChoice>& choice, size_t most)
 {
     std::vector<RowChange> changes;
     size_t old = 0; // the rows before it are dealt with

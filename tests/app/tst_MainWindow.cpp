@@ -49,6 +49,7 @@ private slots:
     void keysReachTheirCommands();
     void rowsAreTheSameInEveryMode();
     void marksSelectsAndCopies();
+    void downloadsRows();
     void speaksEveryLanguage_data();
     void speaksEveryLanguage();
     void loadsALanguageFile();
@@ -378,6 +379,50 @@ void tst_MainWindow::marksSelectsAndCopies()
     choose(*m_window, "m_selectedDemark");
     choose(*m_window, "m_markedToClipboard"); // Nothing is marked, so the clipboard stays.
     QCOMPARE(copied(), QStringLiteral("/a/one.html\r\n/b/c/four.html"));
+}
+
+void tst_MainWindow::downloadsRows()
+{
+    m_session->downloads.settings().target = m_folder.path() + u'/';
+    m_session->downloads.settings().overwrite = true;
+    m_session->requestPrefs.useReferrer = true;
+    searchSite();
+    QWidget* manager = nullptr;
+    for (QWidget* const widget : QApplication::topLevelWidgets())
+        manager = widget->objectName() == QLatin1String("DLManager") ? widget : manager;
+    QVERIFY(manager && !manager->isVisible());
+    choose(*m_window, "m_autoOpenDLM");
+    choose(*m_window, "m_selectedDownload"); // with no row selected
+    QVERIFY(!manager->isVisible());
+    choose(*m_window, "m_autoOpenDLM");
+    choose(*m_window, "m_markedDownload");
+    QVERIFY(manager->isVisible());
+    QCOMPARE(m_session->downloads.count(), 0);
+
+    choose(*m_window, "m_einheit(1)");
+    QTRY_COMPARE(details().model()->index(4, FoundModel::Size).data().toString(), QStringLiteral("2"));
+    m_session->downloads.settings().startImmediately = false;
+    details().selectRow(4);
+    choose(*m_window, "m_selectedDownload");
+    QCOMPARE(m_session->downloads.count(), 1);
+    // The number that the list shows, in its unit.
+    QCOMPARE(m_session->downloads.entryAt(0).size, 2);
+    QCOMPARE(m_session->downloads.entryAt(0).referer, QByteArray());
+    details().selectRow(3);
+    choose(*m_window, "m_selectedMark");
+    choose(*m_window, "m_markedDownload");
+    QCOMPARE(m_session->downloads.entryAt(1).url, "https://h:80/");
+
+    m_session->downloads.settings().startImmediately = true;
+    m_session->downloads.queue({ { 0, 0 } });
+    QTRY_COMPARE(m_session->downloads.entryAt(0).tag, DownloadTag::Warning); // its body never came
+    choose(*m_window, "m_resolve3xx");
+    QVERIFY(!m_session->downloads.settings().followRelocation);
+    manager->close();
+    choose(*m_window, "m_showDlm");
+    QVERIFY(manager->isVisible());
+    choose(*m_window, "m_addNumberedDL");
+    QVERIFY(control<QDialog>(*m_window, "getDLStack").isVisible());
 }
 
 void tst_MainWindow::speaksEveryLanguage_data()

@@ -367,9 +367,12 @@ void tst_cli::numbersUrls()
     QCOMPARE(run("number x.y.z/img.jpg --pos 16 --min 9 --max 11 --digits 2").out,
         "http://x.y.z/img09.jpg\nhttp://x.y.z/img10.jpg\nhttp://x.y.z/img11.jpg\n");
     QCOMPARE(run("number http://h/ --pos 9 --min 26 --max 27 --type lower").out, "http://h/z\nhttp://h/a`\n");
+    QCOMPARE(run("number http://h/ --pos 9 --min 10 --max 10 --type hex").out, "http://h/A\n");
+    QCOMPARE(run("number http://h/ --pos 9 --min 27 --max 27 --type upper").out, "http://h/A@\n");
     QCOMPARE(run("number http://h/ --pos 9 --min 2 --max 1").out, "");
     for (const char* const line : { "number http://h/ --pos 1 --min 1", "number .h --pos 1 --min 1 --max 1",
-             "number http://h/ --pos 1 --min 1 --max 1 --type roman" })
+             "number http://h/ --pos 1 --min 1 --max 1 --type roman",
+             "number http://h/ --pos 1 --min 1 --max 1 --digits 2000000000" })
         QCOMPARE(run(line).status, 1);
 }
 

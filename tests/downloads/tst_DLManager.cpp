@@ -38,6 +38,8 @@ private slots:
     void everyCaptionHasItsKey();
     void keepsUpWithManyRows();
     void addsARunOfNumberedUrls();
+    void theIndexFollowsTheCursor();
+    void asksBeforeAVeryLongRun();
     void refusesAnInvalidUrl();
     void lettersAreTypedAndShown();
 
@@ -99,6 +101,9 @@ void tst_DLManager::showsEachDownload()
     QCOMPARE(m_window->list().model()->index(0, 0).data(DownloadModel::percentRole).toInt(), 100);
     QCOMPARE(cell(1, DownloadModel::Status), QStringLiteral("Unsupported protocol"));
     QCOMPARE(cell(1, DownloadModel::Size), QStringLiteral("7"));
+    QTRY_VERIFY(control<QLabel>(window(), "summary").text().startsWith(QLatin1String("Running: 0   Waiting: 0")));
+    QVERIFY(!m_window->grab().isNull()); // the progress bar is drawn
+    QVERIFY(!m_window->list().actions().isEmpty());
     choose(window(), "c_usePercent");
     QCOMPARE(cell(0, DownloadModel::Progress), QStringLiteral("1.00"));
     m_language.selectBuiltIn(LanguageTable::German);
@@ -151,6 +156,7 @@ void tst_DLManager::asksForTheMaximum_data()
     row("a half goes to the even one", "2.5", 2, 1);
     row("out of range, then cancelled", "0 11", 3, 3);
     row("no number, then one", "x 10", 10, 2);
+    row("beyond the bounds before it is rounded", "0.6 10.4", 3, 3);
     row("cancelled", "", 3, 1);
 }
 
@@ -193,7 +199,10 @@ void tst_DLManager::opensWhatIsFinished()
     choose(window(), "m_selectAll");
     choose(window(), "m_openCompletedSelected");
     choose(window(), "m_openTarget");
-    QCOMPARE(m_shell.openedFiles, (QStringList { m_folder.filePath(QStringLiteral("f.zip")), m_folder.path() }));
+    emit m_window->list().doubleClicked(m_window->list().model()->index(0, 0));
+    QCOMPARE(m_shell.openedFiles,
+        (QStringList {
+            m_folder.filePath(QStringLiteral("f.zip")), m_folder.path(), m_folder.filePath(QStringLiteral("f.zip")) }));
 }
 
 void tst_DLManager::takesDroppedUrls()
@@ -232,6 +241,17 @@ void tst_DLManager::keepsUpWithManyRows()
     m_queue->remove({ { 10, 99'989 } });
     QCOMPARE(m_window->list().model()->rowCount(), 20);
     QCOMPARE(cell(10, DownloadModel::Filename), QStringLiteral("99990"));
+    // Rows here and there: all at once.
+    for (int number = 0; number < 20'000; ++number)
+        add("/more" + QByteArray::number(number));
+    QTRY_COMPARE(m_window->list().model()->rowCount(), 20'020);
+    RowRuns odd;
+    for (int row = 1; row < 20'020; row += 2)
+        odd.push_back({ row, row });
+    m_queue->remove(odd);
+    QCOMPARE(m_window->list().model()->rowCount(), 10'010);
+    QCOMPARE(cell(10'009, DownloadModel::Filename), QStringLiteral("more19998"));
+    QCOMPARE(m_queue->rowOf(m_queue->entryAt(5000).id), 5000);
 }
 
 void tst_DLManager::addsARunOfNumberedUrls()
@@ -261,6 +281,47 @@ void tst_DLManager::addsARunOfNumberedUrls()
     control<QSpinBox>(*m_numbered, "max").setValue(1);
     click(*m_numbered, "b_ok");
     QCOMPARE(m_queue->count(), 50'000);
+}
+
+void tst_DLManager::theIndexFollowsTheCursor()
+{
+    m_numbered->show();
+    QApplication::setActiveWindow(m_numbered.get());
+    auto& url = control<QLineEdit>(*m_numbered, "startUrl");
+    url.setFocus();
+    QTRY_VERIFY(url.hasFocus());
+    const auto pos = [this] {
+        return control<QSpinBox>(*m_numbered, "Pos").value();
+    };
+    QTest::keyClicks(&url, QStringLiteral(" h/a.jpg"));
+    QCOMPARE(pos(), 14);
+    for (int step = 0; step < 4; ++step)
+        QTest::keyClick(&url, Qt::Key_Left);
+    QCOMPARE(pos(), 10);
+    QCOMPARE(control<QListWidget>(*m_numbered, "beispiele").item(0)->text(), QStringLiteral("http://h/a1.jpg"));
+    url.setText(QStringLiteral("http://h/"));
+    url.setCursorPosition(9);
+    QCOMPARE(pos(), 9);
+}
+
+void tst_DLManager::asksBeforeAVeryLongRun()
+{
+    m_queue->settings().startImmediately = false;
+    m_numbered->show();
+    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("h/"));
+    control<QSpinBox>(*m_numbered, "max").setValue(2'000'000'000);
+    m_messages.answer = false;
+    click(*m_numbered, "b_ok");
+    QCOMPARE(m_messages.asked.size(), 1);
+    QVERIFY(m_numbered->isVisible());
+    QCOMPARE(m_queue->count(), 0);
+    // Two runs one after the other: the second waits for the first.
+    control<QSpinBox>(*m_numbered, "max").setValue(40'000);
+    click(*m_numbered, "b_ok");
+    control<QSpinBox>(*m_numbered, "min").setValue(100'001);
+    control<QSpinBox>(*m_numbered, "max").setValue(100'002);
+    click(*m_numbered, "b_ok");
+    QTRY_COMPARE(m_queue->count(), 40'002);
 }
 
 void tst_DLManager::refusesAnInvalidUrl()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/LetterNumbers.h"
+#include "base/allgemein.h"
 #include "downloads/DLGeschwindigkeitsmessung.h"
 #include "downloads/NumberedUrls.h"
 
@@ -79,6 +80,10 @@ void tst_NumberedUrls::confirms()
     run.startUrl = "x.y.z/img.jpg";
     QVERIFY(run.confirm());
     QCOMPARE(run.startUrl, "http://x.y.z/img.jpg");
+    // Characters are counted, not their bytes.
+    run.startUrl = allgemein::toSystem(QStringLiteral("http://h/ü.jpg"));
+    run.pos = 10;
+    QCOMPARE(allgemein::fromSystem(run.urlFor(1)), QStringLiteral("http://h/ü1.jpg"));
     run.startUrl = ".z";
     QVERIFY(!run.confirm());
     QCOMPARE(run.startUrl, ".z");

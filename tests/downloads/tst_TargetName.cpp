@@ -64,19 +64,41 @@ void tst_TargetName::names()
 
 void tst_TargetName::rulesStandForThemselves_data()
 {
-    QTest::addColumn<int>("rules");
-    QTest::addColumn<QByteArray>("target");
-    const char* const targets[] = { "f?x", "h/80/f?x", "f?x.zip", "h/80/f?x.zip", "f%3Fx", "h/80/f%3Fx", "f%3Fx.zip",
-        "h/80/f%3Fx.zip" };
-    for (int rules = 0; rules < 8; ++rules)
-        QTest::addRow("rules %d", rules) << rules << QByteArray(targets[rules]);
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<QByteArray>("directories");
+    QTest::addColumn<QByteArrayList>("names"); // as it is, with an extension, renamed, both
+    const QByteArray refused = "(name)";
+    const QByteArray longName(300, 'n');
+    const auto row = [](const char* title, const QByteArray& url, const char* directories,
+                         const QByteArrayList& names) {
+        QTest::newRow(title) << url << QByteArray(directories) << names;
+    };
+    row("a plain name", "http://h/f", "h/80/", { "f", "f.zip", "f", "f.zip" });
+    row("an extension", "http://h/f.zip", "h/80/", { "f.zip", "f.zip", "f.zip", "f.zip" });
+    row("a query", "http://h/f?x", "h/80/", { "f?x", "f?x.zip", "f%3Fx", "f%3Fx.zip" });
+    row("no name", "http://h:8/a/", "h/8/a/", { refused, ".zip", "index", ".zip" });
+    row("dots", "http://a.b/c.d/..e", "b/a/80/c.d/", { "..e", "..e.zip", "..e", "..e.zip" });
+    row("the name is up", "http://h/..", "h/80/", { refused, "...zip", refused, "...zip" });
+    row("percent signs", "http://h/a%2Fb", "h/80/", { "a%2Fb", "a%2Fb.zip", "a%2Fb", "a%2Fb.zip" });
+    row("a backslash", "http://h/a\\b", "h/80/", { refused, refused, "a%5Cb", "a%5Cb.zip" });
+    row("a very long name", "http://h/" + longName, "h/80/",
+        { longName, longName + ".zip", longName, longName + ".zip" });
+#ifdef Q_OS_WIN
+    row("a device", "http://h/nul", "h/80/", { refused, refused, refused, refused });
+#endif
 }
 
 void tst_TargetName::rulesStandForThemselves()
 {
-    QFETCH(int, rules);
-    const NamingRules naming { (rules & 1) != 0, (rules & 2) != 0, (rules & 4) != 0 };
-    QTEST(textOf(targetName::of("http://h/f?x", "application/zip", naming)), "target");
+    QFETCH(QByteArray, url);
+    QFETCH(QByteArray, directories);
+    QFETCH(QByteArrayList, names);
+    for (int rules = 0; rules < 8; ++rules) {
+        const NamingRules naming { (rules & 4) != 0, (rules & 1) != 0, (rules & 2) != 0 };
+        const QByteArray& name = names[rules & 3];
+        const QByteArray expected = naming.dirByUrl && name != "(name)" ? directories + name : name;
+        QCOMPARE(textOf(targetName::of(url, "application/zip", naming)), expected);
+    }
 }
 
 void tst_TargetName::refusesWhatLeadsElsewhere_data()
