@@ -39,7 +39,7 @@ class Driver {
 public:
     explicit Driver(int items)
         : m_items(items)
-        , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker })
+        , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker, m_registry })
     {
         m_server.page("/", pageOf(items));
         m_window.resize(1000, 640);
@@ -90,6 +90,7 @@ private:
     AnsweredFileDialogs m_dialogs;
     RecordingShell m_shell;
     AnsweredPicker m_picker;
+    FilledRegistry m_registry;
     MainWindow m_window;
 };
 

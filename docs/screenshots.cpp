@@ -45,9 +45,11 @@ public:
     Photographer(const QByteArray& site, const QString& folder)
         : m_site(site)
         , m_folder(QDir(folder).absolutePath())
-        , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker })
+        , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker, m_registry })
     {
         m_session.cookies.setCookieFolder(QDir::temp().filePath(QStringLiteral("tarnwick-screenshots")));
+        m_session.requestPrefs.useLanguage = true;
+        m_session.requestPrefs.sprachAuswahl = { "de German", "en English", "fr French" };
         m_window.resize(1000, 640);
         m_window.show();
     }
@@ -66,6 +68,9 @@ public:
             shoot(dialog(), QLatin1String("new-search") + ending);
             dialog().close();
             shoot(downloads(), QLatin1String("downloads") + ending);
+            choose(QStringLiteral("m_requests"));
+            shoot(requests(), QLatin1String("requests") + ending);
+            requests().close();
             choose(QStringLiteral("m_addNumberedDL"));
             shoot(numbered(), QLatin1String("numbered") + ending);
             numbered().close();
@@ -82,6 +87,7 @@ private:
     void choose(const QString& entry) { m_window.findChild<QAction*>(entry)->trigger(); }
     QDialog& dialog() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_getSearch")); }
 
+    QDialog& requests() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_requests")); }
     QDialog& numbered() { return *m_window.findChild<QDialog*>(QStringLiteral("getDLStack")); }
     static QWidget& downloads()
     {
@@ -137,6 +143,7 @@ private:
     AnsweredFileDialogs m_dialogs;
     RecordingShell m_shell;
     NoUrlPicker m_picker;
+    FilledRegistry m_registry;
     MainWindow m_window;
     QTemporaryDir m_target;
     bool m_saved = true;

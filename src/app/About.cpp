@@ -3,6 +3,7 @@
 
 #include "base/allgemein.h"
 #include "base/lang.h"
+#include "requests/FirefoxDatabase.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -12,7 +13,7 @@ QString about::text(const LanguageTable& language)
     const QString version =
         language.text("more.version").arg(QCoreApplication::applicationName(), QCoreApplication::applicationVersion());
     return version + QLatin1String("\n\n") + language.text("more.licence") + QLatin1String("\n\nQt ")
-        + QLatin1String(qVersion());
+        + QLatin1String(qVersion()) + QLatin1String("\nSQLite ") + FirefoxDatabase::libraryVersion();
 }
 
 QString about::helpFile(const QString& name)

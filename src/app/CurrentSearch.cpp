@@ -46,7 +46,7 @@ void CurrentSearch::open(const QString& fileName)
     options.followSub = FollowMode::All;
     options.unterpfade.clear();
     RequestPrefs prefs = m_session.requestPrefs;
-    prefs.sprachAuswahl.clear();
+    prefs.clearLanguages();
 
     delete m_opening;
     m_opening = new SearchOpening(fileName, options, prefs, this);

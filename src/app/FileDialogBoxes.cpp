@@ -39,13 +39,15 @@ void FileDialogBoxes::show(QFileDialog* dialog, const Request& request, std::fun
         filters += QStringLiteral("%1 (%2)").arg(type.label, type.pattern);
     dialog->setNameFilters(filters);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    if (!m_folder.isEmpty())
-        dialog->setDirectory(m_folder);
+    const bool remembers = request.folder.isEmpty();
+    if (const QString folder = remembers ? m_folder : request.folder; !folder.isEmpty())
+        dialog->setDirectory(folder);
     if (!request.proposal.isEmpty())
         dialog->selectFile(request.proposal);
-    QObject::connect(
-        dialog, &QFileDialog::fileSelected, dialog, [this, dialog, chosen = std::move(chosen)](const QString& path) {
-            m_folder = dialog->directory().path();
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+        [this, dialog, remembers, chosen = std::move(chosen)](const QString& path) {
+            if (remembers)
+                m_folder = dialog->directory().path();
             chosen(path);
         });
     dialog->open();

@@ -34,6 +34,13 @@ void LanguageChoice::load(const QString& fileName)
     readOn();
 }
 
+void LanguageChoice::resume(const QString& fileName)
+{
+    m_index = file;
+    m_fileName = fileName;
+    load(fileName);
+}
+
 // What it says is not in the table, since the table is what may be wrong.
 void LanguageChoice::readOn()
 {

@@ -26,6 +26,9 @@ public:
     /// Reads a language file. Of each line that it does not understand the user is asked whether to go on.
     void load(const QString& fileName);
 
+    /// Reads the language file that was in use when the program last ended. It stays chosen even if it cannot be read.
+    void resume(const QString& fileName);
+
     [[nodiscard]] int index() const { return m_index; }
     /// The language file's full path; empty with a built-in language.
     [[nodiscard]] const QString& fileName() const { return m_fileName; }

@@ -154,7 +154,7 @@ void MainMenus::makeViewMenu(QMenu* menu)
 
 void MainMenus::makeOptionsMenu(QMenu* menu)
 {
-    addMissing(menu, QStringLiteral("m_requests"));
+    m_requests = addEntry(menu, QStringLiteral("m_requests"));
     menu->addSeparator();
     m_resolve3xx = addSwitch(menu, QStringLiteral("m_resolve3xx"), true);
     m_filterAutoApply = addSwitch(menu, QStringLiteral("m_filterAutoApply"), true);

@@ -42,6 +42,7 @@ struct MainMenus {
     QAction* m_externLang = nullptr;
     QAction* m_showDlm = nullptr;
 
+    QAction* m_requests = nullptr;
     QAction* m_resolve3xx = nullptr;
     QAction* m_filterAutoApply = nullptr;
     QAction* m_autoOpenDLM = nullptr;

@@ -3,10 +3,12 @@
 
 #include "app/About.h"
 #include "app/Session.h"
+#include "app/Settings.h"
 #include "app/StatusPanels.h"
-#include "app/WindowLayout.h"
+#include "app/WindowPlace.h"
 #include "base/Captions.h"
 #include "base/ColumnsTable.h"
+#include "base/ErrorReport.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Shell.h"
@@ -14,6 +16,7 @@
 #include "crawl/dialog_getSearch.h"
 #include "downloads/DLManager.h"
 #include "downloads/getDLStack.h"
+#include "requests/dialog_requests.h"
 #include "results/FilterPane.h"
 #include "results/FoundsView.h"
 #include "results/HostTreeView.h"
@@ -55,6 +58,8 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     , m_splitter(new QSplitter(this))
     , m_newSearch(new dialog_getSearch(session.searchOptions, session.language, seams.messages, seams.urlPicker, this))
     , m_numbered(new getDLStack(session.downloads, session.language, seams.messages, seams.urlPicker, this))
+    , m_requests(new dialog_requests(session.requestPrefs, session.cookies, session.language, seams.messages,
+          seams.fileDialogs, seams.registry, this))
     , m_downloads(std::make_unique<DLManager>(
           session.downloads, session.language, seams.messages, seams.fileDialogs, seams.shell))
     , m_rowCommands(m_founds, *m_list, session.downloads)
@@ -170,8 +175,11 @@ void MainWindow::wireEditMenu()
 
 void MainWindow::wireViewMenu()
 {
-    connect(m_menus.m_showFilter, &QAction::toggled, m_filter, &QWidget::setVisible);
-    connect(m_menus.m_showTree, &QAction::toggled, m_baum, &QWidget::setVisible);
+    connect(m_menus.m_showFilter, &QAction::toggled, this, [this](bool on) {
+        m_session.windows.filter = on;
+        m_filter->setVisible(on);
+    });
+    connect(m_menus.m_showTree, &QAction::toggled, this, &MainWindow::showTree);
     connect(m_menus.listModes, &QActionGroup::triggered, this,
         [this](const QAction* mode) { m_list->setMode(static_cast<FoundsMode>(mode->data().toInt())); });
     connect(m_menus.units, &QActionGroup::triggered, this, [this](const QAction* unit) { chooseUnit(*unit); });
@@ -199,7 +207,7 @@ void MainWindow::wireDownloads()
 
 void MainWindow::showDownloadsIfWanted()
 {
-    if (m_menus.m_autoOpenDLM->isChecked())
+    if (m_session.windows.autoOpenDLM)
         showDownloads();
 }
 
@@ -212,10 +220,11 @@ void MainWindow::showDownloads()
 
 void MainWindow::wireOtherMenus()
 {
-    connect(m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) {
-        m_session.search.setFollowRelocation(on);
-        m_session.downloads.settings().followRelocation = on;
-    });
+    connect(m_menus.m_requests, &QAction::triggered, m_requests, &dialog_requests::run);
+    connect(m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) { m_session.setFollowRelocation(on); });
+    connect(m_menus.m_filterAutoApply, &QAction::toggled, this,
+        [this](bool on) { m_session.windows.filterAutoApply = on; });
+    connect(m_menus.m_autoOpenDLM, &QAction::toggled, this, [this](bool on) { m_session.windows.autoOpenDLM = on; });
     connect(m_menus.m_goHelpfile, &QAction::triggered, this, &MainWindow::showHelp);
     connect(m_menus.m_about, &QAction::triggered, this, &MainWindow::showAbout);
     const auto page = [this](QAction* action, const QUrl& url) {
@@ -253,6 +262,7 @@ void MainWindow::showOpened(const MimeListe& mimeTypes)
     for (const MimeListe::Entry& entry : mimeTypes.entries())
         m_filter->mimeTypes().meet(entry.type);
     m_newSearch->showOptions();
+    m_requests->showLanguages();
     m_baum->expandHostOf(m_session.searchOptions.startUrl);
     rebuildViews();
 }
@@ -266,7 +276,7 @@ void MainWindow::askForLanguageFile()
 
 void MainWindow::filterChanged()
 {
-    if (m_menus.m_filterAutoApply->isChecked())
+    if (m_session.windows.filterAutoApply)
         m_founds.rebuild();
 }
 
@@ -332,26 +342,77 @@ QString MainWindow::text(const char* key) const
     return m_session.language.text(key);
 }
 
-void MainWindow::restoreLayout()
+void MainWindow::restoreState()
 {
-    const WindowLayout layout = WindowLayout::load();
-    restoreGeometry(layout.geometry);
-    m_splitter->restoreState(layout.splitter);
-    m_list->restoreColumns(layout.columns);
-    m_downloads->restoreGeometry(layout.downloadsGeometry);
-    m_downloads->list().restoreColumns(layout.downloadsColumns);
+    const WindowSettings& windows = m_session.windows;
+    windowPlace::restore(*this, { windows.mainWidth, windows.mainHeight }, m_session.views.mainPlace);
+    if (windows.mainMaximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    windowPlace::restore(*m_downloads, { windows.dlmWidth, windows.dlmHeight }, m_session.views.downloadsPlace);
+    m_list->restoreColumns(m_session.views.columns);
+    m_downloads->list().restoreColumns(m_session.views.downloadsColumns);
+    if (windows.treeX > 0)
+        m_splitter->setSizes({ windowPlace::pixels(windows.treeX), width() - windowPlace::pixels(windows.treeX) });
+
+    m_menus.m_showFilter->setChecked(windows.filter);
+    m_menus.m_showTree->setChecked(windows.tree);
+    m_menus.m_filterAutoApply->setChecked(windows.filterAutoApply);
+    m_menus.m_autoOpenDLM->setChecked(windows.autoOpenDLM);
+    m_menus.m_resolve3xx->setChecked(m_session.downloads.settings().followRelocation);
+    if (!windows.langFile.isEmpty())
+        m_language.resume(windows.langFile);
 }
 
-void MainWindow::saveLayout() const
+void MainWindow::rememberState()
 {
-    WindowLayout { saveGeometry(), m_splitter->saveState(), m_list->columnState(), m_downloads->saveGeometry(),
-        m_downloads->list().columnState() }
-        .save();
+    WindowSettings& windows = m_session.windows;
+    const QSize size = windowPlace::twipsOf(*this);
+    const QSize downloadsSize = windowPlace::twipsOf(*m_downloads);
+    windows.mainWidth = size.width();
+    windows.mainHeight = size.height();
+    windows.mainMaximized = isMaximized();
+    windows.dlmWidth = downloadsSize.width();
+    windows.dlmHeight = downloadsSize.height();
+    if (windows.tree)
+        windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
+    windows.langFile = m_language.fileName();
+    m_session.views.mainPlace = windowPlace::placeOf(*this);
+    m_session.views.downloadsPlace = windowPlace::placeOf(*m_downloads);
+    m_session.views.columns = m_list->columnState();
+    m_session.views.downloadsColumns = m_downloads->list().columnState();
+}
+
+void MainWindow::showTree(bool on)
+{
+    // A splitter forgets the place of what is hidden.
+    if (!on && m_baum->isVisible())
+        m_session.windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
+    m_session.windows.tree = on;
+    m_baum->setVisible(on);
+}
+
+/// When they cannot be saved, the window closes once the user has read that.
+void MainWindow::saveSettings()
+{
+    rememberState();
+    const auto failure = Settings::saveSettings(m_session);
+    m_isSettled = !failure;
+    if (!failure)
+        return;
+    m_seams.messages.tell(errorReport(m_session.language, "lang.errWhileSavingIni", *failure), [this] {
+        m_isSettled = true;
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+    });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    saveLayout();
+    if (!m_isSettled)
+        saveSettings();
+    if (!m_isSettled) {
+        event->ignore();
+        return;
+    }
     m_session.search.stopSearch();
     event->accept();
     QApplication::closeAllWindows();

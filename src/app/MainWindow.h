@@ -23,6 +23,7 @@ class QSplitter;
 class Session;
 class StatusPanels;
 class dialog_getSearch;
+class dialog_requests;
 class getDLStack;
 
 /// The main window: the results as list and tree, the filter, the menus and the status bar, wired to the search.
@@ -36,8 +37,8 @@ public:
 
     /// Opens a search file, as the user's command does.
     void open(const QString& fileName);
-    /// Puts the window and its columns where they were when the program last ended.
-    void restoreLayout();
+    /// Puts the windows in the state that the session holds: what it was when the program last ended.
+    void restoreState();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -58,7 +59,9 @@ private:
     void startSearch();
     void showOpened(const MimeListe& mimeTypes);
     void askForLanguageFile();
-    void saveLayout() const;
+    void rememberState();
+    void saveSettings();
+    void showTree(bool on);
     void filterChanged();
     void rebuildViews();
     void forgetViews();
@@ -87,7 +90,9 @@ private:
     QSplitter* m_splitter;
     dialog_getSearch* m_newSearch;
     getDLStack* m_numbered;
+    dialog_requests* m_requests;
     std::unique_ptr<DLManager> m_downloads;
     RowCommands m_rowCommands;
     QTimer m_statusUpdate;
+    bool m_isSettled = false; ///< the settings are saved, or it was told that they cannot be
 };

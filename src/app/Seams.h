@@ -3,6 +3,7 @@
 
 class FileDialogs;
 class Messages;
+class Registry;
 class Shell;
 class UrlPicker;
 
@@ -12,4 +13,5 @@ struct Seams {
     FileDialogs& fileDialogs;
     Shell& shell;
     UrlPicker& urlPicker;
+    const Registry& registry;
 };

@@ -17,6 +17,12 @@ Session::Session()
     downloads.settings().target = allgemein::withTrailingSeparator(platform::defaultDownloadFolder());
 }
 
+void Session::setFollowRelocation(bool on)
+{
+    search.setFollowRelocation(on);
+    downloads.settings().followRelocation = on;
+}
+
 QString Session::cookieFolder(const QString& chosen)
 {
     return chosen.isEmpty() ? allgemein::dataFolder() + QLatin1String("Cookies") : QDir(chosen).absolutePath();

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "app/SearchStatus.h"
+#include "app/ViewState.h"
+#include "app/WindowSettings.h"
 #include "base/lang.h"
 #include "crawl/FundListe.h"
 #include "crawl/SearchOptions.h"
@@ -27,6 +29,11 @@ public:
     SearchRun search;
     ResultFilter filter;
     DownloadQueue downloads;
+    WindowSettings windows;
+    ViewState views;
+
+    /// Whether searches and downloads take up the new address of what has relocated.
+    void setFollowRelocation(bool on);
 
     /// The cookie folder that was chosen, or the user's own when none was.
     [[nodiscard]] static QString cookieFolder(const QString& chosen);

@@ -6,6 +6,8 @@
 #include "app/MessageBoxes.h"
 #include "app/NoUrlPicker.h"
 #include "app/Session.h"
+#include "app/Settings.h"
+#include "app/SystemRegistry.h"
 #include "base/allgemein.h"
 
 #include <QApplication>
@@ -50,16 +52,19 @@ int main(int argc, char* argv[])
 
     Session session;
     createFolders(session);
-    session.language.selectBuiltIn(LanguageTable::builtInFor(QLocale::system()));
+    const Settings::LoadResult settings = Settings::loadSettings(session, QApplication::applicationDirPath());
     const LibraryTexts libraryTexts(session.language);
 
     MessageBoxes messages;
     FileDialogBoxes fileDialogs;
     DesktopShell shell;
     NoUrlPicker urlPicker;
-    MainWindow window(session, { messages, fileDialogs, shell, urlPicker });
-    window.restoreLayout();
+    const SystemRegistry registry;
+    MainWindow window(session, { messages, fileDialogs, shell, urlPicker, registry });
+    window.restoreState();
     window.show();
+    if (const auto box = Settings::report(settings, session.language))
+        messages.tell(*box);
     if (!fileName.isEmpty())
         window.open(fileName);
     return QApplication::exec();

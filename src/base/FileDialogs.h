@@ -20,6 +20,7 @@ public:
         QList<FileType> types;
         QString proposal; ///< the file name to begin with; may be empty
         QString defaultSuffix; ///< added to a name without one when saving; no dot
+        QString folder = {}; ///< where the dialog begins; empty for where the last one without a folder ended
     };
 
     virtual ~FileDialogs() = default;

@@ -4,6 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <optional>
+
 /// What differs between operating systems. Each has a source file of its own, chosen by the build.
 namespace platform {
 
@@ -15,6 +17,12 @@ namespace platform {
 
 /// Whether the system takes a file of this name for something other than a file of its folder.
 [[nodiscard]] bool isReservedFileName(QByteArrayView name);
+
+/// A text value of a key of the current user's registry; nothing when there is none, or the system has no registry.
+[[nodiscard]] std::optional<QString> registryText(const QString& key, const QString& name);
+
+/// Where the user's Firefox keeps its profiles; empty when there is no such folder.
+[[nodiscard]] QString firefoxProfilesFolder();
 
 /// Puts a file on the system's list of recent documents, where it keeps one.
 void addRecentDocument(const QString& path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Platform.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
 namespace platform {
@@ -18,6 +19,23 @@ QString defaultDownloadFolder()
 bool isReservedFileName(QByteArrayView)
 {
     return false;
+}
+
+std::optional<QString> registryText(const QString&, const QString&)
+{
+    return {};
+}
+
+QString firefoxProfilesFolder()
+{
+    // Of the newest packages, of all others, and of the two kinds of containers.
+    for (const char* folder : { ".config/mozilla/firefox", ".mozilla/firefox", "snap/firefox/common/.mozilla/firefox",
+             ".var/app/org.mozilla.firefox/.mozilla/firefox" }) {
+        const QString path = QDir::home().filePath(QString::fromLatin1(folder));
+        if (QFileInfo::exists(path))
+            return path;
+    }
+    return {};
 }
 
 void addRecentDocument(const QString&)

@@ -2,12 +2,14 @@
 #include "base/Platform.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
 #include <memory>
 
 #include <shlobj.h>
+#include <windows.h>
 
 namespace platform {
 
@@ -33,6 +35,28 @@ bool isReservedFileName(QByteArrayView name)
     const bool port =
         stem.size() == 4 && (stem.startsWith("COM") || stem.startsWith("LPT")) && stem[3] >= '1' && stem[3] <= '9';
     return name.contains(':') || port || std::find(devices.begin(), devices.end(), stem) != devices.end();
+}
+
+std::optional<QString> registryText(const QString& key, const QString& name)
+{
+    const auto read = [&](wchar_t* text, DWORD* bytes) {
+        const auto keyName = key.toStdWString();
+        const auto valueName = name.toStdWString();
+        // Types of text, with variables in them replaced.
+        return RegGetValueW(HKEY_CURRENT_USER, keyName.c_str(), valueName.c_str(), RRF_RT_REG_SZ, nullptr, text, bytes)
+            == ERROR_SUCCESS;
+    };
+    DWORD bytes = 0;
+    if (!read(nullptr, &bytes))
+        return {};
+    std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
+    return read(text.data(), &bytes) ? std::optional(QString::fromWCharArray(text.c_str())) : std::nullopt;
+}
+
+QString firefoxProfilesFolder()
+{
+    const QString path = applicationDataFolder() + QLatin1String("\\Mozilla\\Firefox\\Profiles\\");
+    return QFileInfo::exists(path) ? path : QString();
 }
 
 void addRecentDocument(const QString& path)

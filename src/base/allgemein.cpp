@@ -180,6 +180,18 @@ std::optional<Line> readLine(QIODevice& file, qint64 longest)
     return Line { text, ended };
 }
 
+std::optional<QByteArray> readLineUpTo(QIODevice& file, qint64 longest)
+{
+    bool isRest = false;
+    while (auto line = readLine(file, longest)) {
+        const bool breaksOff = !line->ended && line->text.size() >= longest;
+        if (!isRest && !breaksOff)
+            return std::move(line->text);
+        isRest = breaksOff;
+    }
+    return {};
+}
+
 bool writeAll(QIODevice& file, const QByteArray& bytes)
 {
     return file.write(bytes) == bytes.size();

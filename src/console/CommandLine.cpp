@@ -35,7 +35,7 @@ CommandParser::CommandParser(const QString& command, const QString& description,
     m_parser.setApplicationDescription(description + QLatin1String("\n\nExample:\n  tarnwick-cli ") + example);
     m_parser.addOption({ { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Show this help.") });
     // The parser knows nothing of commands: in the usage line, the command stands with its argument.
-    m_parser.addPositionalArgument(argument, argumentDescription, command + u' ' + argument);
+    m_parser.addPositionalArgument(argument, argumentDescription, QString(command + u' ' + argument).trimmed());
 }
 
 void CommandParser::addSwitch(const QStringList& names, const QString& description)

@@ -122,6 +122,7 @@ RequestPrefs prefsFrom(const CommandParser& parser)
     if (parser.isSet(option::language)) {
         prefs.useLanguage = true;
         prefs.sprachAuswahl = languagesFrom(parser.value(option::language));
+        prefs.languageHeader = prefs.aktSprachen();
     }
     prefs.useReferrer = !parser.isSet(option::noReferer);
     prefs.useCookies = parser.isSet(option::sendCookies);

@@ -21,6 +21,9 @@ Commands:
   download TARGET_DIR SOURCE...
                        Downloads URLs, or the items of search files.
   number URL           Prints a run of numbered URLs.
+  cookies import FILE...
+                       Copies a browser's cookies into the program's own.
+  cookies clear        Deletes all cookies that are stored.
   cookies show URL     Prints the Cookie line that a request for URL would carry.
 
 Options:

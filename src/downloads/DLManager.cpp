@@ -3,6 +3,7 @@
 
 #include "base/Captions.h"
 #include "base/ColumnsTable.h"
+#include "base/ErrorReport.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Shell.h"
@@ -213,10 +214,8 @@ void DLManager::openTargetFolder()
     const RowRuns rows = m_list->selectedRows();
     const QString target = rows.empty() ? QString() : m_queue.entryAt(rows.front().first).target;
     const QString folder = target.isEmpty() ? m_queue.settings().target : QFileInfo(target).path();
-    if (!m_shell.openFile(folder)) {
-        m_messages.tell(
-            { Messages::Sign::Warning, text("lang.errTitle"), text("lang.errWhileOpening") + u'\n' + folder });
-    }
+    if (!m_shell.openFile(folder))
+        m_messages.tell(errorReport(m_language, "lang.errWhileOpening", folder));
 }
 
 void DLManager::askForMaximum()

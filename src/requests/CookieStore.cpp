@@ -5,19 +5,16 @@
 #include "crawl/url.h"
 #include "requests/SetCookieValue.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 
 namespace {
-
-struct Cookie {
-    QByteArray path;
-    QByteArray name;
-    QByteArray value;
-};
 
 /// Nothing for a line without its two TABs, or with a byte that would break a request line.
 std::optional<Cookie> cookieFrom(const QByteArray& line)
@@ -39,9 +36,9 @@ bool applies(const Cookie& cookie, QByteArrayView directory)
     return slashes > 0 && cookie.path == url::leadingDirectories(directory, slashes - 1);
 }
 
-/// Copies every line but the cookies of a name. False when there is a file that cannot be read to its end, or not all
-/// of it can be written.
-bool copyWithout(const QByteArray& name, const QString& from, QIODevice& to)
+/// Copies every line but the cookies of some names. False when there is a file that cannot be read to its end, or not
+/// all of it can be written.
+bool copyWithout(const QSet<QByteArray>& names, const QString& from, QIODevice& to)
 {
     QFile old(from);
     if (!old.exists())
@@ -50,11 +47,25 @@ bool copyWithout(const QByteArray& name, const QString& from, QIODevice& to)
         return false;
     while (const auto line = allgemein::readLine(old)) {
         const auto cookie = cookieFrom(line->text);
-        const bool kept = !cookie || cookie->name != name;
+        const bool kept = !cookie || !names.contains(cookie->name);
         if (kept && !allgemein::writeAll(to, line->text + allgemein::lineEnd))
             return false;
     }
     return old.error() == QFile::NoError;
+}
+
+/// The lines of cookies, of each name the last; an empty value makes none. `names` gets the name of each.
+QByteArray linesOf(const QList<Cookie>& cookies, QSet<QByteArray>& names)
+{
+    QByteArrayList lines;
+    for (auto cookie = cookies.rbegin(); cookie != cookies.rend(); ++cookie) {
+        const bool known = names.contains(cookie->name);
+        names += cookie->name;
+        if (!known && !cookie->value.isEmpty())
+            lines += cookie->path + '\t' + cookie->name + '\t' + cookie->value + allgemein::lineEnd;
+    }
+    std::reverse(lines.begin(), lines.end());
+    return lines.join();
 }
 
 /// Puts a file in the place of another in one step, so that there is always the old or the new one. It does not wait
@@ -87,20 +98,44 @@ void CookieStore::takeSetCookie(const QByteArray& setCookieValue, const QByteArr
 bool CookieStore::saveCookie(
     const QByteArray& host, const QByteArray& path, const QByteArray& name, const QByteArray& value) const
 {
+    const Cookie cookie { path, name, value };
+    return isStorable(host, cookie) && saveCookies(host, { cookie });
+}
+
+bool CookieStore::isStorable(const QByteArray& host, const Cookie& cookie) const
+{
     using allgemein::isOnOneLine;
+    return !fileFor(host).isEmpty() && isOnOneLine(cookie.path) && isOnOneLine(cookie.name)
+        && isOnOneLine(cookie.value);
+}
+
+bool CookieStore::saveCookies(const QByteArray& host, const QList<Cookie>& cookies) const
+{
+    QSet<QByteArray> names;
+    const QByteArray lines = linesOf(cookies, names);
     const QString fileName = fileFor(host);
-    if (fileName.isEmpty() || !isOnOneLine(path) || !isOnOneLine(name) || !isOnOneLine(value))
-        return false;
     QFile next(m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"));
     if (!next.open(QIODevice::WriteOnly))
         return false;
-    const QByteArray line = value.isEmpty() ? QByteArray() : path + '\t' + name + '\t' + value + allgemein::lineEnd;
-    bool written = copyWithout(name, fileName, next) && allgemein::writeAll(next, line) && next.flush();
+    bool written = copyWithout(names, fileName, next) && allgemein::writeAll(next, lines) && next.flush();
     next.close();
     written = written && takePlaceOf(next.fileName(), fileName);
     if (!written)
         next.remove();
     return written;
+}
+
+QStringList CookieStore::deleteAll() const
+{
+    if (m_folder.isEmpty())
+        return {};
+    QStringList kept;
+    for (const QFileInfo& file :
+        QDir(m_folder).entryInfoList({ QStringLiteral("*.tkc") }, QDir::Files | QDir::Hidden)) {
+        if (!QFile::remove(file.filePath()))
+            kept += file.filePath();
+    }
+    return kept;
 }
 
 QByteArray CookieStore::getCookieHeader(const QByteArray& url) const

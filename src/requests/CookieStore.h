@@ -2,7 +2,15 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QList>
+#include <QStringList>
+
+/// A cookie as the store keeps it.
+struct Cookie {
+    QByteArray path;
+    QByteArray name;
+    QByteArray value;
+};
 
 /// The program's own cookies: one text file for each host, a line for each cookie. A cookie lives until it is replaced,
 /// set to an empty value, or deleted with all others.
@@ -20,6 +28,12 @@ public:
     /// name a file, a text would break the line, or the file cannot be replaced; the old file is then untouched.
     bool saveCookie(
         const QByteArray& host, const QByteArray& path, const QByteArray& name, const QByteArray& value) const;
+    /// As `saveCookie` for one after the other, with the host's file replaced once. All of them must be `isStorable`.
+    bool saveCookies(const QByteArray& host, const QList<Cookie>& cookies) const;
+    /// Whether the host can name a file, and the cookie keeps to its line.
+    [[nodiscard]] bool isStorable(const QByteArray& host, const Cookie& cookie) const;
+    /// Deletes the cookies of all hosts; that there are none is no failure. The files that cannot be deleted come back.
+    [[nodiscard]] QStringList deleteAll() const;
     /// The request line with the cookies for a URL, line end included, from the broadest domain to the full host;
     /// empty when there is none.
     [[nodiscard]] QByteArray getCookieHeader(const QByteArray& url) const;

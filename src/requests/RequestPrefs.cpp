@@ -21,9 +21,18 @@ QByteArray weight(qsizetype rank, qsizetype count)
     return QByteArray::number(static_cast<double>(count - rank) / static_cast<double>(count), 'g', 15);
 }
 
+void takeLanguage(RequestPrefs& prefs, const QByteArray& entry)
+{
+    constexpr qsizetype most = 500;
+    if (prefs.sprachAuswahl.size() >= most)
+        return;
+    prefs.sprachAuswahl += entry;
+    prefs.languageHeader = prefs.aktSprachen();
+}
+
 } // namespace
 
-QByteArray RequestPrefs::languageHeader() const
+QByteArray RequestPrefs::aktSprachen() const
 {
     QByteArray value;
     for (qsizetype rank = 0; rank < sprachAuswahl.size(); ++rank) {
@@ -32,6 +41,12 @@ QByteArray RequestPrefs::languageHeader() const
         value += sprachAuswahl[rank].left(2) + ";q=" + weight(rank, sprachAuswahl.size());
     }
     return value;
+}
+
+void RequestPrefs::clearLanguages()
+{
+    sprachAuswahl.clear();
+    languageHeader.clear();
 }
 
 QList<QByteArray> RequestPrefs::readyUserAgents()
@@ -62,12 +77,13 @@ void twkEinstellungen::writeRequestPrefs(QIODevice& file, const RequestPrefs& pr
 
 bool twkEinstellungen::readRequestPref(RequestPrefs& prefs, const QByteArray& key, const QByteArray& value)
 {
-    if (key == "UserAgent")
+    if (key == "UserAgent") {
         prefs.userAgent = value;
-    else if (key == "Language")
-        prefs.sprachAuswahl += value;
-    else
+    } else if (key == "Language") {
+        takeLanguage(prefs, value);
+    } else {
         return readSwitchKey(prefs, switchKeys, key, value);
+    }
     return true;
 }
 

@@ -16,7 +16,7 @@ std::optional<QByteArray> RequestProfile::userAgentLine() const
 
 std::optional<QByteArray> RequestProfile::acceptLanguageLine() const
 {
-    return m_prefs.useLanguage ? std::optional(m_prefs.languageHeader()) : std::nullopt;
+    return m_prefs.useLanguage ? std::optional(m_prefs.languageHeader) : std::nullopt;
 }
 
 QByteArray RequestProfile::cookieLine(const QByteArray& url) const

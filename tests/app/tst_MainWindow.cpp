@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "app/Session.h"
-#include "app/WindowLayout.h"
+#include "app/Settings.h"
 #include "support/ScriptedServer.h"
 #include "support/TestSeams.h"
 #include "support/Text.h"
@@ -59,8 +59,6 @@ private slots:
     void tellsWhatCannotBeSaved();
     void findsTheGuide_data();
     void findsTheGuide();
-    void keepsColumnsAndPlace();
-    void aDamagedLayoutIsHarmless();
 
 private:
     void newWindow();
@@ -80,6 +78,7 @@ private:
     AnsweredFileDialogs m_dialogs;
     RecordingShell m_shell;
     AnsweredPicker m_picker;
+    FilledRegistry m_registry;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MainWindow> m_window;
 };
@@ -114,7 +113,7 @@ void tst_MainWindow::newWindow()
     m_window.reset();
     m_session = std::make_unique<Session>();
     m_session->cookies.setCookieFolder(m_folder.path());
-    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker });
+    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
     m_window->show();
 }
 
@@ -575,41 +574,6 @@ void tst_MainWindow::findsTheGuide()
     QCOMPARE(m_messages.told.value(0).text, m_session->language.text("lang.errHelp"));
     choose(*m_window, "m_about");
     QVERIFY(m_messages.told.value(1).text.contains(QLatin1String(qVersion())));
-}
-
-void tst_MainWindow::keepsColumnsAndPlace()
-{
-    QHeaderView& before = *details().horizontalHeader();
-    before.resizeSection(FoundModel::Url, 123);
-    before.moveSection(before.visualIndex(FoundModel::Url), 1);
-    before.hideSection(FoundModel::Language);
-    m_window->resize(900, 500);
-    m_window->close();
-
-    newWindow();
-    m_window->restoreLayout();
-    const QHeaderView& after = *details().horizontalHeader();
-    QCOMPARE(after.sectionSize(FoundModel::Url), 123);
-    QCOMPARE(after.visualIndex(FoundModel::Url), 1);
-    QVERIFY(after.isSectionHidden(FoundModel::Language));
-    QCOMPARE(m_window->size(), QSize(900, 500));
-
-    // A screen that is gone takes no window with it.
-    m_window->move(50'000, 50'000);
-    m_window->close();
-    newWindow();
-    m_window->restoreLayout();
-    QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().intersects(m_window->geometry()));
-}
-
-void tst_MainWindow::aDamagedLayoutIsHarmless()
-{
-    const QByteArray rubbish = QByteArray(100, '\xff');
-    WindowLayout { rubbish, rubbish, rubbish, rubbish, rubbish }.save();
-    m_window->restoreLayout();
-    const QHeaderView& header = *details().horizontalHeader();
-    for (int column = 0; column < FoundModel::ColumnCount; ++column)
-        QVERIFY(header.sectionSize(column) > 10);
 }
 
 QTEST_MAIN(tst_MainWindow)

@@ -28,6 +28,7 @@ private slots:
     void filters();
     void optionsReachTheWire();
     void keepsAndSendsCookies();
+    void importsAndClearsCookies();
     void usesTheUsersFolder();
     void refusesArguments_data();
     void refusesArguments();
@@ -229,6 +230,21 @@ void tst_cli::keepsAndSendsCookies()
     QVERIFY(m_server->requests().constLast().contains("\r\nCookie: a=1\r\n"));
 }
 
+void tst_cli::importsAndClearsCookies()
+{
+    QVERIFY(writeFile(file("cookies.txt"), ".0.0.1\tTRUE\t/\tFALSE\t0\ta\t1\nh\tTRUE\t/\tFALSE\t0\tb\t2\n"));
+    QCOMPARE(run("cookies import @cookies.txt @cookies.txt --cookies @cookies").out, "4 Cookies were set.\n");
+    QCOMPARE(run("cookies show URL --cookies @cookies").out, "Cookie: a=1\n");
+    const Result partly = run("cookies import @none.txt @cookies.txt --cookies @cookies");
+    QCOMPARE(partly.status, 1);
+    QCOMPARE(partly.out, "2 Cookies were set.\n");
+    QVERIFY(partly.err.startsWith("tarnwick-cli: Error while importing cookies: "));
+    QCOMPARE(run("cookies clear --cookies @cookies").out, "Cookies were deleted.\n");
+    QCOMPARE(run("cookies show URL --cookies @cookies").out, "");
+    QCOMPARE(run("cookies clear --cookies @nowhere").status, 0);
+    QVERIFY(!QFile::exists(file("nowhere")));
+}
+
 void tst_cli::usesTheUsersFolder()
 {
     m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
@@ -245,7 +261,7 @@ void tst_cli::refusesArguments_data()
              "search h --inside a --outside b", "search h --language xx", "search h --format xml", "list",
              "list x --mime a --not-mime b", "list x --url-part a --not-url-part b", "list x --min-size 1G",
              "list x --max-size 99999999999999999M", "list no/such/file.twk", "cookies", "cookies eat", "cookies show",
-             "cookies show http:///" })
+             "cookies import", "cookies clear x", "cookies import @none.sqlite", "cookies show http:///" })
         QTest::newRow(*arguments ? arguments : "nothing") << QByteArray(arguments);
 }
 
@@ -379,7 +395,7 @@ void tst_cli::numbersUrls()
 void tst_cli::helpsOnEveryCommand()
 {
     for (const char* arguments : { "--help", "-h", "search --help", "list --help", "cookies --help", "cookies show -h",
-             "download --help", "number -h" }) {
+             "cookies import -h", "cookies clear -h", "download --help", "number -h" }) {
         const Result result = run(arguments);
         QCOMPARE(result.status, 0);
         QVERIFY2(result.out.contains("Example:\n  tarnwick-cli "), arguments);

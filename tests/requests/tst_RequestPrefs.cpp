@@ -46,7 +46,7 @@ void tst_RequestPrefs::weighsLanguages()
     QFETCH(QByteArrayList, chosen);
     RequestPrefs prefs;
     prefs.sprachAuswahl = chosen;
-    QTEST(prefs.languageHeader(), "header");
+    QTEST(prefs.aktSprachen(), "header");
 }
 
 void tst_RequestPrefs::survivesItsBlock()
@@ -55,7 +55,7 @@ void tst_RequestPrefs::survivesItsBlock()
         "Referrer=1\r\nUseUserAgent=1\r\nUserAgent=\r\nUseLanguage=0\r\nuseCookies=0\r\nsetCookies=1\r\n"
         "dontWarnAboutCookiesAgain=0\r\n");
 
-    RequestPrefs prefs { true, false, false, "a = b", true, { "de German", "en English" }, false, true };
+    RequestPrefs prefs { true, false, false, "a = b", true, { "de German", "en English" }, {}, false, true };
     const QByteArray block = blockOf(prefs);
     QCOMPARE(block,
         "Referrer=0\r\nUseUserAgent=0\r\nUserAgent=a = b\r\nUseLanguage=1\r\nLanguage=de German\r\n"
@@ -66,6 +66,7 @@ void tst_RequestPrefs::survivesItsBlock()
         QVERIFY(readRequestPref(read, line.first(equals), line.sliced(equals + 1).chopped(1)));
     }
     QCOMPARE(blockOf(read), block);
+    QCOMPARE(read.languageHeader, "de;q=1, en;q=0.5");
 }
 
 void tst_RequestPrefs::stocksLanguages()

@@ -3,9 +3,11 @@
 
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
+#include "base/Registry.h"
 #include "base/Shell.h"
 #include "base/UrlPicker.h"
 
+#include <QHash>
 #include <QList>
 #include <QStringList>
 #include <QUrl>
@@ -75,6 +77,17 @@ struct RecordingShell final : Shell {
         return opens;
     }
     void addRecentDocument(const QString& path) override { recentDocuments += path; }
+};
+
+/// A registry whose values a test has set, by their names.
+struct FilledRegistry final : Registry {
+    QHash<QString, QString> values;
+
+    [[nodiscard]] std::optional<QString> text(const QString&, const QString& name) const override
+    {
+        const auto found = values.constFind(name);
+        return found == values.cend() ? std::nullopt : std::optional(*found);
+    }
 };
 
 /// A picker in which the user takes `choice`, or cancels while it is empty.

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// What the system's registry holds for the current user.
+class Registry {
+public:
+    virtual ~Registry() = default;
+
+    /// A text value of a key; nothing when there is none, or the system has no registry.
+    [[nodiscard]] virtual std::optional<QString> text(const QString& key, const QString& name) const = 0;
+};

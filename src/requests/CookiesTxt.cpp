@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "requests/CookiesTxt.h"
+
+#include "base/allgemein.h"
+
+#include <QDir>
+
+namespace {
+
+/// In bytes. Browsers keep no cookie of more than some kilobytes.
+constexpr qint64 longestLine = 64 * 1024;
+
+constexpr QByteArrayView httpOnlyMark = "#HttpOnly_";
+
+std::optional<ForeignCookie> cookieFrom(QByteArray line)
+{
+    if (line.startsWith(httpOnlyMark))
+        line.remove(0, httpOnlyMark.size());
+    const QByteArrayList fields = line.split('\t');
+    if (line.trimmed().startsWith('#') || fields.size() < 7)
+        return {};
+    return ForeignCookie { fields[0], { fields[2], fields[5], fields[6] } };
+}
+
+} // namespace
+
+CookiesTxt::CookiesTxt(const QString& fileName)
+    : m_file(fileName)
+{
+    if (m_file.size() > largestFile)
+        fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
+    else if (!m_file.open(QIODevice::ReadOnly))
+        fail(ImportError::File, QDir::toNativeSeparators(fileName) + u'\n' + m_file.errorString());
+}
+
+std::optional<ForeignCookie> CookiesTxt::next()
+{
+    while (const auto line = m_file.isOpen() ? allgemein::readLineUpTo(m_file, longestLine) : std::nullopt) {
+        if (auto cookie = cookieFrom(*line))
+            return cookie;
+    }
+    if (m_file.isOpen() && m_file.error() != QFile::NoError)
+        fail(ImportError::File, QDir::toNativeSeparators(m_file.fileName()) + u'\n' + m_file.errorString());
+    return {};
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "requests/CookieImport.h"
+
+#include <QFile>
+
+/// A "cookies.txt", as browsers kept it and exporters write it still: a line for each cookie, with seven fields between
+/// TABs, of which the host, the path, the name and the value are read. Lines that begin with "#" are comments, but for
+/// the mark that today's exporters put before the host of a cookie that scripts cannot see.
+class CookiesTxt final : public CookieSource {
+public:
+    explicit CookiesTxt(const QString& fileName);
+
+    [[nodiscard]] std::optional<ForeignCookie> next() override;
+
+private:
+    QFile m_file;
+};

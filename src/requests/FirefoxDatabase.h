@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "requests/CookieImport.h"
+
+#include <QTemporaryDir>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// The "cookies.sqlite" of a Firefox, which may be running. What is read is a copy of the database and of the log with
+/// its newest rows: the browser keeps the original locked.
+class FirefoxDatabase final : public CookieSource {
+public:
+    explicit FirefoxDatabase(const QString& fileName);
+    ~FirefoxDatabase() override;
+    Q_DISABLE_COPY_MOVE(FirefoxDatabase)
+
+    [[nodiscard]] std::optional<ForeignCookie> next() override;
+
+    /// Whether a file begins as a database does.
+    [[nodiscard]] static bool isDatabase(const QString& fileName);
+    /// The version of the database library.
+    [[nodiscard]] static QString libraryVersion();
+
+private:
+    void open(const QString& copy);
+    void prepare();
+    void failHere();
+    [[nodiscard]] QByteArray column(int number) const;
+
+    QString m_shownName;
+    QTemporaryDir m_folder;
+    sqlite3* m_database = nullptr;
+    sqlite3_stmt* m_rows = nullptr;
+    int m_steps = 0; ///< of the query, in thousands
+};

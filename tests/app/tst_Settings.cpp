@@ -1,0 +1,516 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Settings.h"
+#include "app/MainWindow.h"
+#include "app/Session.h"
+#include "app/WindowPlace.h"
+#include "base/allgemein.h"
+#include "results/MimeModel.h"
+#include "support/TestSeams.h"
+#include "support/Text.h"
+#include "support/WindowDriver.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QRadioButton>
+#include <QRandomGenerator>
+#include <QScreen>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+/// Starts the program, changes what can be changed, ends it and starts it again.
+class tst_Settings : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void everySettingSurvives();
+    void startsWithoutFiles_data();
+    void startsWithoutFiles();
+    void reportsWhatItDoesNotKnow_data();
+    void reportsWhatItDoesNotKnow();
+    void takesWhatItCan_data();
+    void takesWhatItCan();
+    void survivesHostileLines();
+    void resumesALanguageFile();
+    void quitsWhereNothingCanBeWritten();
+    void keepsColumnsAndPlaces();
+    void remembersTheSplitterOfAHiddenTree();
+    void fitsWindowsOnTheScreen_data();
+    void fitsWindowsOnTheScreen();
+    void damagedViewsAreHarmless();
+
+private:
+    void start();
+    void quit();
+    void changeSearchOptions() const;
+    void changeRequestPrefs() const;
+    void changeDownloadSettings();
+    void changeFilter() const;
+    [[nodiscard]] QMainWindow& downloads() const;
+    [[nodiscard]] QStringList shownStates() const;
+    [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    [[nodiscard]] QString settingsFile() const { return file("Tarnwick/tarnwick.ini"); }
+    [[nodiscard]] QTableView& details() const { return control<QTableView>(*m_window, "l_founds_details"); }
+    [[nodiscard]] QString boxText() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    AnsweredMessages m_messages;
+    AnsweredFileDialogs m_dialogs;
+    RecordingShell m_shell;
+    AnsweredPicker m_picker;
+    FilledRegistry m_registry;
+    Settings::LoadResult m_loaded;
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+namespace {
+
+/// What a control that a user can change is set to; null for others.
+QString stateOf(const QObject* object)
+{
+    if (const auto* const action = qobject_cast<const QAction*>(object))
+        return action->isCheckable() ? QString::number(action->isChecked()) : QString();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(object))
+        return button->isCheckable() ? QString::number(button->isChecked()) : QString();
+    if (const auto* const box = qobject_cast<const QSpinBox*>(object))
+        return QString::number(box->value());
+    if (const auto* const field = qobject_cast<const QLineEdit*>(object))
+        return field->isReadOnly() || field->objectName().startsWith(QLatin1String("qt_")) ? QString() : field->text();
+    if (const auto* const list = qobject_cast<const QListWidget*>(object)) {
+        QStringList texts;
+        for (int row = 0; row < list->count(); ++row)
+            texts += list->item(row)->text();
+        return texts.join(u'|');
+    }
+    return {};
+}
+
+/// The controls of a window and of its dialogs with their states.
+QStringList statesOf(const QWidget& window)
+{
+    QStringList states;
+    for (const QObject* const object : window.findChildren<QObject*>()) {
+        // The combo box for the User-Agent text begins anew with each start of the program.
+        const QString state =
+            object->parent()->objectName() == QLatin1String("t_userAgent") ? QString() : stateOf(object);
+        if (!object->objectName().isEmpty() && !state.isNull())
+            states += object->objectName() + u'=' + state;
+    }
+    return states;
+}
+
+} // namespace
+
+void tst_Settings::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", m_folder->path().toLocal8Bit());
+    QVERIFY(QDir().mkpath(file("Tarnwick")));
+    m_messages = {};
+    m_dialogs = {};
+}
+
+void tst_Settings::cleanup()
+{
+    m_window.reset();
+    m_session.reset();
+}
+
+void tst_Settings::start()
+{
+    cleanup();
+    m_session = std::make_unique<Session>();
+    m_loaded = Settings::loadSettings(*m_session, m_folder->path());
+    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
+    m_window->restoreState();
+    m_window->show();
+}
+
+void tst_Settings::quit()
+{
+    m_window->close();
+    m_window.reset();
+    m_session.reset();
+}
+
+QMainWindow& tst_Settings::downloads() const
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QLatin1String("DLManager"))
+            return *qobject_cast<QMainWindow*>(window);
+    }
+    qFatal("There is no download manager.");
+}
+
+QStringList tst_Settings::shownStates() const
+{
+    choose(*m_window, "m_requests"); // shows the preferences when it is opened
+    return statesOf(*m_window);
+}
+
+QString tst_Settings::boxText() const
+{
+    const auto box = Settings::report(m_loaded, m_session->language);
+    return box ? box->title + u'\n' + box->text : QString();
+}
+
+void tst_Settings::changeSearchOptions() const
+{
+    choose(*m_window, "m_searchNew");
+    const auto& dialog = control<QDialog>(*m_window, "dialog_getSearch");
+    control<QLineEdit>(dialog, "startlink").setText(QStringLiteral("http://h/a=b"));
+    click(dialog, "rad_followSub(2)");
+    for (const char* subUrl : { "www.h", "http://h/x/" }) {
+        control<QLineEdit>(dialog, "unterpfadEingabe").setText(QString::fromLatin1(subUrl));
+        click(dialog, "b_addToSubUrlList");
+    }
+    control<QSpinBox>(dialog, "tiefe").setValue(7);
+    for (const char* box : { "c_maxDepth", "c_AnalyseAnchors", "c_analyseLink", "c_AnalyseFrames", "c_AnalyseEPic",
+             "c_analyseAllSrc", "c_analyseForms" })
+        click(dialog, box);
+    click(dialog, "b_cancel");
+}
+
+void tst_Settings::changeRequestPrefs() const
+{
+    choose(*m_window, "m_requests");
+    const auto& dialog = control<QDialog>(*m_window, "dialog_requests");
+    for (const char* box : { "c_useLanguage", "c_useUserAgent", "c_referrer", "c_setCookies", "c_useCookies" })
+        click(dialog, box);
+    control<QComboBox>(dialog, "t_userAgent").setCurrentText(QStringLiteral("x = 1"));
+    auto& stock = control<QListWidget>(dialog, "sprachVorrat");
+    for (const int row : { 3, 1 }) {
+        stock.clearSelection();
+        stock.item(row)->setSelected(true);
+        click(dialog, "sprachAdd");
+    }
+    click(dialog, "b_ok");
+}
+
+void tst_Settings::changeDownloadSettings()
+{
+    for (const char* entry : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles", "c_startImm",
+             "c_usePercent", "m_removeFinished" })
+        choose(downloads(), entry);
+    m_dialogs.choice = m_folder->path();
+    choose(downloads(), "m_targetSel");
+    downloads().resize(500, 300);
+}
+
+void tst_Settings::changeFilter() const
+{
+    click(*m_window, "mimeFilterSwitch(1)");
+    click(*m_window, "urlFilterSwitch(2)");
+    auto& types = *qobject_cast<MimeModel*>(control<QListView>(*m_window, "mimeListe").model());
+    for (const char* type : { "text/html; a=b", "image/png" })
+        types.meet(type);
+    types.setData(types.index(1, 0), Qt::Checked, Qt::CheckStateRole);
+    for (const char* part : { "=x", ".pdf" }) {
+        control<QLineEdit>(*m_window, "neuFilterText").setText(QString::fromLatin1(part));
+        click(*m_window, "addFilterText");
+    }
+    int bound = 3;
+    for (const char* box : { "c_useSize", "c_useMaxDepth" })
+        click(*m_window, box);
+    for (const char* name : { "minSize", "maxSize", "minDepth", "maxDepth" })
+        control<QSpinBox>(*m_window, name).setValue(bound++);
+    for (const char* entry : { "m_filterAutoApply", "m_resolve3xx", "m_autoOpenDLM", "m_showFilter" })
+        choose(*m_window, entry);
+}
+
+void tst_Settings::everySettingSurvives()
+{
+    start();
+    m_window->resize(780, 560);
+    auto& splitter = *m_window->findChild<QSplitter*>();
+    splitter.setSizes({ 300, 480 });
+    const int treeX = splitter.sizes().constFirst();
+    changeSearchOptions();
+    changeRequestPrefs();
+    changeDownloadSettings();
+    changeFilter();
+    choose(*m_window, "m_showTree");
+    choose(*m_window, "m_lang(1)");
+    const QStringList states = shownStates();
+    const QStringList downloadStates = statesOf(downloads());
+    quit();
+
+    const QByteArray expected =
+        "StartUrl=http://h/a=b\nMaxDepth=0\nDepth=7\nFollowSub=2\nSub=http://www.h\n"
+        "Sub=http://h:80/x/\nAnalyseAnchors=0\nAnalyseLink=0\nAnalyseAllSrc=1\nAnalyseFrames=0\n"
+        "AnalyseEPic=0\nAnalyseForms=1\n"
+        "Referrer=0\nUseUserAgent=0\nUserAgent=x = 1\nUseLanguage=1\nLanguage=af Afrikaans\n"
+        "Language=ab Abkhazian\nuseCookies=1\nsetCookies=0\ndontWarnAboutCookiesAgain=0\n"
+        "DLTarget="
+        + QDir::toNativeSeparators(allgemein::withTrailingSeparator(m_folder->path())).toLocal8Bit()
+        + "\nc_DirByUrl=1\nc_RenameForMS=0\nc_extByMIME=1\nc_overwriteExistingFiles=1\nc_startImm=0\nc_usePercent=0\n"
+          "lang=1\nFilterAutoApply=0\nfilter=0\ntree=0\ntree_x="
+        + QByteArray::number(15 * treeX)
+        + "\nmain_width=11700\nmain_height=8400\nmain_maximized=0\nDLM_width=7500\nDLM_height=4500\n"
+          "resolveHttp301=0\nAutoOpenDLM=0\nRemoveFinishedDL=1\n"
+          "Filter_MIMETypes=1\nFilter_MIMEList=image/png\nFilter_MIMEList=text/html; a=b\n"
+          "Filter_URL=2\nFilter_URLList==x\nFilter_URLList=.pdf\n"
+          "Filter_UseSize=1\nFilter_minSize=3\nFilter_maxSize=4\n"
+          "Filter_UseDepth=1\nFilter_minDepth=5\nFilter_maxDepth=6\n";
+    const QByteArray saved = contentOf(settingsFile());
+    QCOMPARE(QByteArray(saved).replace("\r\n", "\n").split('\n'), expected.split('\n'));
+    QCOMPARE(saved.count("\r\n"), saved.count('\n'));
+
+    start();
+    QCOMPARE(boxText(), QString());
+    QCOMPARE(shownStates(), states);
+    QCOMPARE(statesOf(downloads()), downloadStates);
+    QCOMPARE(m_session->requestPrefs.languageHeader, "af;q=1, ab;q=0.5");
+    QCOMPARE(m_session->requestPrefs.userAgent, "x = 1");
+    QVERIFY(!m_session->filter.mimeListe.isListed("image/png"));
+    QVERIFY(m_session->filter.mimeListe.isListed("text/html; a=b"));
+    QCOMPARE(m_window->size(), QSize(780, 560));
+    QCOMPARE(downloads().size(), QSize(500, 300));
+    QVERIFY(!control<QWidget>(*m_window, "fr_filter").isVisible());
+    QVERIFY(!control<QWidget>(*m_window, "baum").isVisible());
+    quit();
+    QCOMPARE(contentOf(settingsFile()), saved);
+    QVERIFY(m_messages.told.isEmpty());
+}
+
+void tst_Settings::startsWithoutFiles_data()
+{
+    QTest::addColumn<QByteArray>("defaultLanguage");
+    QTest::addColumn<int>("language");
+    QTest::newRow("nothing at all") << QByteArray() << LanguageTable::builtInFor(QLocale::system());
+    QTest::newRow("a language for the first start") << QByteArray("2\r\n") << int { LanguageTable::French };
+    QTest::newRow("no number") << QByteArray("x") << int { LanguageTable::English };
+    QTest::newRow("a number of no language") << QByteArray("7") << int { LanguageTable::English };
+}
+
+void tst_Settings::startsWithoutFiles()
+{
+    QFETCH(QByteArray, defaultLanguage);
+    if (!defaultLanguage.isEmpty())
+        QVERIFY(writeFile(file("default_lang.ini"), defaultLanguage));
+    start();
+    QCOMPARE(boxText(), QString());
+    QTEST(m_session->language.builtIn(), "language");
+    QVERIFY(m_session->searchOptions.maxDepth);
+    QVERIFY(m_session->downloads.settings().followRelocation);
+    QVERIFY(control<QAction>(*m_window, "m_filterAutoApply").isChecked());
+}
+
+void tst_Settings::reportsWhatItDoesNotKnow_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("text");
+    const QString title = QStringLiteral("Error while loading preferences\n");
+    const auto row = [](const char* name, const char* content, const QString& text) {
+        QTest::newRow(name) << "lang=0\r\n" + QByteArray(content) << text;
+    };
+    row("nothing unknown", "tree=0\r\n", {});
+    row("empty lines", "\r\n\n", {});
+    row("one key", "Tree=0\r\n", title + QStringLiteral("Invalid attribut:: Tree"));
+    row("several keys", "x=0\r\ny=1\r\ntree=0\r\nx=2\r\n",
+        title + QStringLiteral("Invalid attribut:: x\n... and 2 more"));
+    row("a line without a key", "rubbish\r\n", title + QStringLiteral("Invalid attribut:: rubbish"));
+}
+
+void tst_Settings::reportsWhatItDoesNotKnow()
+{
+    QFETCH(QByteArray, content);
+    QVERIFY(writeFile(settingsFile(), content));
+    start();
+    QTEST(boxText(), "text");
+}
+
+void tst_Settings::takesWhatItCan_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("saved");
+    const auto row = [](const char* name, const char* line, const char* saved) {
+        QTest::newRow(name) << QByteArray(line) << QByteArray(saved);
+    };
+    row("no number for a number", "Filter_minSize=x", "Filter_minSize=0");
+    row("a negative bound", "Filter_maxDepth=-5", "Filter_maxDepth=0");
+    row("no number for a switch", "c_startImm=x", "c_startImm=0");
+    row("any positive number for a switch", "c_DirByUrl=2", "c_DirByUrl=1");
+    row("a mode that does not exist", "Filter_URL=3", "Filter_URL=0");
+    row("a language that does not exist", "lang=9", "lang=0");
+    row("the last line without an end", "tree=0", "tree=0");
+    row("a width beyond every screen", "main_width=2000000000", "main_width=12000");
+    row("a type twice", "Filter_MIMEList=a/b\r\nFilter_MIMEList=A/B", "Filter_MIMEList=a/b\r\nFilter_URL=0");
+}
+
+void tst_Settings::takesWhatItCan()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, saved);
+    QVERIFY(writeFile(settingsFile(), "lang=0\r\nmain_height=3000\r\n" + line));
+    start();
+    QCOMPARE(boxText(), QString());
+    quit();
+    QVERIFY2(
+        contentOf(settingsFile()).contains(QByteArray("\r\n" + saved + "\r\n")), contentOf(settingsFile()).constData());
+}
+
+void tst_Settings::survivesHostileLines()
+{
+    start();
+    quit();
+    const QByteArrayList keys = contentOf(settingsFile()).split('\n');
+    QRandomGenerator random(1);
+    QByteArray content;
+    for (int line = 0; line < 10'000; ++line) {
+        QByteArray bytes(random.bounded(1, 60), '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(random.bounded(256));
+        const QByteArray key = keys[random.bounded(keys.size())];
+        switch (random.bounded(4)) {
+        case 0:
+            content += bytes + '\n';
+            break;
+        case 1:
+            content += key.left(random.bounded(key.size() + 1)) + '\n';
+            break;
+        case 2:
+            content += key.left(key.indexOf('=') + 1) + bytes + "\r\n";
+            break;
+        default:
+            content += key.left(key.indexOf('=') + 1) + QByteArray::number(random.generate64()) + "\r\n";
+        }
+    }
+    content += QByteArray(3'000'000, 'x') + "\r\nfilter=0\r\nlang=2";
+    QVERIFY(writeFile(settingsFile(), content));
+    start();
+    QVERIFY(m_loaded.unknownCount > 1000);
+    QVERIFY(boxText().contains(m_session->language.text("more.andMore").arg(m_loaded.unknownCount - 1)));
+    QVERIFY(!m_session->windows.filter);
+    QCOMPARE(m_session->language.builtIn(), int { LanguageTable::French });
+    quit();
+    start();
+    QCOMPARE(boxText(), QString());
+}
+
+void tst_Settings::resumesALanguageFile()
+{
+    QVERIFY(writeFile(file("a.lng"), "lang.dlComplete=Done\r\n"));
+    start();
+    choose(*m_window, "m_lang(1)");
+    m_dialogs.choice = file("a.lng");
+    choose(*m_window, "m_externLang");
+    quit();
+    QVERIFY(contentOf(settingsFile())
+                .contains(QByteArray("\r\nlang=-1\r\nlangfile=" + file("a.lng").toLocal8Bit() + "\r\n")));
+    start();
+    QCOMPARE(m_session->language.text("lang.dlComplete"), QStringLiteral("Done"));
+    QCOMPARE(m_session->language.text("lang.dlLoading"), QStringLiteral("Wird geladen"));
+    QVERIFY(m_messages.told.isEmpty());
+    quit();
+
+    // It may be back next time.
+    QVERIFY(QFile::remove(file("a.lng")));
+    start();
+    QCOMPARE(m_messages.told.value(0).text, QStringLiteral("Error while loading language file"));
+    quit();
+    QVERIFY(contentOf(settingsFile()).contains("\r\nlang=-1\r\n"));
+    start();
+    choose(*m_window, "m_lang(2)");
+    quit();
+    QVERIFY(contentOf(settingsFile()).contains("\r\nlang=2\r\nFilterAutoApply"));
+}
+
+void tst_Settings::quitsWhereNothingCanBeWritten()
+{
+    start();
+    QVERIFY(QDir(file("Tarnwick")).removeRecursively());
+    QVERIFY(writeFile(file("Tarnwick"), "no folder"));
+    m_window->close();
+    QCOMPARE(m_messages.told.size(), 1);
+    QVERIFY(m_messages.told.first().text.startsWith(m_session->language.text("lang.errWhileSavingIni") + u'\n'));
+    QTRY_VERIFY(!m_window->isVisible());
+    QCOMPARE(m_messages.told.size(), 1);
+}
+
+void tst_Settings::keepsColumnsAndPlaces()
+{
+    start();
+    QHeaderView& before = *details().horizontalHeader();
+    before.resizeSection(FoundModel::Url, 123);
+    before.moveSection(before.visualIndex(FoundModel::Url), 1);
+    before.hideSection(FoundModel::Language);
+    m_window->setGeometry(10, 40, 780, 400);
+    m_window->showMaximized();
+    quit();
+    start();
+    const QHeaderView& after = *details().horizontalHeader();
+    QCOMPARE(after.sectionSize(FoundModel::Url), 123);
+    QCOMPARE(after.visualIndex(FoundModel::Url), 1);
+    QVERIFY(after.isSectionHidden(FoundModel::Language));
+    QVERIFY(m_window->isMaximized());
+    m_window->showNormal();
+    QCOMPARE(m_window->geometry(), QRect(10, 40, 780, 400));
+
+    // A screen that is gone takes no window with it.
+    m_window->move(50'000, 50'000);
+    quit();
+    start();
+    QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().contains(m_window->geometry()));
+}
+
+void tst_Settings::remembersTheSplitterOfAHiddenTree()
+{
+    start();
+    m_window->resize(780, 560);
+    auto& splitter = *m_window->findChild<QSplitter*>();
+    splitter.setSizes({ 250, 530 });
+    const int place = splitter.sizes().constFirst();
+    choose(*m_window, "m_showTree");
+    quit();
+    start();
+    choose(*m_window, "m_showTree");
+    QTRY_COMPARE(m_window->findChild<QSplitter*>()->sizes().constFirst(), place);
+}
+
+void tst_Settings::fitsWindowsOnTheScreen_data()
+{
+    QTest::addColumn<QRect>("wanted");
+    QTest::addColumn<QRect>("fitted");
+    QTest::newRow("inside") << QRect(200, 50, 300, 200) << QRect(200, 50, 300, 200);
+    QTest::newRow("too far to the right and down") << QRect(950, 550, 300, 200) << QRect(800, 420, 300, 200);
+    QTest::newRow("too far to the left and up") << QRect(-50, -50, 300, 200) << QRect(100, 20, 300, 200);
+    QTest::newRow("larger than the screen") << QRect(500, 500, 5000, 200) << QRect(100, 420, 1000, 200);
+}
+
+void tst_Settings::fitsWindowsOnTheScreen()
+{
+    QFETCH(QRect, wanted);
+    QTEST(windowPlace::fitted(wanted, { 100, 20, 1000, 600 }), "fitted");
+}
+
+void tst_Settings::damagedViewsAreHarmless()
+{
+    QByteArray rubbish(100, '\xff');
+    for (const QByteArray& content : { rubbish, QByteArray("[main]\nplace=@Point(x)\ncolumns=@ByteArray(\\xff\\x1)\n"),
+             QByteArray("[filter]\nunlistedTypes=@Invalid()\n[DLManager]\nplace=@Variant(\\0\\0)\ncolumns=1\n") }) {
+        QVERIFY(writeFile(file("Tarnwick/views.ini"), content));
+        start();
+        for (int column = 0; column < FoundModel::ColumnCount; ++column)
+            QVERIFY(details().horizontalHeader()->sectionSize(column) > 10);
+    }
+}
+
+QTEST_MAIN(tst_Settings)
+
+#include "tst_Settings.moc"

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/lang.h"
+#include "requests/CookieImport.h"
+#include "requests/ExplorerCookies.h"
+#include "requests/FirefoxDatabase.h"
+#include "requests/RequestProfile.h"
+#include "crawl/SearchRun.h"
+#include "support/ScriptedServer.h"
+#include "support/TestSeams.h"
+#include "support/Text.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sqlite3.h>
+
+using Sql = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
+
+class tst_CookieImport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void readsCookiesTxt_data();
+    void readsCookiesTxt();
+    void readsFirefoxDatabases_data();
+    void readsFirefoxDatabases();
+    void readsTheLogOfARunningFirefox();
+    void tellsWhatADatabaseLacks_data();
+    void tellsWhatADatabaseLacks();
+    void keepsWhatCameBeforeADamage();
+    void readsInternetExplorer();
+    void goesOnAfterAFileThatCannotBeWritten();
+    void tellsOfMissingFiles();
+    void importedCookiesAreSent();
+
+private:
+    [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    [[nodiscard]] QByteArray stored(const char* host) const { return contentOf(file(host) + QLatin1String(".tkc")); }
+    [[nodiscard]] Messages::Box import(std::unique_ptr<CookieSource> source);
+    Sql database(const QByteArray& statements) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    LanguageTable m_language;
+    CookieStore m_store;
+};
+
+namespace {
+
+constexpr const char* oldTable =
+    "create table moz_cookies (id INTEGER PRIMARY KEY, name TEXT, value TEXT, host TEXT, path TEXT, expiry INTEGER, "
+    "lastAccessed INTEGER, isSecure INTEGER, isHttpOnly INTEGER);";
+constexpr const char* newTable =
+    "create table moz_cookies (id INTEGER PRIMARY KEY, originAttributes TEXT NOT NULL DEFAULT '', name TEXT, value "
+    "TEXT, host TEXT, path TEXT, expiry INTEGER, lastAccessed INTEGER, creationTime INTEGER, isSecure INTEGER, "
+    "isHttpOnly INTEGER, inBrowserElement INTEGER DEFAULT 0, sameSite INTEGER DEFAULT 0, schemeMap INTEGER DEFAULT 0, "
+    "isPartitionedAttributeSet INTEGER DEFAULT 0, CONSTRAINT moz_uniqueid UNIQUE (name, host, path, "
+    "originAttributes));";
+
+} // namespace
+
+void tst_CookieImport::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_store.setCookieFolder(m_folder->path());
+}
+
+Messages::Box tst_CookieImport::import(std::unique_ptr<CookieSource> source)
+{
+    CookieImport import(std::move(source), m_store);
+    while (!import.runFor(0)) { }
+    return cookieImport::report(import.count(), import.error(), m_language);
+}
+
+/// A database in the folder, with the statements run.
+Sql tst_CookieImport::database(const QByteArray& statements) const
+{
+    sqlite3* opened = nullptr;
+    sqlite3_open(qPrintable(file("cookies.sqlite")), &opened);
+    if (sqlite3_exec(opened, statements.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        qFatal("%s", sqlite3_errmsg(opened));
+    return { opened, &sqlite3_close };
+}
+
+void tst_CookieImport::readsCookiesTxt_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<int>("count");
+    const auto row = [](const char* title, const char* content, const char* lines, int count) {
+        QTest::newRow(title) << QByteArray(content) << QByteArray(lines) << count;
+    };
+    row("of an old browser", "# HTTP Cookie File\n# x\n\n.h\tTRUE\t/\tFALSE\t1\ta\t1\n", "/\ta\t1\r\n", 1);
+    row("with the line ends of Windows", "h\tFALSE\t/\tTRUE\t0\ta\t1\r\n", "/\ta\t1\r\n", 1);
+    row("without an end of the last line", "h\tFALSE\t/\tTRUE\t0\ta\t1", "/\ta\t1\r\n", 1);
+    row("only comments", "# Netscape HTTP Cookie File\n  # h\tFALSE\t/\tTRUE\t0\ta\t1\n", "", 0);
+    row("a cookie that scripts cannot see", "#HttpOnly_.h\tTRUE\t/\tTRUE\t0\ta\t1\n", "/\ta\t1\r\n", 1);
+    row("the last of one name", "h\tx\t/\tx\t0\ta\t1\nh\tx\t/\tx\t0\tb\t2\nh\tx\t/x/\tx\t0\ta\t3\n",
+        "/\tb\t2\r\n/x/\ta\t3\r\n", 3);
+    row("too few fields", "h\tx\t/\tx\t0\ta\nh\tx\t/\tx\t0\tb\t2\n", "/\tb\t2\r\n", 1);
+    row("a text that would break the line", "h\tx\t/\tx\t0\ta\t1\r2\nh\tx\t/\tx\t0\tb\t2\n", "/\tb\t2\r\n", 1);
+    row("a host that leads elsewhere", "../h\tx\t/\tx\t0\ta\t1\n", "", 0);
+    row("an empty value deletes", "h\tx\t/\tx\t0\told\t\n", "", 1);
+}
+
+void tst_CookieImport::readsCookiesTxt()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(int, count);
+    m_store.saveCookie("h", "/", "old", "1");
+    const bool deletes = content.contains("\told\t");
+    QVERIFY(
+        writeFile(file("cookies.txt"), content + QByteArray(deletes ? 0 : 1, '\n') + "x\t" + QByteArray(100'000, 'x')));
+    const Messages::Box box = import(cookieImport::sourceFor(file("cookies.txt")));
+    QCOMPARE(box.text, QString::number(count) + QStringLiteral(" Cookies were set."));
+    QCOMPARE(box.title, QStringLiteral("Note"));
+    QFETCH(QByteArray, lines);
+    QCOMPARE(stored("h"), (deletes ? QByteArray() : QByteArray("/\told\t1\r\n")) + lines);
+}
+
+void tst_CookieImport::readsFirefoxDatabases_data()
+{
+    QTest::addColumn<QByteArray>("statements");
+    QTest::newRow("of the first version with a database") << QByteArray(oldTable);
+    QTest::newRow("of today") << QByteArray("PRAGMA journal_mode=WAL;") + newTable;
+    QTest::newRow("with two bytes a character") << QByteArray("PRAGMA encoding='UTF-16le';") + newTable;
+}
+
+void tst_CookieImport::readsFirefoxDatabases()
+{
+    QFETCH(QByteArray, statements);
+    database(statements
+        + "insert into moz_cookies (host, path, name, value) values ('.b.c', '/', 'a', '1'), ('b.c', '/x/', 'b', "
+          "'\xc3\xa9'), ('h', '/', 'a', '3'), ('b.c', '/', 'a', '4'), (NULL, '/', 'a', '5');");
+    QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("4 Cookies were set."));
+    QCOMPARE(stored("b.c"), "/x/\tb\t\xc3\xa9\r\n/\ta\t4\r\n");
+    QCOMPARE(stored("h"), "/\ta\t3\r\n");
+}
+
+void tst_CookieImport::readsTheLogOfARunningFirefox()
+{
+    const Sql running = database(QByteArray("PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=WAL;") + newTable
+        + "PRAGMA wal_checkpoint; insert into moz_cookies (host, path, name, value) values ('h', '/', 'a', '1');");
+    QVERIFY(QFileInfo(file("cookies.sqlite-wal")).size() > 0);
+    const QByteArray before = contentOf(file("cookies.sqlite"));
+    QVERIFY(!before.contains("h/a1"));
+    QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("1 Cookies were set."));
+    QCOMPARE(stored("h"), "/\ta\t1\r\n");
+    QCOMPARE(contentOf(file("cookies.sqlite")), before);
+}
+
+void tst_CookieImport::tellsWhatADatabaseLacks_data()
+{
+    QTest::addColumn<QByteArray>("statements");
+    QTest::newRow("another table") << QByteArray("create table other (x);");
+    QTest::newRow("a table that never ends")
+        << QByteArray("create view moz_cookies as with recursive n(host, path, name, value) as (select 'h', '/', "
+                      "'a', '' union all select host, path, name, '' from n) select * from n;");
+    QTest::newRow("a row that never comes")
+        << QByteArray("create view moz_cookies as with recursive n(x) as (select 1 union all select x + 1 from n) "
+                      "select x as host, x as path, x as name, x as value from n where x < 0;");
+    QTest::newRow("a text of endless length")
+        << QByteArray("create view moz_cookies as select 'h' as host, '/' as path, 'a' as name, "
+                      "hex(zeroblob(900000000)) as value;");
+}
+
+void tst_CookieImport::tellsWhatADatabaseLacks()
+{
+    QFETCH(QByteArray, statements);
+    database(statements);
+    const Messages::Box box = import(cookieImport::sourceFor(file("cookies.sqlite")));
+    QVERIFY2(box.text.startsWith(QLatin1String("SQLite: ")), qPrintable(box.text));
+    QCOMPARE(box.title, QStringLiteral("Error"));
+}
+
+void tst_CookieImport::keepsWhatCameBeforeADamage()
+{
+    database(QByteArray(newTable)
+        + "with recursive n(x) as (select 1 union all select x + 1 from n where x < 5000) insert into moz_cookies "
+          "(host, "
+          "path, name, value) select 'h', '/', 'n' || x, x from n;");
+    QFile damaged(file("cookies.sqlite"));
+    QVERIFY(damaged.open(QIODevice::ReadWrite));
+    QVERIFY(damaged.seek(damaged.size() / 3));
+    damaged.write(QByteArray(static_cast<int>(damaged.size() / 3), '\xff'));
+    damaged.close();
+    const Messages::Box box = import(std::make_unique<FirefoxDatabase>(damaged.fileName()));
+    QVERIFY2(box.text.startsWith(QLatin1String("SQLite: ")), qPrintable(box.text));
+    const qsizetype count = stored("h").count('\n');
+    QVERIFY(count > 0);
+    QVERIFY(box.text.endsWith(QStringLiteral("\n%1 Cookies were set.").arg(count)));
+}
+
+void tst_CookieImport::readsInternetExplorer()
+{
+    FilledRegistry registry;
+    QVERIFY(!ExplorerCookies::areHere(registry));
+    const QString failed = m_language.text("lang.errWhileImportCookies");
+    QCOMPARE(
+        import(std::make_unique<ExplorerCookies>(registry)).text, failed + u'\n' + m_language.text("more.noExplorer"));
+
+    const QString folder = file("explorer");
+    registry.values.insert(QStringLiteral("Cookies"), folder);
+    QVERIFY(ExplorerCookies::areHere(registry));
+    QVERIFY(import(std::make_unique<ExplorerCookies>(registry)).text.startsWith(failed));
+    QVERIFY(QDir().mkpath(folder));
+    QCOMPARE(import(std::make_unique<ExplorerCookies>(registry)).text, QStringLiteral("0 Cookies were set."));
+
+    const QByteArray rest = "0\n1\n2\n3\n4\n*\n";
+    QVERIFY(writeFile(folder + QLatin1String("/a.txt"), "a\n1\nb.c/dir/x\n" + rest + "b\n2\nb.c/\n" + rest + "c\n3\n"));
+    QVERIFY(writeFile(folder + QLatin1String("/b.txt"), "a\r\n4\r\nb.c/\r\n" + QByteArray(rest).replace('\n', "\r\n")));
+    QVERIFY(writeFile(folder + QLatin1String("/index.dat"), "d\n5\nb.c/\n" + rest));
+    QCOMPARE(import(std::make_unique<ExplorerCookies>(registry)).text, QStringLiteral("3 Cookies were set."));
+    QCOMPARE(stored("b.c"), "/\tb\t2\r\n/\ta\t4\r\n");
+}
+
+void tst_CookieImport::goesOnAfterAFileThatCannotBeWritten()
+{
+    QVERIFY(QDir().mkpath(file("bad.tkc/x")));
+    QVERIFY(writeFile(file("cookies.txt"), "bad\tx\t/\tx\t0\ta\t1\nh\tx\t/\tx\t0\ta\t1\n"));
+    QCOMPARE(import(cookieImport::sourceFor(file("cookies.txt"))).text,
+        QStringLiteral("Error while importing cookies\nbad: File access Error\n\n1 Cookies were set."));
+    QCOMPARE(stored("h"), "/\ta\t1\r\n");
+}
+
+void tst_CookieImport::tellsOfMissingFiles()
+{
+    for (const char* name : { "none.txt", "." }) {
+        const QString path = file(name);
+        for (auto source : { &cookieImport::sourceFor, +[](const QString& fileName) -> std::unique_ptr<CookieSource> {
+                                return std::make_unique<FirefoxDatabase>(fileName);
+                            } }) {
+            const QString text = import(source(path)).text;
+            QVERIFY2(text.startsWith(QLatin1String("Error while importing cookies\n") + QDir::toNativeSeparators(path)),
+                qPrintable(text));
+        }
+    }
+}
+
+void tst_CookieImport::importedCookiesAreSent()
+{
+    // The host is 127.0.0.1, whose labels make it the sub-domain of 0.0.1.
+    database(QByteArray(newTable)
+        + "insert into moz_cookies (host, path, name, value) values ('.0.0.1', '/', 'domain', '1'), ('127.0.0.1', '/', "
+          "'host', '2'), ('127.0.0.1', '/shop/', 'shop', '3'), ('1.127.0.0.1', '/', 'below', '4');");
+    QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("4 Cookies were set."));
+    ScriptedServer server;
+    server.page("/", "<a href='/shop/x.html'>");
+    server.page("/shop/x.html", "");
+    RequestPrefs prefs;
+    prefs.useCookies = true;
+    RequestProfile profile(prefs, m_store);
+    FundListe list;
+    SearchRun run(list, profile);
+    QSignalSpy finished(&run, &SearchRun::finished);
+    SearchOptions options;
+    options.startUrl = server.origin();
+    run.starteSuche(options);
+    QTRY_COMPARE(finished.count(), 1);
+    const auto cookieLine = [&server](qsizetype request) {
+        const QByteArrayList lines = server.requests().value(request).split('\n');
+        const auto found =
+            std::find_if(lines.begin(), lines.end(), [](const QByteArray& line) { return line.startsWith("Cookie:"); });
+        return found == lines.end() ? QByteArray() : found->trimmed();
+    };
+    QCOMPARE(cookieLine(0), "Cookie: domain=1; host=2");
+    QCOMPARE(cookieLine(1), "Cookie: domain=1; host=2; shop=3");
+}
+
+QTEST_GUILESS_MAIN(tst_CookieImport)
+#include "tst_CookieImport.moc"
