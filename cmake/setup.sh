@@ -56,7 +56,7 @@ need_server() (
 build() {
     local preset=$1 log
     shift
-    need_packages g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev python3
+    need_packages g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libsqlite3-dev python3
     log=$(mktemp)
     # Warnings stop a build only where nobody would read them.
     local strict=OFF

@@ -2,7 +2,6 @@
 // Takes the pictures of the windows that the documents show: searches the site of a URL in the real windows, off
 // screen, and saves what they look like in a folder.
 #include "app/MainWindow.h"
-#include "app/NoUrlPicker.h"
 #include "app/Session.h"
 #include "support/TestSeams.h"
 
@@ -142,7 +141,7 @@ private:
     AnsweredMessages m_messages;
     AnsweredFileDialogs m_dialogs;
     RecordingShell m_shell;
-    NoUrlPicker m_picker;
+    AnsweredPicker m_picker;
     FilledRegistry m_registry;
     MainWindow m_window;
     QTemporaryDir m_target;

@@ -21,6 +21,7 @@ void CurrentSearch::start()
     m_status.startUrl = m_session.searchOptions.startUrl;
     m_status.depthLimit = m_session.searchOptions.tiefe;
     enter(SearchState::Searching);
+    emit aboutToDrop();
     m_session.search.starteSuche(m_session.searchOptions);
 }
 
@@ -66,11 +67,29 @@ void CurrentSearch::takeOpened()
         m_fileName = opening->fileName();
         m_status.startUrl = search.options.startUrl;
         m_status.depthLimit = search.options.tiefe;
+        emit aboutToDrop();
         m_session.search.openSearch(search.list);
         enter(SearchState::Loaded);
     }
     emit changed();
     emit opened(opening->fileName(), opening->result(), search.mimeTypes);
+}
+
+void CurrentSearch::importList(const QString& fileName, listFormat::Format format)
+{
+    m_isImporting = true;
+    emit changed();
+    const auto list = std::make_shared<ListReader>(fileName, format);
+    m_importing.add([this, list, fileName] {
+        if (list->readLine([this](FundStück item) { m_session.search.record(std::move(item)); }))
+            return true;
+        if (m_session.foundItems.getAnzahl() > 0)
+            m_status.state = SearchState::Loaded;
+        m_isImporting = false;
+        emit changed();
+        emit imported(fileName, *list);
+        return false;
+    });
 }
 
 std::optional<QString> CurrentSearch::save(const QString& fileName)
@@ -87,7 +106,7 @@ SearchStatus CurrentSearch::status() const
 {
     SearchStatus status = m_status;
     status.found = m_session.foundItems.getAnzahl();
-    status.opening = m_opening != nullptr;
+    status.opening = m_opening || m_isImporting;
     return status;
 }
 

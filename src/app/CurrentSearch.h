@@ -2,6 +2,8 @@
 #pragma once
 
 #include "app/SearchStatus.h"
+#include "base/StepQueue.h"
+#include "results/ListReader.h"
 #include "results/SearchFileReader.h"
 
 #include <QObject>
@@ -27,6 +29,9 @@ public:
     /// Reads a search file; when that can be done, its search takes the place of this one, and its options and
     /// preferences those of the session. Ends with `opened`, unless another search is opened or started before.
     void open(const QString& fileName);
+    /// Adds the items of a list in a file to the search, those whose URLs it does not have yet. Ends with `imported`;
+    /// the search can be continued then.
+    void importList(const QString& fileName, listFormat::Format format);
     /// Replaces a file and makes it this search's. Returns the system's error text on failure.
     [[nodiscard]] std::optional<QString> save(const QString& fileName);
 
@@ -35,11 +40,16 @@ public:
     [[nodiscard]] const QString& fileName() const { return m_fileName; }
 
 signals:
+    /// All items are about to go, since another search takes the place of this one.
+    void aboutToDrop();
     /// The state or the file name is another.
     void changed();
     /// A file was read as far as `result` tells. `mimeTypes` are those of its items. Unless it could not be read at
     /// all, its search is the current one now.
     void opened(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
+
+    /// A list was read as far as `list` tells.
+    void imported(const QString& fileName, const ListReader& list);
 
 private:
     void enter(SearchState state);
@@ -49,4 +59,6 @@ private:
     SearchStatus m_status;
     QString m_fileName;
     SearchOpening* m_opening = nullptr;
+    StepQueue m_importing;
+    bool m_isImporting = false;
 };

@@ -17,6 +17,11 @@ bool DesktopShell::openUrl(const QUrl& url)
     return QDesktopServices::openUrl(url);
 }
 
+bool DesktopShell::start(const ProgramCommand& command)
+{
+    return platform::startProgram(command.program, command.arguments);
+}
+
 void DesktopShell::addRecentDocument(const QString& path)
 {
     platform::addRecentDocument(path);

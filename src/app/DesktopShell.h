@@ -8,5 +8,6 @@ class DesktopShell final : public Shell {
 public:
     bool openFile(const QString& path) override;
     bool openUrl(const QUrl& url) override;
+    bool start(const ProgramCommand& command) override;
     void addRecentDocument(const QString& path) override;
 };

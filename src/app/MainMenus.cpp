@@ -34,12 +34,6 @@ QAction* addSwitch(QMenu* menu, const QString& name, bool on, const QKeySequence
     return action;
 }
 
-/// An entry whose command this version does not have.
-void addMissing(QMenu* menu, const QString& name)
-{
-    addEntry(menu, name)->setEnabled(false);
-}
-
 struct Choice {
     QVariant data;
     QString caption; ///< for what is called the same in every language
@@ -84,11 +78,11 @@ void MainMenus::makeSearchMenu(QMenu* menu)
     m_searchSaveAs = addEntry(menu, QStringLiteral("m_searchSaveAs"), Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     menu->addSeparator();
     QMenu* const import = addMenu(menu, QStringLiteral("m_import"));
-    addMissing(import, QStringLiteral("m_importUrlList"));
-    addMissing(import, QStringLiteral("m_importCsv"));
+    m_importUrlList = addEntry(import, QStringLiteral("m_importUrlList"));
+    m_importCsv = addEntry(import, QStringLiteral("m_importCsv"));
     QMenu* const exports = addMenu(menu, QStringLiteral("m_export"));
-    addMissing(exports, QStringLiteral("m_exportAsUrlList"));
-    addMissing(exports, QStringLiteral("m_exportAsCsv"));
+    m_exportAsUrlList = addEntry(exports, QStringLiteral("m_exportAsUrlList"));
+    m_exportAsCsv = addEntry(exports, QStringLiteral("m_exportAsCsv"));
     menu->addSeparator();
     m_addNumberedDL = addEntry(menu, QStringLiteral("m_addNumberedDL"));
     menu->addSeparator();
@@ -99,8 +93,8 @@ void MainMenus::makeSearchMenu(QMenu* menu)
 void MainMenus::makeEditMenu(QMenu* menu)
 {
     m_edit = menu;
-    addMissing(menu, QStringLiteral("m_selectedOpen"));
-    addMissing(menu, QStringLiteral("m_selectedOpenBy"));
+    m_selectedOpen = addEntry(menu, QStringLiteral("m_selectedOpen"));
+    m_selectedOpenBy = addEntry(menu, QStringLiteral("m_selectedOpenBy"));
     m_selectedDownload = addEntry(menu, QStringLiteral("m_selectedDownload"), Qt::CTRL | Qt::Key_D);
     m_selectedToClipboard = addEntry(menu, QStringLiteral("m_selectedToClipboard"), QKeySequence::Copy);
     menu->addSeparator();
@@ -110,14 +104,15 @@ void MainMenus::makeEditMenu(QMenu* menu)
     m_selectedInvert = addEntry(menu, QStringLiteral("m_selectedInvert"), Qt::CTRL | Qt::Key_I);
     menu->addSeparator();
     QMenu* const marked = addMenu(menu, QStringLiteral("m_marked"));
-    addMissing(marked, QStringLiteral("m_markedOpen"));
-    addMissing(marked, QStringLiteral("m_markedOpenBy"));
+    m_markedOpen = addEntry(marked, QStringLiteral("m_markedOpen"));
+    m_markedOpenBy = addEntry(marked, QStringLiteral("m_markedOpenBy"));
     m_markedDownload = addEntry(marked, QStringLiteral("m_markedDownload"));
     m_markedToClipboard = addEntry(marked, QStringLiteral("m_markedToClipboard"));
     marked->addSeparator();
     m_markedSelect = addEntry(marked, QStringLiteral("m_markedSelect"));
-    // Text fields and other lists copy what is theirs.
-    for (QAction* const action : { m_selectedToClipboard, m_selectAll })
+    // Text fields and other lists have their own meanings of these keys.
+    m_selectedOpen->setShortcuts({ Qt::Key_Return, Qt::Key_Enter });
+    for (QAction* const action : { m_selectedOpen, m_selectedToClipboard, m_selectAll })
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
 }
 

@@ -11,7 +11,7 @@ class QMainWindow;
 class QMenu;
 
 /// The menus of the main window. Each entry has its member's name for object name, by which it gets its caption; the
-/// window's menu bar owns them all. An entry without anything behind it is off.
+/// window's menu bar owns them all.
 struct MainMenus {
     explicit MainMenus(QMainWindow& window);
 
@@ -21,15 +21,23 @@ struct MainMenus {
     QAction* m_searchOpen = nullptr;
     QAction* m_searchSave = nullptr;
     QAction* m_searchSaveAs = nullptr;
+    QAction* m_importUrlList = nullptr;
+    QAction* m_importCsv = nullptr;
+    QAction* m_exportAsUrlList = nullptr;
+    QAction* m_exportAsCsv = nullptr;
     QAction* m_addNumberedDL = nullptr;
     QAction* m_quit = nullptr;
 
+    QAction* m_selectedOpen = nullptr;
+    QAction* m_selectedOpenBy = nullptr;
     QAction* m_selectedDownload = nullptr;
     QAction* m_selectedToClipboard = nullptr;
     QAction* m_selectAll = nullptr;
     QAction* m_selectedMark = nullptr;
     QAction* m_selectedDemark = nullptr;
     QAction* m_selectedInvert = nullptr;
+    QAction* m_markedOpen = nullptr;
+    QAction* m_markedOpenBy = nullptr;
     QAction* m_markedDownload = nullptr;
     QAction* m_markedToClipboard = nullptr;
     QAction* m_markedSelect = nullptr;

@@ -20,6 +20,7 @@
 #include "results/FilterPane.h"
 #include "results/FoundsView.h"
 #include "results/HostTreeView.h"
+#include "results/dialog_openBy.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -47,6 +48,7 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     , m_seams(seams)
     , m_search(session)
     , m_files(m_search, session.language, seams)
+    , m_lists(m_search, session.language, seams)
     , m_language(session.language, seams.messages)
     , m_menus(*this)
     , m_founds(session.foundItems, session.filter, session.language, nullptr)
@@ -60,9 +62,10 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     , m_numbered(new getDLStack(session.downloads, session.language, seams.messages, seams.urlPicker, this))
     , m_requests(new dialog_requests(session.requestPrefs, session.cookies, session.language, seams.messages,
           seams.fileDialogs, seams.registry, this))
+    , m_openBy(new dialog_openBy(session.language, seams.messages, seams.fileDialogs, seams.shell, this))
     , m_downloads(std::make_unique<DLManager>(
           session.downloads, session.language, seams.messages, seams.fileDialogs, seams.shell))
-    , m_rowCommands(m_founds, *m_list, session.downloads)
+    , m_rowCommands(m_founds, *m_list, session.downloads, session.language, seams.messages, seams.shell)
 {
     setObjectName(QStringLiteral("main"));
     setAcceptDrops(true);
@@ -70,6 +73,7 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     wireSearch();
     wireViews();
     wireSearchMenu();
+    wireLists();
     wireEditMenu();
     wireViewMenu();
     wireDownloads();
@@ -159,13 +163,40 @@ void MainWindow::wireSearchMenu()
     connect(m_menus.m_quit, &QAction::triggered, this, &QWidget::close);
 }
 
+void MainWindow::wireLists()
+{
+    const auto import = [this](QAction* action, listFormat::Format format) {
+        connect(action, &QAction::triggered, this, [this, format] { m_lists.askToImport(format); });
+    };
+    import(m_menus.m_importUrlList, listFormat::Format::Urls);
+    import(m_menus.m_importCsv, listFormat::Format::Csv);
+    const auto exports = [this](QAction* action, listFormat::Format format) {
+        connect(action, &QAction::triggered, this, [this, format] {
+            m_lists.askToExport(format,
+                { [this] { return m_rowCommands.items(false); }, [this] { return m_rowCommands.items(true); },
+                    m_rowCommands.selectedCount() });
+        });
+    };
+    exports(m_menus.m_exportAsUrlList, listFormat::Format::Urls);
+    exports(m_menus.m_exportAsCsv, listFormat::Format::Csv);
+}
+
 void MainWindow::wireEditMenu()
 {
     const auto command = [this](QAction* action, auto run) {
         connect(action, &QAction::triggered, this, [this, run] { run(m_rowCommands); });
     };
-    command(m_menus.m_selectedToClipboard, [](const RowCommands& rows) { rows.copy(false); });
-    command(m_menus.m_markedToClipboard, [](const RowCommands& rows) { rows.copy(true); });
+    command(m_menus.m_selectedOpen, [](RowCommands& rows) { rows.open(false); });
+    command(m_menus.m_markedOpen, [](RowCommands& rows) { rows.open(true); });
+    connect(m_list, &FoundsView::doubleClicked, m_menus.m_selectedOpen, &QAction::trigger);
+    const auto openBy = [this](QAction* action, bool marked) {
+        connect(action, &QAction::triggered, this,
+            [this, marked] { m_openBy->run([this, marked] { return m_rowCommands.urls(marked); }); });
+    };
+    openBy(m_menus.m_selectedOpenBy, false);
+    openBy(m_menus.m_markedOpenBy, true);
+    command(m_menus.m_selectedToClipboard, [](RowCommands& rows) { rows.copy(false); });
+    command(m_menus.m_markedToClipboard, [](RowCommands& rows) { rows.copy(true); });
     command(m_menus.m_selectedMark, [](const RowCommands& rows) { rows.setMarked(true); });
     command(m_menus.m_selectedDemark, [](const RowCommands& rows) { rows.setMarked(false); });
     command(m_menus.m_selectAll, [](const RowCommands& rows) { rows.selectAll(); });
@@ -319,7 +350,8 @@ void MainWindow::updateStatus()
     m_menus.m_searchNew->setEnabled(status.canStart());
     m_menus.m_searchContinue->setEnabled(status.canContinue());
     m_menus.m_searchStop->setEnabled(status.canStop());
-    m_menus.m_searchOpen->setEnabled(status.canStart());
+    for (QAction* const action : { m_menus.m_searchOpen, m_menus.m_importUrlList, m_menus.m_importCsv })
+        action->setEnabled(status.canStart());
     updateTitle();
 }
 
@@ -413,6 +445,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    m_lists.finish();
     m_session.search.stopSearch();
     event->accept();
     QApplication::closeAllWindows();

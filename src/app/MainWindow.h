@@ -3,6 +3,7 @@
 
 #include "app/CurrentSearch.h"
 #include "app/LanguageChoice.h"
+#include "app/ListFiles.h"
 #include "app/MainMenus.h"
 #include "app/SearchFiles.h"
 #include "app/Seams.h"
@@ -23,6 +24,7 @@ class QSplitter;
 class Session;
 class StatusPanels;
 class dialog_getSearch;
+class dialog_openBy;
 class dialog_requests;
 class getDLStack;
 
@@ -50,6 +52,7 @@ private:
     void wireSearch();
     void wireViews();
     void wireSearchMenu();
+    void wireLists();
     void wireEditMenu();
     void wireViewMenu();
     void wireDownloads();
@@ -79,6 +82,7 @@ private:
     Seams m_seams;
     CurrentSearch m_search;
     SearchFiles m_files;
+    ListFiles m_lists;
     LanguageChoice m_language;
     MainMenus m_menus;
     FoundModel m_founds;
@@ -91,6 +95,7 @@ private:
     dialog_getSearch* m_newSearch;
     getDLStack* m_numbered;
     dialog_requests* m_requests;
+    dialog_openBy* m_openBy;
     std::unique_ptr<DLManager> m_downloads;
     RowCommands m_rowCommands;
     QTimer m_statusUpdate;

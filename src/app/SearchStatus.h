@@ -23,7 +23,7 @@ struct SearchStatus {
     QByteArray startUrl;
     qint32 depthLimit = 0;
     qint32 found = 0; ///< how many items the search has
-    bool opening = false; ///< a file is being read that will take its place
+    bool opening = false; ///< a file is being read that will take its place, or whose items join it
 
     [[nodiscard]] bool canStart() const { return state != SearchState::Searching && !opening; }
     [[nodiscard]] bool canStop() const { return state == SearchState::Searching; }

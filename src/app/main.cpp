@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/BrowserPicker.h"
 #include "app/DesktopShell.h"
 #include "app/FileDialogBoxes.h"
 #include "app/LibraryTexts.h"
 #include "app/MainWindow.h"
 #include "app/MessageBoxes.h"
-#include "app/NoUrlPicker.h"
 #include "app/Session.h"
 #include "app/Settings.h"
 #include "app/SystemRegistry.h"
@@ -58,7 +58,7 @@ int main(int argc, char* argv[])
     MessageBoxes messages;
     FileDialogBoxes fileDialogs;
     DesktopShell shell;
-    NoUrlPicker urlPicker;
+    BrowserPicker urlPicker(session.language, messages, BrowserPicker::usualFolders());
     const SystemRegistry registry;
     MainWindow window(session, { messages, fileDialogs, shell, urlPicker, registry });
     window.restoreState();

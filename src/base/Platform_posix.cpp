@@ -2,7 +2,10 @@
 #include "base/Platform.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QStandardPaths>
+
+#include <unistd.h>
 
 namespace platform {
 
@@ -21,6 +24,21 @@ bool isReservedFileName(QByteArrayView)
     return false;
 }
 
+QString programPattern()
+{
+    return QStringLiteral("*");
+}
+
+bool isRunByShell(const QString&)
+{
+    return false;
+}
+
+bool startProgram(const QString& program, const QString& arguments)
+{
+    return QProcess::startDetached(program, QProcess::splitCommand(arguments));
+}
+
 std::optional<QString> registryText(const QString&, const QString&)
 {
     return {};
@@ -36,6 +54,11 @@ QString firefoxProfilesFolder()
             return path;
     }
     return {};
+}
+
+bool isSuperuser()
+{
+    return geteuid() == 0;
 }
 
 void addRecentDocument(const QString&)

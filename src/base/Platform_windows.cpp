@@ -37,6 +37,37 @@ bool isReservedFileName(QByteArrayView name)
     return name.contains(':') || port || std::find(devices.begin(), devices.end(), stem) != devices.end();
 }
 
+QString programPattern()
+{
+    return QStringLiteral("*.exe *.com *.cmd *.bat");
+}
+
+bool isRunByShell(const QString& program)
+{
+    // The system passes over dots and blanks at the end of a name.
+    QString name = program.toLower();
+    while (name.endsWith(u'.') || name.endsWith(u' '))
+        name.chop(1);
+    return name.endsWith(QLatin1String(".bat")) || name.endsWith(QLatin1String(".cmd"));
+}
+
+bool startProgram(const QString& program, const QString& arguments)
+{
+    if (program.contains(u'"'))
+        return false;
+    std::wstring line = QString(u'"' + program + QLatin1String("\" ") + arguments).toStdWString();
+    STARTUPINFOW start {};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = SW_SHOWMINIMIZED;
+    PROCESS_INFORMATION process {};
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
+        return false;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return true;
+}
+
 std::optional<QString> registryText(const QString& key, const QString& name)
 {
     const auto read = [&](wchar_t* text, DWORD* bytes) {
@@ -57,6 +88,11 @@ QString firefoxProfilesFolder()
 {
     const QString path = applicationDataFolder() + QLatin1String("\\Mozilla\\Firefox\\Profiles\\");
     return QFileInfo::exists(path) ? path : QString();
+}
+
+bool isSuperuser()
+{
+    return false;
 }
 
 void addRecentDocument(const QString& path)

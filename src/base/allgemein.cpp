@@ -177,17 +177,16 @@ std::optional<Line> readLine(QIODevice& file, qint64 longest)
     const bool ended = text.endsWith('\n');
     if (ended)
         text.chop(text.endsWith(lineEnd) ? 2 : 1);
-    return Line { text, ended };
+    return Line { text, ended, !ended && !file.atEnd() };
 }
 
 std::optional<QByteArray> readLineUpTo(QIODevice& file, qint64 longest)
 {
     bool isRest = false;
     while (auto line = readLine(file, longest)) {
-        const bool breaksOff = !line->ended && line->text.size() >= longest;
-        if (!isRest && !breaksOff)
+        if (!isRest && !line->isPiece)
             return std::move(line->text);
-        isRest = breaksOff;
+        isRest = line->isPiece;
     }
     return {};
 }

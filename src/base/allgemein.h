@@ -52,6 +52,8 @@ struct Line {
     QByteArray text;
     /// False for a last line that breaks off without a line end, and for a piece of one that is too long.
     bool ended = true;
+    /// There is more of the line.
+    bool isPiece = false;
 };
 /// The next line of `file`; nothing at its end or on a read error. Of a line of more than `longest` bytes (0: no bound)
 /// a piece of that length comes, and is no line.

@@ -72,7 +72,7 @@ int import(const QStringList& arguments)
     int status = Done;
     for (const QString& fileName : parser.arguments()) {
         CookieImport import(cookieImport::sourceFor(fileName), store);
-        while (!import.runFor(1000)) { }
+        while (import.step()) { }
         count += import.count();
         if (import.error()) {
             QString text = cookieImport::report(0, import.error(), language).text;

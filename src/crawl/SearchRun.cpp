@@ -94,18 +94,22 @@ void SearchRun::abandon()
 void SearchRun::fuegeFundHinzu(
     const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations)
 {
-    if (url::hostOf(url).isEmpty() || url.size() > url::longest)
-        return;
-    const QByteArray adresse = allgemein::onOneLine(url::normalised(url));
-    if (m_list.istBekannt(adresse))
-        return;
     FundStück stueck;
-    stueck.adresse = adresse;
+    stueck.adresse = url;
     stueck.tiefe = tiefe;
     stueck.referer = referer;
     stueck.referenzTyp = typ;
     stueck.umleitungen = relocations;
-    emit recorded(m_list.add(std::move(stueck)));
+    record(std::move(stueck));
+}
+
+void SearchRun::record(FundStück item)
+{
+    if (url::hostOf(item.adresse).isEmpty() || item.adresse.size() > url::longest)
+        return;
+    item.adresse = allgemein::onOneLine(url::normalised(item.adresse));
+    if (!m_list.istBekannt(item.adresse))
+        emit recorded(m_list.add(std::move(item)));
 }
 
 void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ)

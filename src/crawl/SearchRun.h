@@ -55,6 +55,9 @@ public:
     void fuegeFundHinzu(
         const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations = 0);
 
+    /// Records an item of a list, under the same conditions. A search that is continued takes it up.
+    void record(FundStück item);
+
     // A slot of `finished` may start or continue a search. The other signals come in the middle of the run's work:
     // their slots only look.
 signals:

@@ -9,7 +9,6 @@
 #include "downloads/DownloadQueue.h"
 #include "ui_getDLStack.h"
 
-#include <QElapsedTimer>
 #include <QPointer>
 
 #include <algorithm>
@@ -18,8 +17,6 @@
 
 namespace {
 
-/// How long the adding runs before other events get their turn.
-constexpr int sliceMilliseconds = 8;
 constexpr int exampleCount = 4;
 /// Of a longer run the user is asked whether it is meant.
 constexpr qint64 manyDownloads = 100'000;
@@ -89,7 +86,6 @@ void getDLStack::wire()
         if (m_ui->startUrl->hasFocus())
             m_ui->Pos->setValue(placeInUrl(m_ui->startUrl->text(), place));
     });
-    connect(&m_addSome, &QTimer::timeout, this, &getDLStack::addSome);
 }
 
 void getDLStack::applyCaptions()
@@ -166,24 +162,12 @@ void getDLStack::confirm()
 
 void getDLStack::add(const NumberedUrls& run)
 {
-    m_adding.enqueue({ run, run.min, allgemein::toSystem(m_ui->quellUrl->text().trimmed()) });
     hide();
-    m_addSome.start(0);
-    addSome();
+    const QByteArray referer = allgemein::toSystem(m_ui->quellUrl->text().trimmed());
+    m_adding.add([this, run, referer, next = qint64 { run.min }]() mutable {
+        if (next <= run.max)
+            m_queue.addDL(run.urlFor(static_cast<qint32>(next++)), -1, referer);
+        return next <= run.max;
+    });
     emit confirmed();
-}
-
-void getDLStack::addSome()
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!m_adding.isEmpty() && !timer.hasExpired(sliceMilliseconds)) {
-        Adding& adding = m_adding.head();
-        if (adding.next <= adding.run.max)
-            m_queue.addDL(adding.run.urlFor(static_cast<qint32>(adding.next++)), -1, adding.referer);
-        else
-            m_adding.dequeue();
-    }
-    if (m_adding.isEmpty())
-        m_addSome.stop();
 }

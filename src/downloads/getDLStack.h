@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/StepQueue.h"
 #include "downloads/NumberedUrls.h"
 
 #include <QDialog>
-#include <QQueue>
-#include <QTimer>
 
 #include <memory>
 
@@ -33,13 +32,6 @@ signals:
     void confirmed();
 
 private:
-    /// A run of which a part is on the list.
-    struct Adding {
-        NumberedUrls run;
-        qint64 next = 0; ///< the index that comes next
-        QByteArray referer;
-    };
-
     void wire();
     void applyCaptions();
     /// The run as the controls have it; the URL as it is typed.
@@ -48,14 +40,11 @@ private:
     void showExamples();
     void confirm();
     void add(const NumberedUrls& run);
-    /// Adds a part of the run, and leaves the rest to the next pass of the event loop.
-    void addSome();
 
     DownloadQueue& m_queue;
     const LanguageTable& m_language;
     Messages& m_messages;
     UrlPicker& m_picker;
     std::unique_ptr<Ui::getDLStack> m_ui;
-    QQueue<Adding> m_adding;
-    QTimer m_addSome;
+    StepQueue m_adding; ///< of runs to the list
 };

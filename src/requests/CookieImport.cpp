@@ -6,8 +6,6 @@
 #include "requests/CookiesTxt.h"
 #include "requests/FirefoxDatabase.h"
 
-#include <QElapsedTimer>
-
 #include <utility>
 
 namespace {
@@ -42,17 +40,6 @@ CookieImport::CookieImport(std::unique_ptr<CookieSource> source, const CookieSto
     : m_source(std::move(source))
     , m_store(store)
 {
-}
-
-bool CookieImport::runFor(int milliseconds)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (readNext() || storeNext()) {
-        if (timer.hasExpired(milliseconds))
-            return false;
-    }
-    return true;
 }
 
 bool CookieImport::readNext()

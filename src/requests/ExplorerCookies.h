@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "requests/CookieImport.h"
+#include "requests/CookieSource.h"
 
 #include <QStringList>
 

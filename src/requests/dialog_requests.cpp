@@ -23,9 +23,6 @@
 
 namespace {
 
-/// How long an import runs before other events get their turn.
-constexpr int sliceMilliseconds = 8;
-
 /// The check boxes with their switches.
 struct SwitchBox {
     QCheckBox* Ui::dialog_requests::*box;
@@ -102,7 +99,6 @@ void dialog_requests::wireCookies()
     connect(m_ui->b_cookiesImportFF3, &QPushButton::clicked, this,
         [this] { askForCookieFile(QStringLiteral("cookies.sqlite"), &sourceOf<FirefoxDatabase>); });
     connect(m_ui->b_deleteSavedCookies, &QPushButton::clicked, this, &dialog_requests::deleteCookies);
-    connect(&m_nextSlice, &QTimer::timeout, this, &dialog_requests::importSlice);
 }
 
 void dialog_requests::applyCaptions()
@@ -118,7 +114,7 @@ void dialog_requests::enableControls()
     for (QWidget* const control : std::initializer_list<QWidget*> { m_ui->sprachRem, m_ui->sprachAdd,
              m_ui->sprachAuswahl, m_ui->t_sprachen, m_ui->sprachAuswahlHoch, m_ui->sprachAuswahlRunter })
         control->setEnabled(byLanguage);
-    const bool cookies = m_ui->c_useCookies->isChecked() && !m_import;
+    const bool cookies = m_ui->c_useCookies->isChecked();
     for (QPushButton* const button : { m_ui->b_cookiesImportFF, m_ui->b_cookiesImportFF3, m_ui->b_deleteSavedCookies })
         button->setEnabled(cookies);
     m_ui->b_cookiesImportIE->setEnabled(cookies && ExplorerCookies::areHere(m_registry));
@@ -213,21 +209,15 @@ void dialog_requests::askForCookieFile(
 
 void dialog_requests::startImport(std::unique_ptr<CookieSource> source)
 {
-    if (m_import)
+    if (m_importing.isBusy())
         return;
-    m_import = std::make_unique<CookieImport>(std::move(source), m_cookies);
-    enableControls();
-    m_nextSlice.start(0);
-}
-
-void dialog_requests::importSlice()
-{
-    if (!m_import->runFor(sliceMilliseconds))
-        return;
-    m_nextSlice.stop();
-    const auto import = std::exchange(m_import, nullptr);
-    enableControls();
-    m_messages.tell(cookieImport::report(import->count(), import->error(), m_language));
+    const auto import = std::make_shared<CookieImport>(std::move(source), m_cookies);
+    m_importing.add([this, import] {
+        if (import->step())
+            return true;
+        m_messages.tell(cookieImport::report(import->count(), import->error(), m_language));
+        return false;
+    });
 }
 
 void dialog_requests::deleteCookies()

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/StepQueue.h"
 #include "requests/RequestChoices.h"
 
 #include <QDialog>
-#include <QTimer>
 
 #include <memory>
 
-class CookieImport;
 class CookieSource;
 class CookieStore;
 class FileDialogs;
@@ -50,7 +49,6 @@ private:
     void selectLanguage(qsizetype index);
     void askForCookieFile(const QString& name, std::unique_ptr<CookieSource> (*sourceOf)(const QString& fileName));
     void startImport(std::unique_ptr<CookieSource> source);
-    void importSlice();
     void deleteCookies();
     [[nodiscard]] QString text(const char* key) const;
 
@@ -60,8 +58,7 @@ private:
     Messages& m_messages;
     FileDialogs& m_fileDialogs;
     const Registry& m_registry;
-    std::unique_ptr<CookieImport> m_import; ///< while one runs
-    QTimer m_nextSlice;
+    StepQueue m_importing;
     bool m_isApplying = false; ///< the warning is shown
     std::unique_ptr<Ui::dialog_requests> m_ui;
 };

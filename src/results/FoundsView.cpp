@@ -77,6 +77,7 @@ FoundsView::FoundsView(FoundModel& model, const LanguageTable& language, QWidget
     m_icons->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (QAbstractItemView* const view : std::initializer_list<QAbstractItemView*> { m_details, m_icons }) {
         view->setContextMenuPolicy(Qt::ActionsContextMenu);
+        connect(view, &QAbstractItemView::doubleClicked, this, &FoundsView::doubleClicked);
         addWidget(view);
     }
     setMode(FoundsMode::Details);

@@ -41,6 +41,9 @@ public:
     /// False, with the columns as they were, for a state that cannot be used.
     bool restoreColumns(const QByteArray& state);
 
+signals:
+    void doubleClicked();
+
 private:
     [[nodiscard]] QAbstractItemView* current() const;
     [[nodiscard]] QItemSelectionModel& selection() const;

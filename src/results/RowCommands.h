@@ -2,22 +2,37 @@
 #pragma once
 
 #include "base/RowRuns.h"
+#include "base/StepQueue.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <vector>
 
 class DownloadQueue;
 class FoundModel;
 class FoundsView;
+class LanguageTable;
+class Messages;
+class Shell;
+struct FundStück;
 
-/// The commands on the rows of the results list. A row is chosen by being selected or by being marked.
+/// The commands on the rows of the results list. A row is chosen by being selected or by being marked. What may take
+/// long with many rows goes on between other events, with the rows as they were when the command was given.
 class RowCommands {
 public:
     /// All of them must outlive it.
-    RowCommands(FoundModel& model, FoundsView& view, DownloadQueue& downloads);
+    RowCommands(FoundModel& model, FoundsView& view, DownloadQueue& downloads, const LanguageTable& language,
+        Messages& messages, Shell& shell);
 
+    /// Opens the URLs of the marked or the selected rows in the user's browser. Of many the user is asked whether they
+    /// are meant; those that the system is not handed are told of.
+    void open(bool marked);
     /// Hands the URLs of the marked or the selected rows to the download list. The size that it is to expect is the
     /// number that the list shows, whatever its unit.
-    void download(bool marked) const;
+    void download(bool marked);
     /// Puts the URLs of the marked or the selected rows on the clipboard, a line each.
-    void copy(bool marked) const;
+    void copy(bool marked);
     /// Marks the selected rows, or takes their marks away.
     void setMarked(bool marked) const;
     void selectAll() const;
@@ -25,10 +40,21 @@ public:
     /// Selects the marked rows beside those that are selected.
     void selectMarked() const;
 
+    /// The URLs of the marked or the selected rows, in the order of the list.
+    [[nodiscard]] QList<QByteArray> urls(bool marked) const;
+    /// The items of all rows, or of the selected ones, in the order of the list. They live until the list is emptied.
+    [[nodiscard]] std::vector<const FundStück*> items(bool selectedOnly) const;
+    [[nodiscard]] qint64 selectedCount() const;
+
 private:
     [[nodiscard]] RowRuns chosen(bool marked) const;
+    void openAll(const QList<QByteArray>& urls);
 
     FoundModel& m_model;
     FoundsView& m_view;
     DownloadQueue& m_downloads;
+    const LanguageTable& m_language;
+    Messages& m_messages;
+    Shell& m_shell;
+    StepQueue m_work;
 };

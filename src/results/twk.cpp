@@ -23,6 +23,16 @@ QString twk::referenceTypeName(ReferenzTyp typ)
     return {};
 }
 
+ReferenzTyp twk::referenceTypeFrom(QStringView name)
+{
+    for (const ReferenzTyp typ :
+        { ReferenzTyp::Anchor, ReferenzTyp::Link, ReferenzTyp::AnySrc, ReferenzTyp::Frame, ReferenzTyp::Img }) {
+        if (referenceTypeName(typ) == name)
+            return typ;
+    }
+    return ReferenzTyp::Unbekannt;
+}
+
 QString twk::errorText(const SearchFile::LoadResult& result, const LanguageTable& language)
 {
     switch (result.error) {

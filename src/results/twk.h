@@ -14,6 +14,8 @@ namespace twk {
 
 /// The name of a kind of reference, in views and exports of every language; empty for a number that has none.
 [[nodiscard]] QString referenceTypeName(ReferenzTyp typ);
+/// The kind of reference of a name; unknown for any other text.
+[[nodiscard]] ReferenzTyp referenceTypeFrom(QStringView name);
 
 /// What was wrong with a search file, as one line; empty when nothing was.
 [[nodiscard]] QString errorText(const SearchFile::LoadResult& result, const LanguageTable& language);

@@ -70,7 +70,7 @@ void tst_CookieImport::init()
 Messages::Box tst_CookieImport::import(std::unique_ptr<CookieSource> source)
 {
     CookieImport import(std::move(source), m_store);
-    while (!import.runFor(0)) { }
+    while (import.step()) { }
     return cookieImport::report(import.count(), import.error(), m_language);
 }
 

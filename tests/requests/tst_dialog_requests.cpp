@@ -212,9 +212,7 @@ void tst_dialog_requests::importsCookies()
     m_dialogs.choice = file("cookies.txt");
     QVERIFY(writeFile(m_dialogs.choice, QByteArray("h\tx\t/\tx\t0\ta\t1\n").repeated(100)));
     click(window(), button.constData());
-    QVERIFY(!control<QWidget>(window(), "b_deleteSavedCookies").isEnabled());
     QTRY_COMPARE(m_messages.told.size(), 1);
-    QVERIFY(control<QWidget>(window(), "b_deleteSavedCookies").isEnabled());
     const QString text = m_messages.told.first().text;
     QVERIFY(works ? text == QLatin1String("100 Cookies were set.") : text.startsWith(QLatin1String("SQLite: ")));
 }

@@ -66,6 +66,13 @@ struct RecordingShell final : Shell {
     QStringList recentDocuments;
     bool opens = true;
 
+    QList<ProgramCommand> started;
+
+    bool start(const ProgramCommand& command) override
+    {
+        started += command;
+        return opens;
+    }
     bool openFile(const QString& path) override
     {
         openedFiles += path;

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ListFiles.h"
+
+#include "app/CurrentSearch.h"
+#include "base/ErrorReport.h"
+#include "base/FileDialogs.h"
+#include "base/lang.h"
+#include "results/ListReader.h"
+#include "results/ListWriter.h"
+
+#include <QDir>
+
+#include <memory>
+#include <utility>
+
+using listFormat::Format;
+
+namespace {
+
+QList<FileDialogs::FileType> fileTypes(Format format, const LanguageTable& language)
+{
+    const FileDialogs::FileType all { language.text("lang.filetype_all"), QStringLiteral("*") };
+    switch (format) {
+    case Format::Urls:
+        return { { language.text("lang.filetype_txt"), QStringLiteral("*.txt") }, all };
+    case Format::Csv:
+        return { { language.text("lang.filetype_csv"), QStringLiteral("*.csv") }, all };
+    }
+    return {};
+}
+
+} // namespace
+
+ListFiles::ListFiles(CurrentSearch& search, const LanguageTable& language, const Seams& seams)
+    : m_search(search)
+    , m_language(language)
+    , m_seams(seams)
+{
+    connect(&search, &CurrentSearch::imported, this, &ListFiles::takeImported);
+    connect(&search, &CurrentSearch::aboutToDrop, &m_writing, &StepQueue::finish);
+}
+
+void ListFiles::askToImport(Format format)
+{
+    if (format == Format::Urls || std::exchange(m_hasNotedCsv, true)) {
+        openDialog(format);
+        return;
+    }
+    m_seams.messages.tell({ Messages::Sign::Information, text("lang.note"), text("lang.CSVNote") },
+        [this, format] { openDialog(format); });
+}
+
+void ListFiles::openDialog(Format format)
+{
+    const char* const caption = format == Format::Csv ? "main.m_importCsv" : "main.m_importUrlList";
+    m_seams.fileDialogs.open({ LanguageTable::plain(text(caption)), fileTypes(format, m_language), {}, {} },
+        [this, format](const QString& path) {
+            // A search may have been started while the dialog was there.
+            if (m_search.status().canStart())
+                m_search.importList(path, format);
+        });
+}
+
+void ListFiles::takeImported(const QString& fileName, const ListReader& list)
+{
+    if (!list.error().isEmpty())
+        complain("lang.errWhileOpening", fileName, list.error());
+    if (list.unusableCount() == 0)
+        return;
+    QStringList numbers;
+    for (const qint64 number : list.unusable())
+        numbers += QString::number(number);
+    QString lines = text("more.unusableLines").arg(numbers.join(QLatin1String(", ")));
+    if (const qint64 more = list.unusableCount() - list.unusable().size(); more > 0)
+        lines += u' ' + text("more.andMore").arg(more);
+    m_seams.messages.tell(
+        { Messages::Sign::Warning, text("lang.note"), QDir::toNativeSeparators(fileName) + u'\n' + lines });
+}
+
+void ListFiles::askToExport(Format format, const Rows& rows)
+{
+    if (rows.selectedCount < 2) {
+        saveDialog(format, rows.all);
+        return;
+    }
+    m_seams.messages.ask(
+        { Messages::Sign::Question, text("lang.question"), text("more.exportSelected").arg(rows.selectedCount) },
+        [this, format, rows](bool selected) { saveDialog(format, selected ? rows.selected : rows.all); });
+}
+
+void ListFiles::saveDialog(Format format, std::function<Items()> items)
+{
+    const bool csv = format == Format::Csv;
+    const char* const caption = csv ? "main.m_exportAsCsv" : "main.m_exportAsUrlList";
+    m_seams.fileDialogs.save({ LanguageTable::plain(text(caption)), fileTypes(format, m_language), {},
+                                 csv ? QStringLiteral("csv") : QStringLiteral("txt") },
+        [this, format, items = std::move(items)](const QString& path) { write(path, format, items()); });
+}
+
+void ListFiles::write(const QString& fileName, Format format, Items items)
+{
+    const auto file = std::make_shared<ListWriter>(fileName, format, m_language);
+    m_writing.add([this, file, fileName, items = std::move(items), next = size_t { 0 }]() mutable {
+        if (next < items.size()) {
+            file->write(*items[next++]);
+            return true;
+        }
+        if (const auto error = file->commit())
+            complain("lang.errWhileSavingFile", fileName, *error);
+        return false;
+    });
+}
+
+void ListFiles::complain(const char* doing, const QString& fileName, const QString& detail)
+{
+    m_seams.messages.tell(errorReport(m_language, doing, QDir::toNativeSeparators(fileName) + u'\n' + detail));
+}
+
+QString ListFiles::text(const char* key) const
+{
+    return m_language.text(key);
+}

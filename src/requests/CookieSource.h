@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "requests/CookieStore.h"
+
+#include <optional>
+
+/// A cookie as a browser holds it, with the host or the domain that it recorded.
+struct ForeignCookie {
+    QByteArray host;
+    Cookie cookie;
+};
+
+/// Why not all cookies of a browser could be had.
+struct ImportError {
+    enum Where {
+        NoStore, ///< there is no such browser here
+        TooLarge, ///< `text` names a file that is larger than a browser's would be
+        File, ///< `text` names the file, and says what the system says of it
+        Database, ///< `text` is what the database library says, and the file
+        CookieFile, ///< of the host `text`: the program's own, which cannot be written
+    };
+    Where where;
+    QString text;
+};
+
+/// The cookies of a browser, one after the other.
+class CookieSource {
+public:
+    virtual ~CookieSource() = default;
+
+    /// The next cookie; nothing at the end.
+    [[nodiscard]] virtual std::optional<ForeignCookie> next() = 0;
+    /// The first failure, which may have left cookies out.
+    [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
+
+protected:
+    /// In bytes. No file of a browser with cookies in it comes near.
+    static constexpr qint64 largestFile = 256 * 1024 * 1024;
+
+    void fail(ImportError::Where where, const QString& text)
+    {
+        if (!m_error)
+            m_error = { where, text };
+    }
+
+private:
+    std::optional<ImportError> m_error;
+};

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/ListReader.h"
+
+#include "base/allgemein.h"
+
+namespace {
+
+/// In bytes. A URL may be 64 KiB long, and the name of its file as well.
+constexpr qint64 longestLine = 256 * 1024;
+
+constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
+
+} // namespace
+
+ListReader::ListReader(const QString& fileName, listFormat::Format format)
+    : m_file(fileName)
+    , m_format(format)
+{
+    if (!m_file.open(QIODevice::ReadOnly))
+        m_error = m_file.errorString();
+}
+
+bool ListReader::readLine(const std::function<void(FundStück item)>& take)
+{
+    auto line = m_file.isOpen() ? allgemein::readLine(m_file, longestLine) : std::nullopt;
+    if (!line)
+        return end();
+    if (!m_isRest) {
+        ++m_number;
+        takeLine(line->isPiece ? QByteArray("too long") : line->text, take);
+    }
+    m_isRest = line->isPiece;
+    return true;
+}
+
+void ListReader::takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take)
+{
+    constexpr qsizetype most = 20;
+    const QByteArray text = m_number == 1 && line.startsWith(utf8Mark) ? line.sliced(utf8Mark.size()) : line;
+    const bool isNothing = text.trimmed().isEmpty() || (m_number == 1 && listFormat::isHeaderLine(m_format, text));
+    if (isNothing)
+        return;
+    if (auto item = listFormat::itemFrom(m_format, text))
+        take(std::move(*item));
+    else if (++m_unusableCount <= most)
+        m_unusable += m_number;
+}
+
+bool ListReader::end()
+{
+    if (m_file.isOpen() && m_file.error() != QFile::NoError)
+        m_error = m_file.errorString();
+    m_file.close();
+    return false;
+}

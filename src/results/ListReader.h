@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "results/ListFormat.h"
+
+#include <QFile>
+#include <QList>
+
+#include <functional>
+
+/// Reads a list of URLs, or of the columns of found items, from a file.
+class ListReader {
+public:
+    ListReader(const QString& fileName, listFormat::Format format);
+
+    /// Hands the item of the next line to `take`, if the line has one. False at the end of the file.
+    [[nodiscard]] bool readLine(const std::function<void(FundStück item)>& take);
+
+    /// What the system says if the file cannot be read (to its end); empty otherwise.
+    [[nodiscard]] const QString& error() const { return m_error; }
+    /// The numbers, from 1, of the first lines without a usable URL. Empty lines do not count.
+    [[nodiscard]] const QList<qint64>& unusable() const { return m_unusable; }
+    [[nodiscard]] qint64 unusableCount() const { return m_unusableCount; }
+
+private:
+    void takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take);
+    [[nodiscard]] bool end();
+
+    QFile m_file;
+    listFormat::Format m_format;
+    QString m_error;
+    qint64 m_number = 0;
+    bool m_isRest = false; ///< of a line that is too long
+    QList<qint64> m_unusable;
+    qint64 m_unusableCount = 0;
+};

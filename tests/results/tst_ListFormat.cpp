@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/ListFormat.h"
+#include "base/lang.h"
+#include "results/ListReader.h"
+#include "results/ListWriter.h"
+#include "results/SearchFile.h"
+#include "support/Text.h"
+
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+using listFormat::Format;
+Q_DECLARE_METATYPE(Format)
+
+class tst_ListFormat : public QObject {
+    Q_OBJECT
+
+private slots:
+    void readsLines_data();
+    void readsLines();
+    void writesColumns();
+    void roundTrips();
+    void runsNoFormulas_data();
+    void runsNoFormulas();
+    void anyTextComesBack();
+    void readsFiles_data();
+    void readsFiles();
+    void tellsWhatCannotBeWritten();
+
+private:
+    QTemporaryDir m_folder;
+    LanguageTable m_language;
+};
+
+void tst_ListFormat::readsLines_data()
+{
+    QTest::addColumn<Format>("format");
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("url");
+    const auto url = [](const char* name, const QByteArray& line, const char* expected) {
+        QTest::newRow(name) << Format::Urls << line << QByteArray(expected);
+    };
+    url("a URL", "http://h/a b?c=d", "http://h/a b?c=d");
+    url("blanks around it", "  http://h/ \t", "http://h/");
+    url("no protocol", "www.example.org/x", "http://www.example.org/x");
+    url("another protocol", "ftp://h/x", "ftp://h/x");
+    url("a port", "h:8080/x", "http://h:8080/x");
+    url("a byte that would break the line", QByteArrayLiteral("http://h/a\0b"), "http://h/a%00b");
+    url("a mail address", "mailto:a@example.org", "");
+    url("a script", "javascript:alert(1)", "");
+    url("a sentence", "see also the other list", "");
+    url("a comment", "# http://h/", "");
+    url("no host", "http:///x", "");
+    url("nothing", "", "");
+    url("too long", "http://h/" + QByteArray(100'000, 'x'), "");
+    const auto csv = [](const char* name, const char* line, const char* expected) {
+        QTest::newRow(name) << Format::Csv << QByteArray(line) << QByteArray(expected);
+    };
+    csv("all columns", "x\ttext/html\t1\t2\t200\tanchor\tde\thttp://h/x", "http://h/x");
+    csv("more columns", "x\ttext/html\t1\t2\t200\tanchor\tde\thttp://h/x\tmore", "http://h/x");
+    csv("two columns", "x\thttp://h/x", "http://h/x");
+    csv("the URL alone", "http://h/x", "http://h/x");
+    csv("no URL in its place", "x\ttext/html\t1\t2\t200\tanchor\tde\t", "");
+}
+
+void tst_ListFormat::readsLines()
+{
+    QFETCH(Format, format);
+    QFETCH(QByteArray, line);
+    const auto item = listFormat::itemFrom(format, line);
+    QTEST(item ? item->adresse : QByteArray(), "url");
+    if (item && line.count('\t') < 7)
+        QVERIFY(item->tiefe == 0 && item->statusCode == 0 && item->zustand == Zustand::NichtGeholt);
+}
+
+void tst_ListFormat::writesColumns()
+{
+    FundStück item;
+    item.adresse = "http://h:80/a/b.html?x";
+    item.mimeTyp = "text/html";
+    item.groesse = -1;
+    item.tiefe = 2;
+    item.statusCode = 404;
+    item.referenzTyp = ReferenzTyp::AnySrc;
+    item.sprache = "de\ten";
+    QCOMPARE(listFormat::itemLine(Format::Urls, item), "http://h:80/a/b.html?x");
+    QCOMPARE(listFormat::itemLine(Format::Csv, item),
+        "b.html?x\ttext/html\t?\t2\t404\t? src\tde%09en\thttp://h:80/a/b.html?x");
+    m_language.set("main.l_founds.ColumnHeaders(2)", QStringLiteral("=x"));
+    const QByteArray header = listFormat::headerLine(Format::Csv, m_language);
+    QCOMPARE(header.count('\t'), 7);
+    QVERIFY(header.contains("\t'=x\t"));
+    QVERIFY(listFormat::isHeaderLine(Format::Csv, header));
+    QVERIFY(listFormat::headerLine(Format::Urls, m_language).isEmpty());
+}
+
+void tst_ListFormat::roundTrips()
+{
+    const QByteArray lines = "http://h:80/a\ttext/html\t5000000000\t1\t4\t200\t1\tde\t\n"
+                             "http://h:80/b?x,=1\t=cmd\t-1\t2\t4\t404\t4\t+x\t\n"
+                             "https://h:80/'@c\t\t0\t3\t0\t0\t0\t\t\n"
+                             "ftp://h:80/\xff\t?\t-1\t0\t4\t200\t5\t-\t";
+    for (const QByteArray& line : lines.split('\n')) {
+        const FundStück item = *SearchFile::itemFrom(line);
+        const auto read = listFormat::itemFrom(Format::Csv, listFormat::itemLine(Format::Csv, item));
+        QVERIFY(read);
+        QCOMPARE(SearchFile::itemLine(*read), line);
+        QCOMPARE(listFormat::itemFrom(Format::Urls, listFormat::itemLine(Format::Urls, item))->adresse, item.adresse);
+    }
+}
+
+void tst_ListFormat::runsNoFormulas_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<QByteArray>("type");
+    for (const char* formula : { "=cmd|' /C calc'!A0", "+1", "-1", "@SUM(1)", "\"=1\"", "'=1" }) {
+        QTest::newRow(formula) << QByteArray("http://h:80/") << QByteArray(formula);
+        QTest::addRow("behind a comma: %s", formula) << QByteArray("http://h:80/") << QByteArray("x,") + formula;
+        QTest::addRow("a file name: %s", formula) << QByteArray("http://h:80/") + formula << QByteArray("text/html");
+        QTest::addRow("a URL: %s", formula) << QByteArray(formula) << QByteArray("text/html");
+    }
+}
+
+/// Cuts a line at every place where a spreadsheet program may begin a cell, and looks at how the cells begin.
+void tst_ListFormat::runsNoFormulas()
+{
+    FundStück item;
+    QFETCH(QByteArray, url);
+    QFETCH(QByteArray, type);
+    item.adresse = url;
+    item.mimeTyp = type;
+    for (const char separator : { '\t', ',', ';', ' ' }) {
+        for (QByteArray cell : listFormat::itemLine(Format::Csv, item).split(separator)) {
+            while (cell.startsWith('"'))
+                cell.remove(0, 1);
+            QVERIFY2(cell.isEmpty() || !QByteArrayView("=+-@").contains(cell.front()), cell.constData());
+        }
+    }
+    QVERIFY(!QByteArrayView("=+-@\"").contains(listFormat::itemLine(Format::Urls, item).front()));
+}
+
+void tst_ListFormat::anyTextComesBack()
+{
+    QRandomGenerator random(1);
+    constexpr QByteArrayView signs = "'''==+-@\",; x";
+    for (int turn = 0; turn < 20'000; ++turn) {
+        FundStück item;
+        item.adresse = "http://h:80/";
+        for (qint64 count = random.bounded(8); count > 0; --count)
+            item.mimeTyp += signs[random.bounded(static_cast<int>(signs.size()))];
+        const QByteArray line = listFormat::itemLine(Format::Csv, item);
+        QCOMPARE(listFormat::itemFrom(Format::Csv, line)->mimeTyp, item.mimeTyp);
+    }
+}
+
+void tst_ListFormat::readsFiles_data()
+{
+    QTest::addColumn<Format>("format");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QList<qint64>>("unusable");
+    QTest::newRow("URLs") << Format::Urls << QByteArray("http://h/\r\n\r\nmailto:x\nh/2") << 2 << QList<qint64> { 3 };
+    QTest::newRow("with the mark of UTF-8")
+        << Format::Urls << QByteArray("\xef\xbb\xbfhttp://h/\n") << 1 << QList<qint64>();
+    QTest::newRow("columns with their names")
+        << Format::Csv << QByteArray("a\tb\tc\td\te\tf\tg\tUrl\r\n\t\t\t\t\t\t\thttp://h/\r\nx\n") << 2
+        << QList<qint64>();
+    QTest::newRow("columns without names")
+        << Format::Csv << QByteArray("http://h/\n\tjavascript:x\n") << 1 << QList<qint64> { 2 };
+    QTest::newRow("a line that is too long")
+        << Format::Urls << "http://h/1\nhttp://h/" + QByteArray(1'000'000, 'x') + "\nhttp://h/3\n"
+        << 2 << QList<qint64> { 2 };
+    QTest::newRow("only rubbish") << Format::Urls << QByteArray("mailto:\n").repeated(30) << 0
+                                  << QList<qint64> { 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19,
+                                         20 };
+}
+
+void tst_ListFormat::readsFiles()
+{
+    QFETCH(Format, format);
+    QFETCH(QByteArray, content);
+    const QString name = m_folder.filePath(QStringLiteral("list"));
+    QVERIFY(writeFile(name, content));
+    ListReader reader(name, format);
+    int count = 0;
+    while (reader.readLine([&](const FundStück&) { ++count; })) { }
+    QTEST(count, "count");
+    QTEST(reader.unusable(), "unusable");
+    QVERIFY(reader.error().isEmpty());
+    ListReader none(m_folder.filePath(QStringLiteral("none")), format);
+    QVERIFY(!none.readLine([](const FundStück&) {}));
+    QVERIFY(!none.error().isEmpty());
+}
+
+void tst_ListFormat::tellsWhatCannotBeWritten()
+{
+    ListWriter writer(m_folder.filePath(QStringLiteral("no/folder.csv")), Format::Csv, m_language);
+    writer.write({});
+    QVERIFY(writer.commit().has_value());
+}
+
+QTEST_GUILESS_MAIN(tst_ListFormat)
+#include "tst_ListFormat.moc"

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/OpenBy.h"
+#include "app/DesktopShell.h"
+#include "base/lang.h"
+#include "results/dialog_openBy.h"
+#include "support/TestSeams.h"
+#include "support/Text.h"
+#include "support/WindowDriver.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Urls = QList<QByteArray>;
+
+class tst_OpenBy : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void buildsCommandLines_data();
+    void buildsCommandLines();
+    void handsOnlyTheWebToTheSystem_data();
+    void handsOnlyTheWebToTheSystem();
+    void startsRealPrograms_data();
+    void startsRealPrograms();
+    void startsFromTheDialog();
+    void staysWhenNothingStarts();
+    void asksBeforeManyPrograms();
+    void everyCaptionHasItsKey();
+
+private:
+    void confirm(const Urls& urls);
+    [[nodiscard]] QLineEdit& field(const char* name) const { return control<QLineEdit>(*m_dialog, name); }
+
+    LanguageTable m_language;
+    AnsweredMessages m_messages;
+    AnsweredFileDialogs m_dialogs;
+    RecordingShell m_shell;
+    std::unique_ptr<dialog_openBy> m_dialog;
+};
+
+void tst_OpenBy::init()
+{
+    m_messages = {};
+    m_dialogs = {};
+    m_shell = {};
+    m_dialog = std::make_unique<dialog_openBy>(m_language, m_messages, m_dialogs, m_shell, nullptr);
+}
+
+void tst_OpenBy::confirm(const Urls& urls)
+{
+    m_dialog->run([urls] { return urls; });
+    click(*m_dialog, "b_ok");
+}
+
+void tst_OpenBy::buildsCommandLines_data()
+{
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<Urls>("urls");
+    QTest::addColumn<bool>("one");
+    QTest::addColumn<QStringList>("lines");
+    const QString quoted = QStringLiteral("\"C:\\p.exe\" ");
+    const auto row = [&](const char* name, const QString& parameter, const Urls& urls, bool one,
+                         const QStringList& rest) {
+        QStringList lines;
+        for (const QString& text : rest)
+            lines += quoted + text;
+        QTest::newRow(name) << parameter << urls << one << lines;
+    };
+    row("no parameter", {}, { "http://h/" }, false, { QStringLiteral("http://h/") });
+    row("a parameter follows at once", QStringLiteral("-x"), { "http://h/" }, false, { QStringLiteral("-xhttp://h/") });
+    row("a parameter that stands apart", QStringLiteral("-x "), { "http://h/" }, false,
+        { QStringLiteral("-x http://h/") });
+    row("one for each", {}, { "http://h/1", "http://h/2" }, false,
+        { QStringLiteral("http://h/1"), QStringLiteral("http://h/2") });
+    row("one for all", {}, { "http://h/1", "http://h/2", "ftp://h/3" }, true,
+        { QStringLiteral(" http://h/1 http://h/2 ftp://h/3") });
+    row("one for all with a parameter", QStringLiteral("-x"), { "http://h/1", "http://h/2" }, true,
+        { QStringLiteral("-x http://h/1 http://h/2") });
+    row("no URL", QStringLiteral("-x"), {}, true, {});
+    row("blanks and quotes", {}, { "http://h/a b\"c\td" }, false, { QStringLiteral("http://h/a%20b%22c%09d") });
+    row("a blank beyond ASCII", {}, { "http://h/a\xc2\xa0--x" }, false, { QStringLiteral("http://h/a%C2%A0--x") });
+    row("no options", {}, { "--evil=://", "/evil:x", "-o:", "evil", ":x", "http://h/" }, true,
+        { QStringLiteral(" http://h/") });
+}
+
+void tst_OpenBy::buildsCommandLines()
+{
+    QFETCH(QString, parameter);
+    QFETCH(Urls, urls);
+    QFETCH(bool, one);
+    QStringList lines;
+    for (const ProgramCommand& command : openBy::commands(QStringLiteral("C:\\p.exe"), parameter, urls, one))
+        lines += command.line();
+    QTEST(lines, "lines");
+}
+
+void tst_OpenBy::handsOnlyTheWebToTheSystem_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<bool>("opened");
+    for (const char* url : { "http://h/", "HTTPS://h/", "ftp://h/x" })
+        QTest::newRow(url) << QByteArray(url) << true;
+    for (const char* url :
+        { "file:///etc/passwd", "javascript:alert(1)", "mailto:x", "http:x", "C:\\x.exe", "", "://h" })
+        QTest::newRow(*url ? url : "nothing") << QByteArray(url) << false;
+}
+
+void tst_OpenBy::handsOnlyTheWebToTheSystem()
+{
+    QFETCH(QByteArray, url);
+    QTEST(openBy::isForTheSystem(url), "opened");
+}
+
+void tst_OpenBy::startsRealPrograms_data()
+{
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<Urls>("urls");
+    QTest::addColumn<QStringList>("arguments");
+    const auto row = [](const char* name, const char* parameter, const Urls& urls, const QStringList& arguments) {
+        QTest::newRow(name) << QString::fromUtf8(parameter) << urls << arguments;
+    };
+    row("nothing but the URL", "", { "http://h/" }, { QStringLiteral("http://h/") });
+    row("what a shell would act on", "", { "http://h/$(x)`y`;z|w&v>u<t*?~!#'\\^%PATH%" },
+        { QStringLiteral("http://h/$(x)`y`;z|w&v>u<t*?~!#'\\^%PATH%") });
+    row("a parameter with quotes", "-a \"b c\" -u ", { "http://h/" },
+        { QStringLiteral("-a"), QStringLiteral("b c"), QStringLiteral("-u"), QStringLiteral("http://h/") });
+    row("a parameter that follows at once", "--url=", { "http://h/a b" }, { QStringLiteral("--url=http://h/a%20b") });
+}
+
+void tst_OpenBy::startsRealPrograms()
+{
+    QFETCH(QString, parameter);
+    QFETCH(Urls, urls);
+    QFETCH(QStringList, arguments);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("arguments"));
+    qputenv("TARNWICK_ARGUMENTS_FILE", file.toLocal8Bit());
+    const auto commands = openBy::commands(QStringLiteral(TARNWICK_ARGUMENTS), parameter, urls, false);
+    QVERIFY(DesktopShell().start(commands.first()));
+    QTRY_VERIFY_WITH_TIMEOUT(contentOf(file).endsWith("end\n"), 20'000);
+    QCOMPARE(QString::fromUtf8(contentOf(file)), arguments.join(u'\n') + QLatin1String("\nend\n"));
+    QVERIFY(!DesktopShell().start({ folder.filePath(QStringLiteral("none")), {} }));
+}
+
+void tst_OpenBy::startsFromTheDialog()
+{
+    QVERIFY(!control<QWidget>(*m_dialog, "b_ok").isEnabled());
+    m_dialogs.choice = QStringLiteral("/usr/bin/player");
+    click(*m_dialog, "b_programmAussuchen");
+    QCOMPARE(m_dialogs.requests.value(0).types.value(0).label, m_language.text("lang.filetype_executable"));
+    field("parameter").setText(QStringLiteral("-x "));
+    confirm({ "http://h/1", "http://h/2" });
+    QVERIFY(!m_dialog->isVisible());
+    QTRY_COMPARE(m_shell.started.size(), 2);
+    QCOMPARE(m_shell.started.last().arguments, QStringLiteral("-x http://h/2"));
+    QCOMPARE(QDir::fromNativeSeparators(m_shell.started.last().program), m_dialogs.choice);
+    control<QCheckBox>(*m_dialog, "c_oneInstance").setChecked(true);
+    confirm({ "http://h/1", "http://h/2" });
+    QCOMPARE(m_shell.started.value(2).arguments, QStringLiteral("-x  http://h/1 http://h/2"));
+    confirm({});
+    QCOMPARE(m_shell.started.size(), 3);
+    QVERIFY(m_messages.told.isEmpty());
+}
+
+void tst_OpenBy::staysWhenNothingStarts()
+{
+    m_shell.opens = false;
+    field("programmPfad").setText(QStringLiteral("none"));
+    confirm({ "http://h/1", "http://h/2" });
+    QVERIFY(m_dialog->isVisible());
+    QCOMPARE(m_shell.started.size(), 1);
+    QCOMPARE(m_messages.told.size(), 1);
+    QCOMPARE(m_messages.told.first().text, m_language.text("lang.errWhileExe") + QStringLiteral("\nnone"));
+}
+
+void tst_OpenBy::asksBeforeManyPrograms()
+{
+    field("programmPfad").setText(QStringLiteral("p"));
+    m_messages.answer = false;
+    confirm(Urls(21, "http://h/"));
+    QVERIFY(m_shell.started.isEmpty());
+    m_messages.answer = true;
+    confirm(Urls(21, "http://h/"));
+    QTRY_COMPARE(m_shell.started.size(), 21);
+    QCOMPARE(m_messages.asked.size(), 2);
+    confirm(Urls(20, "http://h/"));
+    QCOMPARE(m_messages.asked.size(), 2);
+}
+
+void tst_OpenBy::everyCaptionHasItsKey()
+{
+    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
+        m_language.selectBuiltIn(language);
+        QCOMPARE(wrongCaptions(*m_dialog, m_language, { QStringLiteral("b_programmAussuchen") }), QStringList());
+    }
+    m_language.selectBuiltIn(LanguageTable::English);
+}
+
+QTEST_MAIN(tst_OpenBy)
+
+#include "tst_OpenBy.moc"
