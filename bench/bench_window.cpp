@@ -11,7 +11,11 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QFile>
 #include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -67,11 +71,55 @@ public:
         m_session.filter.urlSwitch = FilterSwitch::Off;
         waitFor("a filter that shows all again", apply);
         waitFor("all shown already", apply);
+        measureCommands();
     }
 
     void showAs(const char* mode) { m_window.findChild<QAction*>(QString::fromLatin1(mode))->trigger(); }
 
 private:
+    /// The commands on rows, with all of them selected. Some go on between events: they are waited for.
+    void measureCommands()
+    {
+        const auto command = [this](const char* entry) { m_window.findChild<QAction*>(QLatin1String(entry))->trigger(); };
+        const auto once = [&](const char* entry) {
+            waitFor(entry, [&] {
+                command(entry);
+                QTimer::singleShot(100, qApp, &QCoreApplication::quit);
+            });
+        };
+        for (const char* entry : { "m_selectAll", "m_selectedMark", "m_selectedInvert", "m_markedSelect" })
+            once(entry);
+        QObject::connect(
+            QApplication::clipboard(), &QClipboard::dataChanged, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        waitFor("m_selectedToClipboard", [&] { command("m_selectedToClipboard"); });
+        QTemporaryDir folder;
+        for (const char* entry : { "m_exportAsUrlList", "m_exportAsCsv" }) {
+            m_dialogs.choice = folder.filePath(QLatin1String(entry));
+            waitFor(entry, [&] {
+                command(entry);
+                quitWhen([this] { return QFile::exists(m_dialogs.choice); });
+            });
+        }
+        m_session.downloads.settings().startImmediately = false;
+        waitFor("m_selectedDownload", [&] {
+            command("m_selectedDownload");
+            quitWhen([this] { return m_session.downloads.count() >= m_items; });
+        });
+        once("m_selectedDemark");
+    }
+
+    template <typename Condition> void quitWhen(Condition condition)
+    {
+        QObject::disconnect(m_polled);
+        m_polled = QObject::connect(&m_poll, &QTimer::timeout, qApp, [this, condition] {
+            if (condition()) {
+                m_poll.stop();
+                QCoreApplication::quit();
+            }
+        });
+        m_poll.start(20);
+    }
+
     template <typename Begin> void waitFor(const char* what, Begin begin)
     {
         const Heartbeat heartbeat;
@@ -92,6 +140,8 @@ private:
     AnsweredPicker m_picker;
     FilledRegistry m_registry;
     MainWindow m_window;
+    QTimer m_poll;
+    QMetaObject::Connection m_polled;
 };
 
 } // namespace
