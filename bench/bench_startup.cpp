@@ -119,7 +119,7 @@ int compare(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     const QTemporaryDir home;
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("TARNWICK_DATA", home.path().toLocal8Bit());
     Times program;
     Times empty;
     for (int turn = 0; turn < turns; ++turn) {

@@ -80,7 +80,9 @@ private:
     /// The commands on rows, with all of them selected. Some go on between events: they are waited for.
     void measureCommands()
     {
-        const auto command = [this](const char* entry) { m_window.findChild<QAction*>(QLatin1String(entry))->trigger(); };
+        const auto command = [this](const char* entry) {
+            m_window.findChild<QAction*>(QLatin1String(entry))->trigger();
+        };
         const auto once = [&](const char* entry) {
             waitFor(entry, [&] {
                 command(entry);

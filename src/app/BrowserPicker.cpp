@@ -19,9 +19,6 @@ namespace {
 
 QString libraryIn(const QStringList& folders)
 {
-    // The browser's library ends a program that runs with all rights.
-    if (platform::isSuperuser() && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX"))
-        return {};
     for (const QString& folder : folders) {
         const QString file = QDir(folder).filePath(QStringLiteral(TARNWICK_BROWSER));
         if (QFileInfo::exists(file))
@@ -45,6 +42,15 @@ QStringList BrowserPicker::usualFolders()
 {
     const QString program = QApplication::applicationDirPath();
     return { program, program + QLatin1String("/../lib/tarnwick") };
+}
+
+const char* BrowserPicker::obstacle() const
+{
+    if (m_library.isEmpty())
+        return "more.noPicker";
+    // The browser's library ends a program that runs with all rights.
+    const bool isRefused = platform::isSuperuser() && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX");
+    return isRefused ? "more.pickerForAdmin" : nullptr;
 }
 
 bool BrowserPicker::makeDialog()

@@ -21,7 +21,7 @@ public:
     /// Where the library is beside the program, or where it is installed.
     [[nodiscard]] static QStringList usualFolders();
 
-    [[nodiscard]] bool isAvailable() const override { return !m_library.isEmpty(); }
+    [[nodiscard]] const char* obstacle() const override;
     void pickUrl(const QByteArray& url, std::function<void(const QByteArray& url)> picked) override;
 
 private:

@@ -114,6 +114,7 @@ void MainWindow::wireSearch()
     connect(&run, &SearchRun::recorded, this, [this](FundKnoten* knoten) {
         m_founds.offer(knoten);
         m_hosts.add(knoten->inhalt);
+        m_filter->mimeTypes().meet(knoten->inhalt.mimeTyp);
         m_statusUpdate.start();
     });
     connect(&run, &SearchRun::refreshed, this, [this](FundKnoten* knoten) {
@@ -129,6 +130,7 @@ void MainWindow::wireSearch()
     connect(&run, &SearchRun::cleared, this, &MainWindow::forgetViews);
     connect(&run, &SearchRun::finished, this, &MainWindow::rebuildViews);
     connect(&m_search, &CurrentSearch::changed, this, &MainWindow::updateStatus);
+    connect(&m_search, &CurrentSearch::aboutToDrop, this, [this] { m_rowCommands.finish(); });
     connect(&m_files, &SearchFiles::opened, this, &MainWindow::showOpened);
     connect(m_newSearch, &dialog_getSearch::confirmed, this, &MainWindow::startSearch);
 }
@@ -173,7 +175,7 @@ void MainWindow::wireLists()
     const auto exports = [this](QAction* action, listFormat::Format format) {
         connect(action, &QAction::triggered, this, [this, format] {
             m_lists.askToExport(format,
-                { [this] { return m_rowCommands.items(false); }, [this] { return m_rowCommands.items(true); },
+                { [this] { return m_rowCommands.allItems(); }, [this] { return m_rowCommands.selectedItems(); },
                     m_rowCommands.selectedCount() });
         });
     };
@@ -352,6 +354,7 @@ void MainWindow::updateStatus()
     m_menus.m_searchStop->setEnabled(status.canStop());
     for (QAction* const action : { m_menus.m_searchOpen, m_menus.m_importUrlList, m_menus.m_importCsv })
         action->setEnabled(status.canStart());
+    m_menus.m_requests->setEnabled(!status.opening); // the file may bring others
     updateTitle();
 }
 
@@ -391,8 +394,14 @@ void MainWindow::restoreState()
     m_menus.m_filterAutoApply->setChecked(windows.filterAutoApply);
     m_menus.m_autoOpenDLM->setChecked(windows.autoOpenDLM);
     m_menus.m_resolve3xx->setChecked(m_session.downloads.settings().followRelocation);
-    if (!windows.langFile.isEmpty())
-        m_language.resume(windows.langFile);
+}
+
+void MainWindow::resumeLanguage()
+{
+    if (m_session.windows.langFile.isEmpty())
+        return;
+    m_language.resume(m_session.windows.langFile);
+    applyCaptions(); // also where nothing of it could be read
 }
 
 void MainWindow::rememberState()
@@ -409,7 +418,8 @@ void MainWindow::rememberState()
         windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
     windows.langFile = m_language.fileName();
     m_session.views.mainPlace = windowPlace::placeOf(*this);
-    m_session.views.downloadsPlace = windowPlace::placeOf(*m_downloads);
+    if (const auto place = windowPlace::placeOf(*m_downloads))
+        m_session.views.downloadsPlace = place;
     m_session.views.columns = m_list->columnState();
     m_session.views.downloadsColumns = m_downloads->list().columnState();
 }

@@ -41,6 +41,8 @@ public:
     void open(const QString& fileName);
     /// Puts the windows in the state that the session holds: what it was when the program last ended.
     void restoreState();
+    /// Reads the language file that was in use then. It may have something to say, so call it when the window is shown.
+    void resumeLanguage();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -10,6 +10,9 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <array>
+#include <variant>
+
 namespace {
 
 /// In bytes. No setting is longer; the longest is a URL.
@@ -17,44 +20,64 @@ constexpr qint64 longestLine = 1024 * 1024;
 /// In bytes. What follows is not read: a program must start.
 constexpr qint64 largestFile = 16 * 1024 * 1024;
 
-/// A key of the program's own, beside those of the search options and of the request preferences.
-struct OwnKey {
-    QByteArrayView key;
+/// A key that is read and written in a way of its own.
+struct Special {
     void (*read)(Session& session, const QByteArray& value);
     /// The values to write, each on a line of its own.
     QByteArrayList (*values)(Session& session);
 };
+// Where in the session a simple value is: a switch, a whole number that is not negative, or how a list of the filter is
+// used.
+using Switch = bool& (*)(Session& session);
+using Number = qint32& (*)(Session& session);
+using LargeNumber = qint64& (*)(Session& session);
+using Mode = FilterSwitch& (*)(Session& session);
 
-/// A switch, which `of` finds in the session.
-template <auto of> constexpr OwnKey onOff(QByteArrayView key)
+/// A key of the program's own, beside those of the search options and of the request preferences.
+struct OwnKey {
+    QByteArrayView key;
+    std::variant<Special, Switch, Number, LargeNumber, Mode> place;
+};
+
+void readTo(Session& session, const QByteArray& value, const Special& special)
 {
-    return { key, [](Session& session, const QByteArray& value) { of(session) = allgemein::readSwitch(value); },
-        [](Session& session) -> QByteArrayList {
-            return { allgemein::writeSwitch(of(session)) };
-        } };
+    special.read(session, value);
 }
 
-/// A whole number that is not negative, which `of` finds in the session.
-template <auto of> constexpr OwnKey number(QByteArrayView key)
+void readTo(Session& session, const QByteArray& value, Switch of)
 {
-    return { key,
-        [](Session& session, const QByteArray& value) { of(session) = qMax(0, allgemein::leadingNumber32(value)); },
-        [](Session& session) -> QByteArrayList {
-            return { QByteArray::number(of(session)) };
-        } };
+    of(session) = allgemein::readSwitch(value);
 }
 
-/// How a list of the filter is used, which `of` finds in the session.
-template <auto of> constexpr OwnKey filterMode(QByteArrayView key)
+void readTo(Session& session, const QByteArray& value, Number of)
 {
-    return { key,
-        [](Session& session, const QByteArray& value) {
-            const qint64 mode = allgemein::leadingNumber(value);
-            of(session) = mode == 1 || mode == 2 ? static_cast<FilterSwitch>(mode) : FilterSwitch::Off;
-        },
-        [](Session& session) -> QByteArrayList {
-            return { QByteArray::number(static_cast<int>(of(session))) };
-        } };
+    of(session) = qMax(0, allgemein::leadingNumber32(value));
+}
+
+void readTo(Session& session, const QByteArray& value, LargeNumber of)
+{
+    of(session) = qMax(0, allgemein::leadingNumber32(value));
+}
+
+void readTo(Session& session, const QByteArray& value, Mode of)
+{
+    const qint64 mode = allgemein::leadingNumber(value);
+    of(session) = mode == 1 || mode == 2 ? static_cast<FilterSwitch>(mode) : FilterSwitch::Off;
+}
+
+QByteArrayList valuesOf(Session& session, const Special& special)
+{
+    return special.values(session);
+}
+
+QByteArrayList valuesOf(Session& session, Switch of)
+{
+    return { allgemein::writeSwitch(of(session)) };
+}
+
+template <typename Integer> QByteArrayList valuesOf(Session& session, Integer& (*of)(Session& session))
+{
+    return { QByteArray::number(static_cast<qint64>(of(session))) };
 }
 
 void readTarget(Session& session, const QByteArray& value)
@@ -68,15 +91,15 @@ void readTarget(Session& session, const QByteArray& value)
 void readLanguage(Session& session, const QByteArray& value)
 {
     session.windows.langFile.clear();
-    session.language.selectBuiltIn(allgemein::leadingNumber32(value));
+    session.windows.builtInLanguage = allgemein::leadingNumber32(value);
 }
 
-QByteArrayList languageValue(Session& session)
+QByteArrayList languageIndex(Session& session)
 {
     return { QByteArray::number(session.windows.langFile.isEmpty() ? session.language.builtIn() : -1) };
 }
 
-QByteArrayList languageFileValue(Session& session)
+QByteArrayList languageFiles(Session& session)
 {
     const QString& file = session.windows.langFile;
     return file.isEmpty() ? QByteArrayList() : QByteArrayList { allgemein::toSystem(file) };
@@ -89,6 +112,13 @@ void readMimeType(Session& session, const QByteArray& value)
         types.insert(value).listed = true;
 }
 
+void readUrlPart(Session& session, const QByteArray& value)
+{
+    constexpr qsizetype most = 5000;
+    if (!value.isEmpty() && session.filter.filterTexte.size() < most)
+        session.filter.filterTexte += value;
+}
+
 QByteArrayList mimeTypes(Session& session)
 {
     QByteArrayList types;
@@ -97,134 +127,62 @@ QByteArrayList mimeTypes(Session& session)
     return types;
 }
 
+DownloadSettings& downloads(Session& session)
+{
+    return session.downloads.settings();
+}
+
+const Special targetValue { &readTarget, [](Session& session) {
+                               return QByteArrayList { allgemein::toSystem(downloads(session).target) };
+                           } };
+const Special languageValue { &readLanguage, &languageIndex };
+const Special languageFileValue { [](Session& session, const QByteArray& value) {
+                                     session.windows.langFile = allgemein::fromSystem(value);
+                                 },
+    &languageFiles };
+const Special mimeListValue { &readMimeType, &mimeTypes };
+const Special urlListValue { &readUrlPart, [](Session& session) -> QByteArrayList {
+                                return session.filter.filterTexte;
+                            } };
+
 /// In the order in which they are written.
-constexpr std::array ownKeys { OwnKey { "DLTarget", &readTarget,
-                                   [](Session& session) -> QByteArrayList {
-                                       return { allgemein::toSystem(session.downloads.settings().target) };
-                                   } },
-    onOff < [](Session& s) -> auto& { return s.downloads.settings().naming.dirByUrl;
-} // namespace
-> ("c_DirByUrl"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().naming.renameForMS;
-}
-> ("c_RenameForMS"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().naming.extByMIME;
-}
-> ("c_extByMIME"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().overwrite;
-}
-> ("c_overwriteExistingFiles"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().startImmediately;
-}
-> ("c_startImm"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().usePercent;
-}
-> ("c_usePercent"), OwnKey { "lang", &readLanguage, &languageValue },
-    OwnKey { "langfile",
-        [](Session& session, const QByteArray& value) { session.windows.langFile = allgemein::fromSystem(value); },
-        &languageFileValue },
-    onOff < [](Session& s) -> auto&
-{
-    return s.windows.filterAutoApply;
-}
-> ("FilterAutoApply"), onOff < [](Session& s) -> auto&
-{
-    return s.windows.filter;
-}
-> ("filter"), onOff < [](Session& s) -> auto&
-{
-    return s.windows.tree;
-}
-> ("tree"), number < [](Session& s) -> auto&
-{
-    return s.windows.treeX;
-}
-> ("tree_x"), number < [](Session& s) -> auto&
-{
-    return s.windows.mainWidth;
-}
-> ("main_width"), number < [](Session& s) -> auto&
-{
-    return s.windows.mainHeight;
-}
-> ("main_height"), onOff < [](Session& s) -> auto&
-{
-    return s.windows.mainMaximized;
-}
-> ("main_maximized"), number < [](Session& s) -> auto&
-{
-    return s.windows.dlmWidth;
-}
-> ("DLM_width"), number < [](Session& s) -> auto&
-{
-    return s.windows.dlmHeight;
-}
-> ("DLM_height"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().followRelocation;
-}
-> ("resolveHttp301"), onOff < [](Session& s) -> auto&
-{
-    return s.windows.autoOpenDLM;
-}
-> ("AutoOpenDLM"), onOff < [](Session& s) -> auto&
-{
-    return s.downloads.settings().removeFinished;
-}
-> ("RemoveFinishedDL"), filterMode < [](Session& s) -> auto&
-{
-    return s.filter.mimeSwitch;
-}
-> ("Filter_MIMETypes"), OwnKey { "Filter_MIMEList", &readMimeType, &mimeTypes }, filterMode < [](Session& s) -> auto&
-{
-    return s.filter.urlSwitch;
-}
-> ("Filter_URL"),
-    OwnKey { "Filter_URLList", [](Session& session, const QByteArray& value) { session.filter.filterTexte += value; },
-        [](Session& session) -> QByteArrayList {
-            return session.filter.filterTexte;
-        } },
-    onOff < [](Session& s) -> auto&
-{
-    return s.filter.size.used;
-}
-> ("Filter_UseSize"), number < [](Session& s) -> auto&
-{
-    return s.filter.size.min;
-}
-> ("Filter_minSize"), number < [](Session& s) -> auto&
-{
-    return s.filter.size.max;
-}
-> ("Filter_maxSize"), onOff < [](Session& s) -> auto&
-{
-    return s.filter.depth.used;
-}
-> ("Filter_UseDepth"), number < [](Session& s) -> auto&
-{
-    return s.filter.depth.min;
-}
-> ("Filter_minDepth"), number < [](Session& s) -> auto&
-{
-    return s.filter.depth.max;
-}
-> ("Filter_maxDepth"),
-}
-;
+const std::array ownKeys {
+    OwnKey { "DLTarget", targetValue },
+    OwnKey { "c_DirByUrl", Switch([](Session& s) -> bool& { return downloads(s).naming.dirByUrl; }) },
+    OwnKey { "c_RenameForMS", Switch([](Session& s) -> bool& { return downloads(s).naming.renameForMS; }) },
+    OwnKey { "c_extByMIME", Switch([](Session& s) -> bool& { return downloads(s).naming.extByMIME; }) },
+    OwnKey { "c_overwriteExistingFiles", Switch([](Session& s) -> bool& { return downloads(s).overwrite; }) },
+    OwnKey { "c_startImm", Switch([](Session& s) -> bool& { return downloads(s).startImmediately; }) },
+    OwnKey { "c_usePercent", Switch([](Session& s) -> bool& { return downloads(s).usePercent; }) },
+    OwnKey { "lang", languageValue },
+    OwnKey { "langfile", languageFileValue },
+    OwnKey { "FilterAutoApply", Switch([](Session& s) -> bool& { return s.windows.filterAutoApply; }) },
+    OwnKey { "filter", Switch([](Session& s) -> bool& { return s.windows.filter; }) },
+    OwnKey { "tree", Switch([](Session& s) -> bool& { return s.windows.tree; }) },
+    OwnKey { "tree_x", Number([](Session& s) -> qint32& { return s.windows.treeX; }) },
+    OwnKey { "main_width", Number([](Session& s) -> qint32& { return s.windows.mainWidth; }) },
+    OwnKey { "main_height", Number([](Session& s) -> qint32& { return s.windows.mainHeight; }) },
+    OwnKey { "main_maximized", Switch([](Session& s) -> bool& { return s.windows.mainMaximized; }) },
+    OwnKey { "DLM_width", Number([](Session& s) -> qint32& { return s.windows.dlmWidth; }) },
+    OwnKey { "DLM_height", Number([](Session& s) -> qint32& { return s.windows.dlmHeight; }) },
+    OwnKey { "resolveHttp301", Switch([](Session& s) -> bool& { return downloads(s).followRelocation; }) },
+    OwnKey { "AutoOpenDLM", Switch([](Session& s) -> bool& { return s.windows.autoOpenDLM; }) },
+    OwnKey { "RemoveFinishedDL", Switch([](Session& s) -> bool& { return downloads(s).removeFinished; }) },
+    OwnKey { "Filter_MIMETypes", Mode([](Session& s) -> FilterSwitch& { return s.filter.mimeSwitch; }) },
+    OwnKey { "Filter_MIMEList", mimeListValue },
+    OwnKey { "Filter_URL", Mode([](Session& s) -> FilterSwitch& { return s.filter.urlSwitch; }) },
+    OwnKey { "Filter_URLList", urlListValue },
+    OwnKey { "Filter_UseSize", Switch([](Session& s) -> bool& { return s.filter.size.used; }) },
+    OwnKey { "Filter_minSize", LargeNumber([](Session& s) -> qint64& { return s.filter.size.min; }) },
+    OwnKey { "Filter_maxSize", LargeNumber([](Session& s) -> qint64& { return s.filter.size.max; }) },
+    OwnKey { "Filter_UseDepth", Switch([](Session& s) -> bool& { return s.filter.depth.used; }) },
+    OwnKey { "Filter_minDepth", LargeNumber([](Session& s) -> qint64& { return s.filter.depth.min; }) },
+    OwnKey { "Filter_maxDepth", LargeNumber([](Session& s) -> qint64& { return s.filter.depth.max; }) },
+};
 
 QString settingsFile()
 {
     return allgemein::dataFolder() + QLatin1String("tarnwick.ini");
-}
-
-QString failureOf(const QFileDevice& file)
-{
-    return QDir::toNativeSeparators(file.fileName()) + u'\n' + file.errorString();
 }
 
 /// Chooses the language in which the program speaks as long as the user has not chosen one.
@@ -239,7 +197,7 @@ bool readOwnKey(Session& session, const QByteArray& key, const QByteArray& value
 {
     for (const OwnKey& own : ownKeys) {
         if (own.key == key) {
-            own.read(session, value);
+            std::visit([&](const auto& place) { readTo(session, value, place); }, own.place);
             return true;
         }
     }
@@ -264,7 +222,7 @@ Settings::LoadResult readFile(Session& session)
     if (!file.exists())
         return result;
     if (!file.open(QIODevice::ReadOnly)) {
-        result.failure = failureOf(file);
+        result.failure = fileFailure(file);
         return result;
     }
     QByteArray key;
@@ -273,7 +231,7 @@ Settings::LoadResult readFile(Session& session)
             result.firstUnknown = key;
     }
     if (file.error() != QFile::NoError)
-        result.failure = failureOf(file);
+        result.failure = fileFailure(file);
     result.isTooLarge = file.pos() >= largestFile;
     return result;
 }
@@ -285,7 +243,8 @@ QByteArray fileContent(Session& session)
     session.searchOptions.speicherOpts(lines);
     twkEinstellungen::writeRequestPrefs(lines, session.requestPrefs);
     for (const OwnKey& own : ownKeys)
-        twkEinstellungen::writeListItems(lines, own.key, own.values(session));
+        twkEinstellungen::writeListItems(
+            lines, own.key, std::visit([&](const auto& place) { return valuesOf(session, place); }, own.place));
     return lines.data();
 }
 
@@ -297,8 +256,8 @@ void applyViewState(Session& session)
         if (session.filter.mimeListe.contains(type))
             session.filter.mimeListe.insert(type).listed = false;
     }
-    if (!session.windows.langFile.isEmpty())
-        session.language.selectBuiltIn(session.views.builtInLanguage);
+    if (!session.windows.langFile.isEmpty() && session.views.builtInLanguage)
+        session.windows.builtInLanguage = session.views.builtInLanguage;
 }
 
 void rememberViewState(Session& session)
@@ -319,6 +278,8 @@ Settings::LoadResult Settings::loadSettings(Session& session, const QString& pro
     selectFirstLanguage(session.language, programFolder);
     LoadResult result = readFile(session);
     applyViewState(session);
+    if (session.windows.builtInLanguage)
+        session.language.selectBuiltIn(*session.windows.builtInLanguage);
     session.setFollowRelocation(session.downloads.settings().followRelocation);
     return result;
 }
@@ -344,9 +305,9 @@ std::optional<QString> Settings::saveSettings(Session& session)
     rememberViewState(session);
     QSaveFile file(settingsFile());
     if (!file.open(QIODevice::WriteOnly))
-        return failureOf(file);
+        return fileFailure(file);
     if (allgemein::writeAll(file, fileContent(session)))
-        return file.commit() ? std::nullopt : std::optional(failureOf(file));
+        return file.commit() ? std::nullopt : std::optional(fileFailure(file));
     file.cancelWriting();
-    return failureOf(file);
+    return fileFailure(file);
 }

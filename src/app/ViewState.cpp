@@ -41,7 +41,8 @@ ViewState ViewState::load()
     state.downloadsColumns = file.value(downloadsColumnsKey).toByteArray();
     for (const QString& type : file.value(unlistedTypesKey).toStringList())
         state.unlistedTypes += type.toLatin1();
-    state.builtInLanguage = file.value(builtInLanguageKey).toInt();
+    if (const QVariant language = file.value(builtInLanguageKey); language.isValid())
+        state.builtInLanguage = language.toInt();
     return state;
 }
 
@@ -56,5 +57,5 @@ void ViewState::save() const
     file.setValue(downloadsPlaceKey, variantOf(downloadsPlace));
     file.setValue(downloadsColumnsKey, downloadsColumns);
     file.setValue(unlistedTypesKey, types);
-    file.setValue(builtInLanguageKey, builtInLanguage);
+    file.setValue(builtInLanguageKey, builtInLanguage ? QVariant(*builtInLanguage) : QVariant());
 }

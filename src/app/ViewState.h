@@ -15,7 +15,7 @@ struct ViewState {
     QByteArray columns; ///< of the results list; empty for the columns that it has at first
     QByteArray downloadsColumns;
     QByteArrayList unlistedTypes; ///< those of the filter's MIME types that are not checked
-    int builtInLanguage = 0; ///< the one under a language file
+    std::optional<int> builtInLanguage; ///< the one under a language file
 
     /// From the user's data folder. What is missing or damaged there stays empty.
     [[nodiscard]] static ViewState load();

@@ -33,7 +33,8 @@ std::optional<QPoint> windowPlace::placeOf(const QWidget& window)
 
 void windowPlace::restore(QWidget& window, QSize twips, const std::optional<QPoint>& place)
 {
-    const QSize wanted = twips.isEmpty() ? window.size() : QSize(pixels(twips.width()), pixels(twips.height()));
+    const QSize wanted(twips.width() > 0 ? pixels(twips.width()) : window.width(),
+        twips.height() > 0 ? pixels(twips.height()) : window.height());
     const QScreen* const there = place ? QGuiApplication::screenAt(*place) : nullptr;
     const QScreen& screen = there ? *there : *window.screen();
     const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);

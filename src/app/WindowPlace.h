@@ -20,7 +20,7 @@ namespace windowPlace {
 /// The upper left corner of the window's inside; nothing while it was never shown.
 [[nodiscard]] std::optional<QPoint> placeOf(const QWidget& window);
 
-/// Gives a window its size, unless that is empty, and its place, as far as they are on a screen.
+/// Gives a window its size, where that is not 0, and its place, as far as they are on a screen.
 void restore(QWidget& window, QSize twips, const std::optional<QPoint>& place);
 
 /// `wanted`, moved and made smaller so that it lies within `screen`.

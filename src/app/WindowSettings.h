@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// What the settings file keeps of the windows. Lengths are in twips, the fifteenth part of a pixel at 96 dpi; where
 /// one is 0, the window keeps its own.
 struct WindowSettings {
@@ -18,5 +20,7 @@ struct WindowSettings {
     qint32 dlmWidth = 0; ///< of the download manager
     qint32 dlmHeight = 0;
     bool autoOpenDLM = true; ///< show the download manager when downloads are added
+    /// The built-in language to begin with; nothing for the one that is selected already.
+    std::optional<int> builtInLanguage;
     QString langFile; ///< the language file in use, with its full path; empty with a built-in language
 };

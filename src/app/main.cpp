@@ -63,6 +63,7 @@ int main(int argc, char* argv[])
     MainWindow window(session, { messages, fileDialogs, shell, urlPicker, registry });
     window.restoreState();
     window.show();
+    window.resumeLanguage();
     if (const auto box = Settings::report(settings, session.language))
         messages.tell(*box);
     if (!fileName.isEmpty())

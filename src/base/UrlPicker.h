@@ -10,8 +10,8 @@ class UrlPicker {
 public:
     virtual ~UrlPicker() = default;
 
-    /// Whether this build of the program can show web pages.
-    [[nodiscard]] virtual bool isAvailable() const = 0;
+    /// The key of the text that says why there is no picker; nullptr when there is one.
+    [[nodiscard]] virtual const char* obstacle() const = 0;
     /// Shows the page of `url`. `picked` is called with the URL of the page that was taken, and never when none was.
     virtual void pickUrl(const QByteArray& url, std::function<void(const QByteArray& url)> picked) = 0;
 };

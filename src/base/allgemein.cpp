@@ -3,10 +3,13 @@
 
 #include "base/Platform.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QIODevice>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -171,7 +174,16 @@ QByteArray onOneLine(const QByteArray& bytes)
 
 std::optional<Line> readLine(QIODevice& file, qint64 longest)
 {
-    QByteArray text = file.readLine(longest);
+    QByteArray text;
+    std::array<char, 4096> buffer;
+    // Read in parts: most lines are short, and a buffer for the longest would be made for each.
+    while (!text.endsWith('\n') && (longest == 0 || text.size() < longest)) {
+        const auto room = static_cast<qint64>(buffer.size());
+        const qint64 read = file.readLine(buffer.data(), longest == 0 ? room : qMin(room, longest - text.size() + 1));
+        if (read <= 0)
+            break;
+        text.append(buffer.data(), read);
+    }
     if (text.isEmpty())
         return {};
     const bool ended = text.endsWith('\n');
@@ -232,7 +244,12 @@ bool isPlainFileName(QByteArrayView name)
 
 QString dataFolder()
 {
-    return withTrailingSeparator(withTrailingSeparator(platform::applicationDataFolder()) + QLatin1String("Tarnwick"));
+    if (const QString chosen = qEnvironmentVariable("TARNWICK_DATA"); !chosen.isEmpty())
+        return withTrailingSeparator(chosen);
+    const QString program = withTrailingSeparator(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+    const bool isPortable = QFileInfo::exists(program + QLatin1String("portable.txt"));
+    const QString above = isPortable ? program : withTrailingSeparator(platform::applicationDataFolder());
+    return withTrailingSeparator(above + QLatin1String("Tarnwick"));
 }
 
 } // namespace allgemein

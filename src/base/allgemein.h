@@ -83,7 +83,9 @@ void createFolder(const QString& folder);
 /// Whether `name` can name a file inside a folder and nowhere else: not empty, no separator, no NUL, neither "."
 /// nor "..", no name that the system reserves for a device.
 [[nodiscard]] bool isPlainFileName(QByteArrayView name);
-/// The program's own folder in the user's application data, with trailing separator.
+/// The program's own folder, with trailing separator: the one that the environment variable TARNWICK_DATA names, or
+/// else "Tarnwick", which is beside the program if there is a file "portable.txt", and in the user's application data
+/// otherwise.
 [[nodiscard]] QString dataFolder();
 
 } // namespace allgemein

@@ -9,6 +9,9 @@
 /// What the console program needs to know of the terminal that it runs in.
 namespace terminal {
 
+/// Has standard output take bytes as they are, and the terminal understand what moves the cursor, where neither goes
+/// without saying.
+void prepare();
 /// Whether the stream is shown to a person.
 [[nodiscard]] bool isTerminal(std::FILE* stream);
 /// The width of the terminal of standard error in columns; 80 when the system does not tell.

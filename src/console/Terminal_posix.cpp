@@ -55,6 +55,8 @@ void watch(int signal)
 
 } // namespace
 
+void terminal::prepare() { }
+
 bool terminal::isTerminal(std::FILE* stream)
 {
     return isatty(fileno(stream)) == 1;

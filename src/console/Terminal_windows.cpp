@@ -3,6 +3,7 @@
 
 #include <QMetaObject>
 
+#include <fcntl.h>
 #include <io.h>
 #include <windows.h>
 
@@ -21,6 +22,15 @@ BOOL WINAPI onEvent(DWORD)
 }
 
 } // namespace
+
+void terminal::prepare()
+{
+    _setmode(_fileno(stdout), _O_BINARY);
+    DWORD mode = 0;
+    const HANDLE console = GetStdHandle(STD_ERROR_HANDLE);
+    if (GetConsoleMode(console, &mode))
+        SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
 
 bool terminal::isTerminal(std::FILE* stream)
 {

@@ -6,6 +6,7 @@
 #include "console/ListCommand.h"
 #include "console/NumberCommand.h"
 #include "console/SearchCommand.h"
+#include "console/Terminal.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -71,6 +72,7 @@ int runCommand(const QString& command, const QStringList& arguments)
 
 int main(int argc, char* argv[])
 {
+    terminal::prepare();
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     try {

@@ -33,6 +33,12 @@ FollowMode followModeFrom(const QByteArray& value)
     }
 }
 
+void takeSub(std::vector<SubUrl>& list, const QByteArray& value)
+{
+    if (list.size() < SearchOptions::mostSubUrls)
+        list.push_back(SubUrl::fromText(value));
+}
+
 } // namespace
 
 bool SearchOptions::initOpt(const QByteArray& key, const QByteArray& value)
@@ -46,7 +52,7 @@ bool SearchOptions::initOpt(const QByteArray& key, const QByteArray& value)
     else if (key == "FollowSub")
         followSub = followModeFrom(value);
     else if (key == "Sub")
-        unterpfade.push_back(SubUrl::fromText(value));
+        takeSub(unterpfade, value);
     else
         return readSwitchKey(analysis, switchKeys, key, value);
     return true;

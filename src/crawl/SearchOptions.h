@@ -26,6 +26,9 @@ enum class Confirmation {
 
 /// Everything that a search is given. The defaults are those of a program that was never used.
 struct SearchOptions {
+    /// Of a file's sub-URLs those beyond are passed over: every reference is compared with each of them.
+    static constexpr size_t mostSubUrls = 5000;
+
     QByteArray startUrl;
     QByteArray quellUrl; ///< the Referer of the start page's request; not kept in files
     bool maxDepth = true; ///< whether there is a depth limit

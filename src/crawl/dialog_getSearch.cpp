@@ -95,11 +95,12 @@ void dialog_getSearch::wire()
 void dialog_getSearch::applyCaptions()
 {
     captions::apply(*this, m_language);
-    if (m_picker.isAvailable())
+    const char* const obstacle = m_picker.obstacle();
+    if (!obstacle)
         return;
     for (QToolButton* const button : { m_ui->editLink, m_ui->editQuelle }) {
         button->setEnabled(false);
-        button->setToolTip(m_language.text("more.noPicker"));
+        button->setToolTip(m_language.text(obstacle));
     }
 }
 

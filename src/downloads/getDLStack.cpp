@@ -91,10 +91,11 @@ void getDLStack::wire()
 void getDLStack::applyCaptions()
 {
     captions::apply(*this, m_language);
-    if (m_picker.isAvailable())
+    const char* const obstacle = m_picker.obstacle();
+    if (!obstacle)
         return;
     m_ui->editUrl->setEnabled(false);
-    m_ui->editUrl->setToolTip(m_language.text("more.noPicker"));
+    m_ui->editUrl->setToolTip(m_language.text(obstacle));
 }
 
 NumberedUrls getDLStack::run() const

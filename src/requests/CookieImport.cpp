@@ -24,6 +24,8 @@ QString errorText(const ImportError& error, const LanguageTable& language)
         return failed + language.text("more.noExplorer");
     case ImportError::TooLarge:
         return failed + error.text + u'\n' + language.text("more.tooLarge");
+    case ImportError::NotCookies:
+        return failed + error.text + u'\n' + language.text("more.notCookies");
     case ImportError::File:
         return failed + error.text;
     case ImportError::Database:
@@ -42,33 +44,50 @@ CookieImport::CookieImport(std::unique_ptr<CookieSource> source, const CookieSto
 {
 }
 
-bool CookieImport::readNext()
+bool CookieImport::step()
 {
-    if (!m_source)
-        return false;
-    if (const auto foreign = m_source->next()) {
-        const QByteArray host = withoutLeadingDot(foreign->host);
-        if (m_store.isStorable(host, foreign->cookie))
-            m_cookies[host] += foreign->cookie;
-        return true;
-    }
-    m_error = m_source->error();
-    m_source.reset();
-    return false;
+    // Each host's file is best written once, but anybody may have written what is read.
+    constexpr qsizetype mostBytes = 16 * 1024 * 1024;
+    m_isStoring = !m_hosts.isEmpty() && (m_isStoring || !m_source || m_bytes > mostBytes);
+    if (m_isStoring)
+        storeNext();
+    else if (m_source)
+        readNext();
+    return m_source || !m_hosts.isEmpty();
 }
 
-// Each host's file is written once: there may be thousands of cookies.
-bool CookieImport::storeNext()
+void CookieImport::readNext()
 {
-    if (m_cookies.isEmpty())
-        return false;
-    const auto next = m_cookies.cbegin();
-    if (m_store.saveCookies(next.key(), next.value()))
-        m_count += next.value().size();
+    if (m_source->read([this](const ForeignCookie& foreign) { gather(foreign); }))
+        return;
+    if (!m_error)
+        m_error = m_source->error();
+    m_source.reset();
+}
+
+void CookieImport::gather(const ForeignCookie& foreign)
+{
+    const QByteArray host = withoutLeadingDot(foreign.host);
+    const Cookie& cookie = foreign.cookie;
+    if (!m_store.isStorable(host, cookie))
+        return;
+    QList<Cookie>& cookies = m_cookies[host];
+    if (cookies.isEmpty())
+        m_hosts += host;
+    cookies += cookie;
+    m_bytes += host.size() + cookie.path.size() + cookie.name.size() + cookie.value.size();
+}
+
+void CookieImport::storeNext()
+{
+    const QByteArray host = m_hosts.takeLast();
+    const QList<Cookie> cookies = m_cookies.take(host);
+    if (m_store.saveCookies(host, cookies))
+        m_count += cookies.size();
     else if (!m_error)
-        m_error = { ImportError::CookieFile, allgemein::fromSystem(next.key()) };
-    m_cookies.erase(next);
-    return true;
+        m_error = { ImportError::CookieFile, allgemein::fromSystem(host) };
+    if (m_hosts.isEmpty())
+        m_bytes = 0;
 }
 
 Messages::Box cookieImport::report(qint64 count, const std::optional<ImportError>& error, const LanguageTable& language)

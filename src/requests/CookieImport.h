@@ -19,19 +19,24 @@ public:
     CookieImport(std::unique_ptr<CookieSource> source, const CookieStore& store);
 
     /// Reads one cookie, or stores those of one host; false when there is nothing left to do.
-    [[nodiscard]] bool step() { return readNext() || storeNext(); }
+    [[nodiscard]] bool step();
 
     /// How many cookies were taken over.
     [[nodiscard]] qint64 count() const { return m_count; }
     [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
 
 private:
-    [[nodiscard]] bool readNext();
-    [[nodiscard]] bool storeNext();
+    void readNext();
+    void gather(const ForeignCookie& foreign);
+    void storeNext();
 
     std::unique_ptr<CookieSource> m_source; ///< none when all is read
     const CookieStore& m_store;
-    QHash<QByteArray, QList<Cookie>> m_cookies; ///< by host, those that are not stored yet
+    /// Those that are not stored yet, by host, and how many bytes they are.
+    QHash<QByteArray, QList<Cookie>> m_cookies;
+    qsizetype m_bytes = 0;
+    QByteArrayList m_hosts; ///< whose cookies wait, the last first to be stored
+    bool m_isStoring = false;
     qint64 m_count = 0;
     std::optional<ImportError> m_error;
 };

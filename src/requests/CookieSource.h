@@ -3,6 +3,7 @@
 
 #include "requests/CookieStore.h"
 
+#include <functional>
 #include <optional>
 
 /// A cookie as a browser holds it, with the host or the domain that it recorded.
@@ -16,6 +17,7 @@ struct ImportError {
     enum Where {
         NoStore, ///< there is no such browser here
         TooLarge, ///< `text` names a file that is larger than a browser's would be
+        NotCookies, ///< `text` names a file in which nothing looks like a cookie
         File, ///< `text` names the file, and says what the system says of it
         Database, ///< `text` is what the database library says, and the file
         CookieFile, ///< of the host `text`: the program's own, which cannot be written
@@ -24,19 +26,21 @@ struct ImportError {
     QString text;
 };
 
-/// The cookies of a browser, one after the other.
+/// The cookies of a browser, read in small steps.
 class CookieSource {
 public:
     virtual ~CookieSource() = default;
 
-    /// The next cookie; nothing at the end.
-    [[nodiscard]] virtual std::optional<ForeignCookie> next() = 0;
+    using Take = std::function<void(const ForeignCookie& cookie)>;
+
+    /// Reads on, and hands the next cookie to `take` if it has come to one. False at the end.
+    [[nodiscard]] virtual bool read(const Take& take) = 0;
     /// The first failure, which may have left cookies out.
     [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
 
 protected:
     /// In bytes. No file of a browser with cookies in it comes near.
-    static constexpr qint64 largestFile = 256 * 1024 * 1024;
+    static constexpr qint64 largestFile = 64 * 1024 * 1024;
 
     void fail(ImportError::Where where, const QString& text)
     {

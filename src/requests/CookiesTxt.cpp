@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/CookiesTxt.h"
 
+#include "base/ErrorReport.h"
 #include "base/allgemein.h"
 
 #include <QDir>
@@ -30,16 +31,27 @@ CookiesTxt::CookiesTxt(const QString& fileName)
     if (m_file.size() > largestFile)
         fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
     else if (!m_file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, QDir::toNativeSeparators(fileName) + u'\n' + m_file.errorString());
+        fail(ImportError::File, fileFailure(m_file));
 }
 
-std::optional<ForeignCookie> CookiesTxt::next()
+bool CookiesTxt::read(const Take& take)
 {
-    while (const auto line = m_file.isOpen() ? allgemein::readLineUpTo(m_file, longestLine) : std::nullopt) {
-        if (auto cookie = cookieFrom(*line))
-            return cookie;
-    }
+    const auto line = m_file.isOpen() ? allgemein::readLineUpTo(m_file, longestLine) : std::nullopt;
+    if (!line)
+        return end();
+    const auto cookie = cookieFrom(*line);
+    m_looksRight = m_looksRight || cookie || line->trimmed().startsWith('#');
+    if (cookie)
+        take(*cookie);
+    return true;
+}
+
+bool CookiesTxt::end()
+{
     if (m_file.isOpen() && m_file.error() != QFile::NoError)
-        fail(ImportError::File, QDir::toNativeSeparators(m_file.fileName()) + u'\n' + m_file.errorString());
-    return {};
+        fail(ImportError::File, fileFailure(m_file));
+    else if (m_file.isOpen() && m_file.pos() > 0 && !m_looksRight)
+        fail(ImportError::NotCookies, QDir::toNativeSeparators(m_file.fileName()));
+    m_file.close();
+    return false;
 }

@@ -12,8 +12,11 @@ class CookiesTxt final : public CookieSource {
 public:
     explicit CookiesTxt(const QString& fileName);
 
-    [[nodiscard]] std::optional<ForeignCookie> next() override;
+    [[nodiscard]] bool read(const Take& take) override;
 
 private:
+    [[nodiscard]] bool end();
+
     QFile m_file;
+    bool m_looksRight = false; ///< something in it was a cookie or a comment
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/ExplorerCookies.h"
 
+#include "base/ErrorReport.h"
 #include "base/Registry.h"
 #include "crawl/url.h"
 
@@ -13,8 +14,10 @@ constexpr qsizetype linesOfCookie = 9;
 
 std::optional<QString> cookieFolder(const Registry& registry)
 {
-    return registry.text(QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders\\"),
-        QStringLiteral("Cookies"));
+    const auto folder =
+        registry.text(QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders\\"),
+            QStringLiteral("Cookies"));
+    return folder && !folder->isEmpty() ? folder : std::nullopt;
 }
 
 } // namespace
@@ -38,18 +41,20 @@ bool ExplorerCookies::areHere(const Registry& registry)
     return cookieFolder(registry).has_value();
 }
 
-std::optional<ForeignCookie> ExplorerCookies::next()
+bool ExplorerCookies::read(const Take& take)
 {
-    while (m_line + linesOfCookie > m_lines.size()) {
+    if (m_line + linesOfCookie > m_lines.size()) {
         if (m_files.isEmpty())
-            return {};
+            return false;
         readFile(m_files.takeFirst());
+        return true;
     }
     const QByteArray& name = m_lines[m_line];
     const QByteArray& value = m_lines[m_line + 1];
     const QByteArray& place = m_lines[m_line + 2];
     m_line += linesOfCookie;
-    return ForeignCookie { url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), name, value } };
+    take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), name, value } });
+    return true;
 }
 
 void ExplorerCookies::readFile(const QString& fileName)
@@ -57,11 +62,10 @@ void ExplorerCookies::readFile(const QString& fileName)
     m_lines.clear();
     m_line = 0;
     QFile file(fileName);
-    const QString shown = QDir::toNativeSeparators(fileName);
     if (file.size() > largestFile)
-        fail(ImportError::TooLarge, shown);
+        fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
     else if (!file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, shown + u'\n' + file.errorString());
+        fail(ImportError::File, fileFailure(file));
     else
         m_lines = file.readAll().split('\n');
     for (QByteArray& line : m_lines) {

@@ -12,7 +12,7 @@ class ExplorerCookies final : public CookieSource {
 public:
     explicit ExplorerCookies(const Registry& registry);
 
-    [[nodiscard]] std::optional<ForeignCookie> next() override;
+    [[nodiscard]] bool read(const Take& take) override;
 
     /// Whether the registry names a cookie folder.
     [[nodiscard]] static bool areHere(const Registry& registry);

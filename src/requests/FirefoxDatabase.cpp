@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/FirefoxDatabase.h"
 
+#include "base/ErrorReport.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,17 +17,26 @@ namespace {
 constexpr const char* query = "select host,path,name,value from moz_cookies;";
 
 /// In bytes. No text of a cookie is nearly as long.
-constexpr int longestText = 1024 * 1024;
+constexpr int longestText = 64 * 1024;
 /// A query on a table of as many cookies as a browser keeps takes some of these; one on what else a file may have put
 /// in the table's place may never end.
 constexpr int mostSteps = 5'000;
 constexpr int instructionsPerStep = 1000;
+
+const QString logEnding = QStringLiteral("-wal");
 
 /// What tells whether a file was written to.
 QPair<qint64, QDateTime> stampOf(const QString& fileName)
 {
     const QFileInfo file(fileName);
     return { file.size(), file.lastModified() };
+}
+
+/// Whether a file can be copied: what is none, such as a pipe, might never end.
+bool isFileOrNothing(const QString& fileName)
+{
+    const QFileInfo file(fileName);
+    return !file.exists() || file.isFile();
 }
 
 bool copyAnew(const QString& from, const QString& to)
@@ -35,24 +46,29 @@ bool copyAnew(const QString& from, const QString& to)
 }
 
 /// Copies a database and its log as they were at one time: when the browser moves rows from the log to the database
-/// meanwhile, the copies are made again.
+/// meanwhile, the copies are made again. False when that goes on and on, or one cannot be copied.
 bool copyDatabase(const QString& from, const QString& to)
 {
     constexpr int mostAttempts = 5;
-    const QString log = QStringLiteral("-wal");
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const auto before = stampOf(from);
-        if (!copyAnew(from + log, to + log) || !copyAnew(from, to))
+        if (!copyAnew(from + logEnding, to + logEnding) || !copyAnew(from, to))
             return false;
         if (stampOf(from) == before)
-            break;
+            return true;
     }
-    return true;
+    return false;
 }
 
 int countStep(void* steps)
 {
     return ++*static_cast<int*>(steps) > mostSteps ? 1 : 0;
+}
+
+/// A query may read, and nothing else: a table's columns can be made to compute whatever a file asks for.
+int allowReading(void*, int action, const char*, const char*, const char*, const char*)
+{
+    return action == SQLITE_SELECT || action == SQLITE_READ ? SQLITE_OK : SQLITE_DENY;
 }
 
 } // namespace
@@ -61,13 +77,13 @@ FirefoxDatabase::FirefoxDatabase(const QString& fileName)
     : m_shownName(QDir::toNativeSeparators(fileName))
 {
     const QString copy = m_folder.filePath(QStringLiteral("cookies.sqlite"));
-    if (QFileInfo(fileName).size() > largestFile)
+    if (QFileInfo(fileName).size() + QFileInfo(fileName + logEnding).size() > largestFile)
         fail(ImportError::TooLarge, m_shownName);
     else if (!m_folder.isValid())
         fail(ImportError::File, m_shownName + u'\n' + m_folder.errorString());
     else if (QFile file(fileName); !file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, m_shownName + u'\n' + file.errorString());
-    else if (!copyDatabase(fileName, copy))
+        fail(ImportError::File, fileFailure(file));
+    else if (!isFileOrNothing(fileName + logEnding) || !copyDatabase(fileName, copy))
         fail(ImportError::File, m_shownName);
     else
         open(copy);
@@ -87,6 +103,9 @@ void FirefoxDatabase::open(const QString& copy)
         prepare();
     else
         failHere();
+    // Whatever happens to the program now, no copy of the cookies stays behind, where the system lets go of open files.
+    QFile::remove(copy);
+    QFile::remove(copy + logEnding);
 }
 
 /// Anybody may have written the file: neither what is in it nor what it asks for is trusted.
@@ -95,6 +114,8 @@ void FirefoxDatabase::prepare()
     sqlite3_limit(m_database, SQLITE_LIMIT_LENGTH, longestText);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_set_authorizer(m_database, &allowReading, nullptr);
     sqlite3_progress_handler(m_database, instructionsPerStep, &countStep, &m_steps);
     if (sqlite3_prepare_v2(m_database, query, -1, &m_rows, nullptr) != SQLITE_OK)
         failHere();
@@ -105,17 +126,19 @@ void FirefoxDatabase::failHere()
     fail(ImportError::Database, QString::fromUtf8(sqlite3_errmsg(m_database)) + u'\n' + m_shownName);
 }
 
-std::optional<ForeignCookie> FirefoxDatabase::next()
+bool FirefoxDatabase::read(const Take& take)
 {
     if (!m_rows)
-        return {};
+        return false;
     const int result = sqlite3_step(m_rows);
-    if (result == SQLITE_ROW)
-        return ForeignCookie { column(0), { column(1), column(2), column(3) } };
+    if (result == SQLITE_ROW) {
+        take({ column(0), { column(1), column(2), column(3) } });
+        return true;
+    }
     if (result != SQLITE_DONE)
         failHere();
     sqlite3_finalize(std::exchange(m_rows, nullptr));
-    return {};
+    return false;
 }
 
 QByteArray FirefoxDatabase::column(int number) const
@@ -128,7 +151,7 @@ bool FirefoxDatabase::isDatabase(const QString& fileName)
 {
     constexpr QByteArrayView beginning("SQLite format 3\0", 16);
     QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) && file.read(beginning.size()) == beginning;
+    return QFileInfo(fileName).isFile() && file.open(QIODevice::ReadOnly) && file.read(beginning.size()) == beginning;
 }
 
 QString FirefoxDatabase::libraryVersion()

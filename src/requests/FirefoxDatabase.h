@@ -16,7 +16,7 @@ public:
     ~FirefoxDatabase() override;
     Q_DISABLE_COPY_MOVE(FirefoxDatabase)
 
-    [[nodiscard]] std::optional<ForeignCookie> next() override;
+    [[nodiscard]] bool read(const Take& take) override;
 
     /// Whether a file begins as a database does.
     [[nodiscard]] static bool isDatabase(const QString& fileName);

@@ -180,17 +180,24 @@ void dialog_requests::addLanguages()
 
 void dialog_requests::removeLanguage()
 {
-    const int row = m_ui->sprachAuswahl->currentRow();
-    if (row < 0)
+    const auto row = selectedLanguage();
+    if (!row)
         return;
-    m_choices.removeLanguage(row);
-    selectLanguage(qMin<qsizetype>(row, m_choices.languages().size() - 1));
+    m_choices.removeLanguage(*row);
+    selectLanguage(qMin<qsizetype>(*row, m_choices.languages().size() - 1));
 }
 
 void dialog_requests::moveLanguage(int by)
 {
-    if (const int row = m_ui->sprachAuswahl->currentRow(); row >= 0)
-        selectLanguage(m_choices.moveLanguage(row, by));
+    if (const auto row = selectedLanguage())
+        selectLanguage(m_choices.moveLanguage(*row, by));
+}
+
+/// The current row is another thing: a list that gets the focus has one at once.
+std::optional<qsizetype> dialog_requests::selectedLanguage() const
+{
+    const QList<QListWidgetItem*> selected = m_ui->sprachAuswahl->selectedItems();
+    return selected.isEmpty() ? std::nullopt : std::optional<qsizetype>(m_ui->sprachAuswahl->row(selected.first()));
 }
 
 void dialog_requests::selectLanguage(qsizetype index)

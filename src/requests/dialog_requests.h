@@ -7,6 +7,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 class CookieSource;
 class CookieStore;
@@ -46,6 +47,7 @@ private:
     void addLanguages();
     void removeLanguage();
     void moveLanguage(int by);
+    [[nodiscard]] std::optional<qsizetype> selectedLanguage() const;
     void selectLanguage(qsizetype index);
     void askForCookieFile(const QString& name, std::unique_ptr<CookieSource> (*sourceOf)(const QString& fileName));
     void startImport(std::unique_ptr<CookieSource> source);

@@ -240,10 +240,9 @@ void FoundModel::tellViews()
     }
 }
 
-std::optional<qint64> FoundModel::shownSize(int row) const
+std::optional<qint64> FoundModel::shownSize(const FundStück& item) const
 {
-    const qint64 size = itemAt(row).groesse;
-    return size < 0 ? std::nullopt : std::optional(size / m_shownUnit);
+    return item.groesse < 0 ? std::nullopt : std::optional(item.groesse / m_shownUnit);
 }
 
 RowRuns FoundModel::markedRows() const

@@ -48,8 +48,8 @@ public:
 
     /// The item of a row, from 0.
     [[nodiscard]] const FundStück& itemAt(int row) const { return rowAt(row).knoten->inhalt; }
-    /// A row's size as the list shows it, in its unit; nothing when it is unknown.
-    [[nodiscard]] std::optional<qint64> shownSize(int row) const;
+    /// An item's size as the list shows it, in its unit; nothing when it is unknown.
+    [[nodiscard]] std::optional<qint64> shownSize(const FundStück& item) const;
     [[nodiscard]] RowRuns markedRows() const;
     /// Marks rows or takes their marks away.
     void setMarked(const RowRuns& rows, bool marked);

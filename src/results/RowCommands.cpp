@@ -22,15 +22,6 @@ namespace {
 /// Before more pages than these are opened, the user is asked.
 constexpr qsizetype manyPages = 20;
 
-/// Calls `visit` with each row, from the first to the last.
-template <typename Visit> void forEachRow(const RowRuns& rows, Visit visit)
-{
-    for (const RowRun& run : rows) {
-        for (int row = run.first; row <= run.last; ++row)
-            visit(row);
-    }
-}
-
 } // namespace
 
 RowCommands::RowCommands(FoundModel& model, FoundsView& view, DownloadQueue& downloads, const LanguageTable& language,
@@ -49,19 +40,28 @@ RowRuns RowCommands::chosen(bool marked) const
     return marked ? m_model.markedRows() : m_view.selectedRows();
 }
 
+RowCommands::Items RowCommands::items(const RowRuns& rows) const
+{
+    Items items;
+    for (const RowRun& run : rows) {
+        items.reserve(items.size() + static_cast<size_t>(run.last - run.first + 1));
+        for (int row = run.first; row <= run.last; ++row)
+            items.push_back(&m_model.itemAt(row));
+    }
+    return items;
+}
+
+RowCommands::Items RowCommands::allItems() const
+{
+    return items(invertedRuns({}, m_model.rowCount()));
+}
+
 QList<QByteArray> RowCommands::urls(bool marked) const
 {
     QList<QByteArray> urls;
-    forEachRow(chosen(marked), [&](int row) { urls += m_model.itemAt(row).adresse; });
+    for (const FundStück* const item : items(chosen(marked)))
+        urls += item->adresse;
     return urls;
-}
-
-std::vector<const FundStück*> RowCommands::items(bool selectedOnly) const
-{
-    std::vector<const FundStück*> items;
-    const RowRuns rows = selectedOnly ? m_view.selectedRows() : invertedRuns({}, m_model.rowCount());
-    forEachRow(rows, [&](int row) { items.push_back(&m_model.itemAt(row)); });
-    return items;
 }
 
 qint64 RowCommands::selectedCount() const
@@ -112,27 +112,28 @@ void RowCommands::openAll(const QList<QByteArray>& urls)
 
 void RowCommands::download(bool marked)
 {
-    QList<QPair<QByteArray, qint64>> rows;
-    forEachRow(chosen(marked),
-        [&](int row) { rows.emplace_back(m_model.itemAt(row).adresse, m_model.shownSize(row).value_or(0)); });
-    m_work.add([this, rows = std::move(rows), next = qsizetype { 0 }]() mutable {
-        if (next == rows.size())
+    m_work.add([this, items = items(chosen(marked)), next = size_t { 0 }]() mutable {
+        if (next == items.size())
             return false;
-        const auto& [url, size] = std::as_const(rows)[next++];
-        m_downloads.addDL(url, size, {});
+        const FundStück& item = *items[next++];
+        m_downloads.addDL(item.adresse, m_model.shownSize(item).value_or(0), {});
         return true;
     });
 }
 
 void RowCommands::copy(bool marked)
 {
-    m_work.add([urls = urls(marked), text = QString(), next = qsizetype { 0 }]() mutable {
-        if (next < urls.size()) {
-            text += allgemein::fromSystem(std::as_const(urls)[next++]) + QLatin1String("\r\n");
+    constexpr size_t usualLength = 96;
+    const Items chosenItems = items(chosen(marked));
+    QString text;
+    text.reserve(static_cast<qsizetype>(chosenItems.size() * usualLength));
+    m_work.add([items = chosenItems, text, next = size_t { 0 }]() mutable {
+        if (next < items.size()) {
+            text += allgemein::fromSystem(items[next++]->adresse) + QLatin1String("\r\n");
             return true;
         }
         text.chop(2);
-        if (!urls.isEmpty())
+        if (!items.empty())
             QGuiApplication::clipboard()->setText(text);
         return false;
     });

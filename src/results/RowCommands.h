@@ -21,6 +21,8 @@ struct FundStück;
 /// long with many rows goes on between other events, with the rows as they were when the command was given.
 class RowCommands {
 public:
+    using Items = std::vector<const FundStück*>;
+
     /// All of them must outlive it.
     RowCommands(FoundModel& model, FoundsView& view, DownloadQueue& downloads, const LanguageTable& language,
         Messages& messages, Shell& shell);
@@ -40,14 +42,19 @@ public:
     /// Selects the marked rows beside those that are selected.
     void selectMarked() const;
 
+    /// Does at once what goes on between other events. Call it before the list is emptied.
+    void finish() { m_work.finish(); }
+
     /// The URLs of the marked or the selected rows, in the order of the list.
     [[nodiscard]] QList<QByteArray> urls(bool marked) const;
-    /// The items of all rows, or of the selected ones, in the order of the list. They live until the list is emptied.
-    [[nodiscard]] std::vector<const FundStück*> items(bool selectedOnly) const;
+    /// The items of all rows, or of the selected ones, in the order of the list. They live until it is emptied.
+    [[nodiscard]] Items allItems() const;
+    [[nodiscard]] Items selectedItems() const { return items(chosen(false)); }
     [[nodiscard]] qint64 selectedCount() const;
 
 private:
     [[nodiscard]] RowRuns chosen(bool marked) const;
+    [[nodiscard]] Items items(const RowRuns& rows) const;
     void openAll(const QList<QByteArray>& urls);
 
     FoundModel& m_model;

@@ -56,7 +56,7 @@ private:
 
 void tst_ListFiles::initTestCase()
 {
-    qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+    qputenv("TARNWICK_DATA", m_folder.path().toLocal8Bit());
 }
 
 void tst_ListFiles::init()

@@ -86,8 +86,7 @@ private:
 void tst_MainWindow::initTestCase()
 {
     QGuiApplication::setApplicationName(QStringLiteral("Tarnwick"));
-    qputenv("XDG_CONFIG_HOME", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
-    qputenv("APPDATA", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
+    qputenv("TARNWICK_DATA", m_folder.filePath(QStringLiteral("config")).toLocal8Bit());
 }
 
 void tst_MainWindow::init()

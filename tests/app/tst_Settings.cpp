@@ -119,7 +119,7 @@ QStringList statesOf(const QWidget& window)
 void tst_Settings::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    qputenv("XDG_CONFIG_HOME", m_folder->path().toLocal8Bit());
+    qputenv("TARNWICK_DATA", file("Tarnwick").toLocal8Bit());
     QVERIFY(QDir().mkpath(file("Tarnwick")));
     m_messages = {};
     m_dialogs = {};
@@ -139,6 +139,7 @@ void tst_Settings::start()
     m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
     m_window->restoreState();
     m_window->show();
+    m_window->resumeLanguage();
 }
 
 void tst_Settings::quit()
@@ -342,7 +343,7 @@ void tst_Settings::takesWhatItCan_data()
     const auto row = [](const char* name, const char* line, const char* saved) {
         QTest::newRow(name) << QByteArray(line) << QByteArray(saved);
     };
-    row("no number for a number", "Filter_minSize=x", "Filter_minSize=0");
+    row("no number for a number", "Filter_maxSize=x", "Filter_maxSize=0");
     row("a negative bound", "Filter_maxDepth=-5", "Filter_maxDepth=0");
     row("no number for a switch", "c_startImm=x", "c_startImm=0");
     row("any positive number for a switch", "c_DirByUrl=2", "c_DirByUrl=1");
@@ -420,10 +421,19 @@ void tst_Settings::resumesALanguageFile()
     QVERIFY(m_messages.told.isEmpty());
     quit();
 
+    // Without the file beside the settings, the first language is the one below.
+    QVERIFY(QFile::remove(file("Tarnwick/views.ini")));
+    QVERIFY(writeFile(file("default_lang.ini"), "2"));
+    start();
+    QCOMPARE(m_session->language.text("lang.dlLoading"), QStringLiteral("Téléchargement en cours"));
+    quit();
+
     // It may be back next time.
     QVERIFY(QFile::remove(file("a.lng")));
     start();
     QCOMPARE(m_messages.told.value(0).text, QStringLiteral("Error while loading language file"));
+    for (const char* entry : { "m_lang(0)", "m_lang(1)", "m_lang(2)" })
+        QVERIFY(!control<QAction>(*m_window, entry).isChecked());
     quit();
     QVERIFY(contentOf(settingsFile()).contains("\r\nlang=-1\r\n"));
     start();
@@ -463,7 +473,17 @@ void tst_Settings::keepsColumnsAndPlaces()
     m_window->showNormal();
     QCOMPARE(m_window->geometry(), QRect(10, 40, 780, 400));
 
+    choose(*m_window, "m_showDlm");
+    downloads().setGeometry(33, 77, 500, 300);
+    quit();
+    for (int session = 0; session < 2; ++session) {
+        start();
+        QCOMPARE(downloads().geometry(), QRect(33, 77, 500, 300)); // also after a session that did not open it
+        quit();
+    }
+
     // A screen that is gone takes no window with it.
+    start();
     m_window->move(50'000, 50'000);
     quit();
     start();
@@ -477,6 +497,9 @@ void tst_Settings::remembersTheSplitterOfAHiddenTree()
     auto& splitter = *m_window->findChild<QSplitter*>();
     splitter.setSizes({ 250, 530 });
     const int place = splitter.sizes().constFirst();
+    quit();
+    start();
+    QTRY_COMPARE(m_window->findChild<QSplitter*>()->sizes().constFirst(), place);
     choose(*m_window, "m_showTree");
     quit();
     start();

@@ -83,7 +83,7 @@ void tst_cli::start(QProcess& process, const QByteArray& line)
     const QByteArray folder = m_folder->path().toUtf8() + '/';
     const QByteArray words = QByteArray(line).replace("URL", m_server->origin()).replace('@', folder);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), file("config"));
+    environment.insert(QStringLiteral("TARNWICK_DATA"), file("data"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(TARNWICK_CLI), QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts));
 }
@@ -249,7 +249,7 @@ void tst_cli::usesTheUsersFolder()
 {
     m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
     QCOMPARE(run("search URL").status, 0);
-    QCOMPARE(contentOf(file("config/Tarnwick/Cookies/127.0.0.1.tkc")), "/\ta\t1\r\n");
+    QCOMPARE(contentOf(file("data/Cookies/127.0.0.1.tkc")), "/\ta\t1\r\n");
     QCOMPARE(run("cookies show 127.0.0.1/x").out, "Cookie: a=1\n");
 }
 

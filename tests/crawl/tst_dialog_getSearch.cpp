@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/dialog_getSearch.h"
+#include "base/allgemein.h"
 #include "base/lang.h"
 #include "crawl/SearchOptions.h"
 #include "support/TestSeams.h"
@@ -114,7 +115,7 @@ void tst_dialog_getSearch::changesEveryOption()
     click(window(), "b_cancel");
     QVERIFY(!m_dialog->isVisible());
 
-    QCOMPARE(m_options.startUrl, "http://h/ü");
+    QCOMPARE(m_options.startUrl, allgemein::toSystem(u"http://h/ü"));
     QCOMPARE(m_options.quellUrl, "http://r/");
     QCOMPARE(m_options.tiefe, 7);
     QCOMPARE(m_options.maxDepth, !before.maxDepth);

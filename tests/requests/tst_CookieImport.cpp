@@ -31,6 +31,7 @@ private slots:
     void tellsWhatADatabaseLacks_data();
     void tellsWhatADatabaseLacks();
     void keepsWhatCameBeforeADamage();
+    void storesInPartsWhatIsMuch();
     void readsInternetExplorer();
     void goesOnAfterAFileThatCannotBeWritten();
     void tellsOfMissingFiles();
@@ -109,6 +110,9 @@ void tst_CookieImport::readsCookiesTxt()
 {
     QFETCH(QByteArray, content);
     QFETCH(int, count);
+    QVERIFY(writeFile(file("cookies.txt"), content));
+    QVERIFY(import(cookieImport::sourceFor(file("cookies.txt"))).title == QStringLiteral("Note"));
+    QVERIFY(m_store.deleteAll().isEmpty());
     m_store.saveCookie("h", "/", "old", "1");
     const bool deletes = content.contains("\told\t");
     QVERIFY(
@@ -145,7 +149,7 @@ void tst_CookieImport::readsTheLogOfARunningFirefox()
         + "PRAGMA wal_checkpoint; insert into moz_cookies (host, path, name, value) values ('h', '/', 'a', '1');");
     QVERIFY(QFileInfo(file("cookies.sqlite-wal")).size() > 0);
     const QByteArray before = contentOf(file("cookies.sqlite"));
-    QVERIFY(!before.contains("h/a1"));
+    QVERIFY(!before.contains("a1h/"));
     QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("1 Cookies were set."));
     QCOMPARE(stored("h"), "/\ta\t1\r\n");
     QCOMPARE(contentOf(file("cookies.sqlite")), before);
@@ -161,6 +165,9 @@ void tst_CookieImport::tellsWhatADatabaseLacks_data()
     QTest::newRow("a row that never comes")
         << QByteArray("create view moz_cookies as with recursive n(x) as (select 1 union all select x + 1 from n) "
                       "select x as host, x as path, x as name, x as value from n where x < 0;");
+    QTest::newRow("a column that computes")
+        << QByteArray("create table moz_cookies (host, path, name, value as (hex(zeroblob(1000000)))); insert into "
+                      "moz_cookies values ('h', '/', 'a');");
     QTest::newRow("a text of endless length")
         << QByteArray("create view moz_cookies as select 'h' as host, '/' as path, 'a' as name, "
                       "hex(zeroblob(900000000)) as value;");
@@ -193,6 +200,18 @@ void tst_CookieImport::keepsWhatCameBeforeADamage()
     QVERIFY(box.text.endsWith(QStringLiteral("\n%1 Cookies were set.").arg(count)));
 }
 
+void tst_CookieImport::storesInPartsWhatIsMuch()
+{
+    QByteArray content;
+    for (int cookie = 0; cookie < 600; ++cookie)
+        content += "h" + QByteArray::number(cookie % 3) + "\tx\t/\tx\t0\tn" + QByteArray::number(cookie / 6) + '\t'
+            + QByteArray(60'000, cookie < 300 ? 'a' : 'b') + '\n';
+    QVERIFY(writeFile(file("cookies.txt"), content));
+    QCOMPARE(import(cookieImport::sourceFor(file("cookies.txt"))).text, QStringLiteral("600 Cookies were set."));
+    QCOMPARE(stored("h1").count('\n'), 100);
+    QVERIFY(stored("h1").endsWith("bbb\r\n"));
+}
+
 void tst_CookieImport::readsInternetExplorer()
 {
     FilledRegistry registry;
@@ -204,6 +223,9 @@ void tst_CookieImport::readsInternetExplorer()
     const QString folder = file("explorer");
     registry.values.insert(QStringLiteral("Cookies"), folder);
     QVERIFY(ExplorerCookies::areHere(registry));
+    registry.values.insert(QStringLiteral("Cookies"), QString());
+    QVERIFY(!ExplorerCookies::areHere(registry));
+    registry.values.insert(QStringLiteral("Cookies"), folder);
     QVERIFY(import(std::make_unique<ExplorerCookies>(registry)).text.startsWith(failed));
     QVERIFY(QDir().mkpath(folder));
     QCOMPARE(import(std::make_unique<ExplorerCookies>(registry)).text, QStringLiteral("0 Cookies were set."));
@@ -227,6 +249,10 @@ void tst_CookieImport::goesOnAfterAFileThatCannotBeWritten()
 
 void tst_CookieImport::tellsOfMissingFiles()
 {
+    QVERIFY(writeFile(file("empty"), ""));
+    QCOMPARE(import(cookieImport::sourceFor(file("empty"))).text, QStringLiteral("0 Cookies were set."));
+    QVERIFY(writeFile(file("other"), QByteArray("A line without a cookie.\n").repeated(3)));
+    QVERIFY(import(cookieImport::sourceFor(file("other"))).text.endsWith(m_language.text("more.notCookies")));
     for (const char* name : { "none.txt", "." }) {
         const QString path = file(name);
         for (auto source : { &cookieImport::sourceFor, +[](const QString& fileName) -> std::unique_ptr<CookieSource> {

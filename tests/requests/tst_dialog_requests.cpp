@@ -152,6 +152,13 @@ void tst_dialog_requests::ordersLanguages()
     QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
     QTest::keyClick(&chosen(), Qt::Key_Delete);
     QCOMPARE(header(), QStringLiteral("de;q=1, fr;q=0.5"));
+    m_dialog->run();
+    check("c_useLanguage", true); // Nothing is selected now, wherever the keyboard is.
+    chosen().setCurrentRow(0, QItemSelectionModel::NoUpdate);
+    click(window(), "sprachRem");
+    click(window(), "sprachAuswahlRunter");
+    QCOMPARE(header(), QStringLiteral("de;q=1, fr;q=0.5"));
+    chosen().setCurrentRow(0);
     click(window(), "sprachRem");
     click(window(), "sprachRem");
     click(window(), "sprachRem");

@@ -101,7 +101,7 @@ struct FilledRegistry final : Registry {
 struct AnsweredPicker final : UrlPicker {
     QByteArray choice;
 
-    [[nodiscard]] bool isAvailable() const override { return true; }
+    [[nodiscard]] const char* obstacle() const override { return nullptr; }
     void pickUrl(const QByteArray&, std::function<void(const QByteArray& url)> picked) override
     {
         if (!choice.isEmpty())

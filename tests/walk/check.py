@@ -28,7 +28,7 @@ def search(program, arguments):
     """(lines, complaint) of one search, run in a home of its own; the complaint is empty when it went well."""
     with tempfile.TemporaryDirectory() as home:
         command = [program, "search", "--format", "tsv", "--quiet", "--cookies", home, *arguments]
-        surroundings = os.environ | {"HOME": home, "XDG_CONFIG_HOME": home}
+        surroundings = os.environ | {"HOME": home, "TARNWICK_DATA": home}
         try:
             run = subprocess.run(command, capture_output=True, timeout=PATIENCE, env=surroundings)
         except (OSError, subprocess.TimeoutExpired) as failure:
