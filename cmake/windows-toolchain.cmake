@@ -12,6 +12,9 @@ endif()
 set(QT_HOST_PATH /usr CACHE PATH "Where the Qt tools of this machine are installed")
 set(QT_HOST_PATH_CMAKE_DIR "/usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake" CACHE PATH "")
 
+# Tests are run on Wine.
+set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../windows/wine")
+
 set(CMAKE_FIND_ROOT_PATH "${TARNWICK_WINDOWS_KIT}" /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

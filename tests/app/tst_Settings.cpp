@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QFont>
 #include <QDir>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -35,6 +36,7 @@ class tst_Settings : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void everySettingSurvives();
@@ -115,6 +117,14 @@ QStringList statesOf(const QWidget& window)
 }
 
 } // namespace
+
+void tst_Settings::initTestCase()
+{
+    // Windows must fit the screen, whatever fonts the system has.
+    QFont small;
+    small.setPixelSize(8);
+    QApplication::setFont(small);
+}
 
 void tst_Settings::init()
 {

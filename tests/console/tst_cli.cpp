@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/allgemein.h"
 #include "support/ScriptedServer.h"
 #include "support/Text.h"
 
@@ -205,7 +206,9 @@ void tst_cli::optionsReachTheWire()
         run(search("--inside URL/in/ --references anchors,forms --no-relocation --referer http://from/ "
                    "--user-agent agent/7 --language de,en --depth 2"));
     QCOMPARE(result.status, 0);
-    QCOMPARE(m_server->paths(), (QByteArrayList { "/", "/in/x", "/in/f" }));
+    QByteArrayList paths = m_server->paths();
+    std::sort(paths.begin(), paths.end()); // The last two are fetched side by side.
+    QCOMPARE(paths, (QByteArrayList { "/", "/in/f", "/in/x" }));
     QCOMPARE(m_server->requests().constFirst(),
         "GET / HTTP/1.1\r\nHost: 127.0.0.1\r\nAccept: */*\r\nConnection: close\r\nUser-Agent: agent/7\r\n"
         "Accept-Language: de;q=1, en;q=0.5\r\nReferer: http://from/\r\n\r\n");
@@ -304,8 +307,8 @@ void tst_cli::listTellsWhatIsWrong()
     QCOMPARE(result.out, "u\n");
     const QByteArrayList errors = result.err.split('\n');
     QCOMPARE(errors.size(), 3);
-    QVERIFY(errors[0].endsWith("x.twk:1: Invalid attribut:: Nonsense"));
-    QVERIFY(errors[1].endsWith("x.twk: Unexpected end of file"));
+    QVERIFY(errors[0].trimmed().endsWith("x.twk:1: Invalid attribut:: Nonsense"));
+    QVERIFY(errors[1].trimmed().endsWith("x.twk: Unexpected end of file"));
 }
 
 void tst_cli::nothingDrivesTheTerminal()
@@ -319,10 +322,12 @@ void tst_cli::nothingDrivesTheTerminal()
 
 void tst_cli::jsonLeadsToTheSamePlace()
 {
-    QVERIFY(writeFile(file("x.twk"), "Results:\r\nhttp://h:80/\xc3\xa4\t\t-1\r\nhttp://h:80/\xe4\t\t0\r\n"));
+    // Text in the system's code page, and a byte that is none in any of those that are used.
+    const QByteArray umlaut = allgemein::toSystem(u"\u00e4");
+    QVERIFY(writeFile(file("x.twk"), "Results:\r\nhttp://h:80/" + umlaut + "\t\t-1\r\nhttp://h:80/\x81\t\t0\r\n"));
     const QByteArray out = run("list @x.twk --format json").out;
     QVERIFY(out.contains("\"url\":\"http://h:80/\xc3\xa4\"") && out.contains("\"size\":null"));
-    QVERIFY(out.contains("\"url\":\"http://h:80/%E4\"") && out.contains("\"size\":0"));
+    QVERIFY(out.contains("\"url\":\"http://h:80/%81\"") && out.contains("\"size\":0"));
 }
 
 void tst_cli::downloads_data()
@@ -371,7 +376,16 @@ void tst_cli::downloads()
     QCOMPARE(result.status, status);
     const QByteArray port = QByteArray::number(m_server->serverPort());
     out.replace("URL", m_server->origin()).replace("PORT", port);
+    // Paths are printed as the system writes them.
     out.replace('@', QByteArray(m_folder->path().toUtf8() + '/'));
+    QByteArrayList entries = out.split(';');
+    for (QByteArray& entry : entries) {
+        QByteArrayList entryFields = entry.split(' ');
+        if (entryFields.size() == 3)
+            entryFields[1] = QDir::toNativeSeparators(QString::fromUtf8(entryFields[1])).toUtf8();
+        entry = entryFields.join(' ');
+    }
+    out = entries.join(';');
     QCOMPARE(result.out, out.isEmpty() ? QByteArray() : QByteArray(out.replace(' ', '\t').replace(';', '\n') + '\n'));
     for (QString name : files)
         QVERIFY2(QFileInfo(file("t/") + name.replace(QLatin1String("PORT"), QString::fromLatin1(port))).isFile(),

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/SearchFixture.h"
+#include "support/Wine.h"
 
 class tst_SearchRun : public SearchFixture {
     Q_OBJECT
@@ -278,6 +279,8 @@ void tst_SearchRun::faultIsShownAndSearchGoesOn()
     QFETCH(QByteArray, bad);
     QFETCH(Answer, answer);
     QFETCH(int, event);
+    if (isOnWine() && QByteArrayView(QTest::currentDataTag()) == "reset before a byte")
+        QSKIP("Wine does not tell of a reset before the first byte.");
     m_server->page("/", "<a href='" + bad + "'><a href='good'>");
     m_server->script("/bad", answer);
     QVERIFY(searchToEnd());

@@ -1,0 +1,7 @@
+# Sourced by the commands of this folder.
+# shellcheck shell=bash
+. "$(dirname "${BASH_SOURCE[0]}")/../cmake/setup.sh"
+
+TARNWICK_WINDOWS_KIT=$(windows/kit)
+export TARNWICK_WINDOWS_KIT
+version=$(sed -n 's/^project(Tarnwick VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
