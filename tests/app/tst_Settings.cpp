@@ -122,7 +122,7 @@ void tst_Settings::initTestCase()
 {
     // Windows must fit the screen, whatever fonts the system has.
     QFont small;
-    small.setPixelSize(8);
+    small.setPixelSize(6);
     QApplication::setFont(small);
 }
 

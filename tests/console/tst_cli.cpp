@@ -206,16 +206,14 @@ void tst_cli::optionsReachTheWire()
         run(search("--inside URL/in/ --references anchors,forms --no-relocation --referer http://from/ "
                    "--user-agent agent/7 --language de,en --depth 2"));
     QCOMPARE(result.status, 0);
-    QByteArrayList paths = m_server->paths();
-    std::sort(paths.begin(), paths.end()); // The last two are fetched side by side.
-    QCOMPARE(paths, (QByteArrayList { "/", "/in/f", "/in/x" }));
+    QCOMPARE(sorted(m_server->paths()), (QByteArrayList { "/", "/in/f", "/in/x" }));
     QCOMPARE(m_server->requests().constFirst(),
         "GET / HTTP/1.1\r\nHost: 127.0.0.1\r\nAccept: */*\r\nConnection: close\r\nUser-Agent: agent/7\r\n"
         "Accept-Language: de;q=1, en;q=0.5\r\nReferer: http://from/\r\n\r\n");
 
     const Result plain = run(search("--no-referer --outside URL/in/ --references src"));
     QCOMPARE(plain.status, 0);
-    QCOMPARE(m_server->paths().sliced(3), (QByteArrayList { "/", "/i", "/s" }));
+    QCOMPARE(sorted(m_server->paths().sliced(3)), (QByteArrayList { "/", "/i", "/s" }));
     QVERIFY(!m_server->requests().constLast().contains("Referer"));
     QVERIFY(m_server->requests().constLast().contains("\r\nUser-Agent: Tarnwick 1 ("));
 }
@@ -322,12 +320,14 @@ void tst_cli::nothingDrivesTheTerminal()
 
 void tst_cli::jsonLeadsToTheSamePlace()
 {
-    // Text in the system's code page, and a byte that is none in any of those that are used.
+    // Text in the system's code page, and a byte that is none in most of them.
     const QByteArray umlaut = allgemein::toSystem(u"\u00e4");
     QVERIFY(writeFile(file("x.twk"), "Results:\r\nhttp://h:80/" + umlaut + "\t\t-1\r\nhttp://h:80/\x81\t\t0\r\n"));
     const QByteArray out = run("list @x.twk --format json").out;
     QVERIFY(out.contains("\"url\":\"http://h:80/\xc3\xa4\"") && out.contains("\"size\":null"));
-    QVERIFY(out.contains("\"url\":\"http://h:80/%81\"") && out.contains("\"size\":0"));
+    const bool isText = !allgemein::fromSystem("\x81").contains(QChar::ReplacementCharacter);
+    QVERIFY(out.contains(isText ? "\"url\":\"http://h:80/\xc2\x81\"" : "\"url\":\"http://h:80/%81\""));
+    QVERIFY(out.contains("\"size\":0"));
 }
 
 void tst_cli::downloads_data()

@@ -149,7 +149,7 @@ void tst_SearchRun::recordsEachUrlOnce()
     m_server->page("/", QByteArray(body).replace("ORIGIN", m_server->origin()));
     QVERIFY(searchToEnd());
     QCOMPARE(urlsOf(m_list), urls({ "/", "/a", "/A", "/a#x", "mailto://mailto:0/", "https://127.0.0.1:80/" }));
-    QCOMPARE(m_server->paths(), (QByteArrayList { "/", "/a", "/A", "/a#x" }));
+    QCOMPARE(sorted(m_server->paths()), (QByteArrayList { "/", "/A", "/a", "/a#x" }));
     QCOMPARE(item("mailto://mailto:0/").zustand, Zustand::NichtGeholt);
     QCOMPARE(eventsOf("mailto://mailto:0/"), QList { FetchEvent::UnsupportedProtocol });
 }

@@ -7,6 +7,8 @@
 #include <QByteArrayList>
 #include <QFile>
 
+#include <algorithm>
+
 /// The URLs of a list in its order.
 inline QByteArrayList urlsOf(const FundListe& list)
 {
@@ -14,6 +16,13 @@ inline QByteArrayList urlsOf(const FundListe& list)
     for (const FundKnoten* knoten = list.getStart(); knoten; knoten = knoten->naechster)
         urls += knoten->inhalt.adresse;
     return urls;
+}
+
+/// For what happens side by side, in no certain order.
+inline QByteArrayList sorted(QByteArrayList list)
+{
+    std::sort(list.begin(), list.end());
+    return list;
 }
 
 /// The whole file; null when it cannot be read.
