@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Platform.h"
+#include "base/allgemein.h"
+#include "support/Text.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr bool onWindows = true;
+#else
+constexpr bool onWindows = false;
+#endif
+
+} // namespace
+
+/// What differs between systems, each as it is on its own.
+class tst_Platform : public QObject {
+    Q_OBJECT
+
+private slots:
+    void readsTheRegistryWhereThereIsOne();
+    void leavesBatchFilesToNobody_data();
+    void leavesBatchFilesToNobody();
+    void keepsDataWhereItIsTold();
+};
+
+void tst_Platform::readsTheRegistryWhereThereIsOne()
+{
+    const QString folders = QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders\\");
+    const auto value = platform::registryText(folders, QStringLiteral("AppData"));
+    QCOMPARE(value.has_value(), onWindows);
+    QVERIFY(!value || QDir(*value).exists());
+    QVERIFY(!platform::registryText(folders, QStringLiteral("No such value")));
+    QVERIFY(!platform::registryText(QStringLiteral("No\\such\\key"), QStringLiteral("AppData")));
+}
+
+void tst_Platform::leavesBatchFilesToNobody_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<bool>("byShell");
+    for (const char* name : { "c:\\x.bat", "X.CMD", "x.bat.", "x.cmd . " })
+        QTest::newRow(name) << QString::fromLatin1(name) << onWindows;
+    for (const char* name : { "c:\\x.exe", "bat", "x.bat.exe", "" })
+        QTest::newRow(*name ? name : "nothing") << QString::fromLatin1(name) << false;
+}
+
+void tst_Platform::leavesBatchFilesToNobody()
+{
+    QFETCH(QString, program);
+    QTEST(platform::isRunByShell(program), "byShell");
+}
+
+void tst_Platform::keepsDataWhereItIsTold()
+{
+    const QTemporaryDir folder;
+    qputenv("TARNWICK_DATA", folder.path().toLocal8Bit());
+    QCOMPARE(QDir(allgemein::dataFolder()), QDir(folder.path()));
+    qunsetenv("TARNWICK_DATA");
+    const QDir program(QCoreApplication::applicationDirPath());
+    QVERIFY(!allgemein::dataFolder().startsWith(QDir::toNativeSeparators(program.path())));
+    QVERIFY(writeFile(program.filePath(QStringLiteral("portable.txt")), {}));
+    const QString portable = allgemein::dataFolder();
+    QVERIFY(QFile::remove(program.filePath(QStringLiteral("portable.txt"))));
+    QCOMPARE(QDir(portable), QDir(program.filePath(QStringLiteral("Tarnwick"))));
+}
+
+QTEST_GUILESS_MAIN(tst_Platform)
+#include "tst_Platform.moc"
