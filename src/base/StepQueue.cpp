@@ -25,16 +25,17 @@ void StepQueue::add(Step step)
 
 void StepQueue::finish()
 {
-    while (isBusy())
+    while (isBusy() && !m_isRunning)
         runStep();
-    m_nextSlice.stop();
+    if (!isBusy())
+        m_nextSlice.stop();
 }
 
 void StepQueue::runSlice()
 {
     QElapsedTimer timer;
     timer.start();
-    while (isBusy() && !timer.hasExpired(sliceMilliseconds))
+    while (isBusy() && !m_isRunning && !timer.hasExpired(sliceMilliseconds))
         runStep();
     if (!isBusy())
         m_nextSlice.stop();
@@ -44,6 +45,9 @@ void StepQueue::runSlice()
 
 void StepQueue::runStep()
 {
-    if (!m_steps.front()())
+    m_isRunning = true;
+    const bool isFinished = !m_steps.front()();
+    m_isRunning = false;
+    if (isFinished)
         m_steps.pop_front();
 }

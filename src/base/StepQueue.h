@@ -20,7 +20,7 @@ public:
     /// Has `step` done again and again until it says that it is finished, after whatever was added before. If nothing
     /// was, the first slice is done at once.
     void add(Step step);
-    /// Does at once whatever is left. Not from a step.
+    /// Does at once whatever is left. While a step runs, it does nothing.
     void finish();
     [[nodiscard]] bool isBusy() const { return !m_steps.empty(); }
 
@@ -29,5 +29,6 @@ private:
     void runStep();
 
     std::list<Step> m_steps;
+    bool m_isRunning = false; ///< a step runs, which may let other events pass
     QTimer m_nextSlice;
 };

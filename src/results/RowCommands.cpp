@@ -99,7 +99,7 @@ void RowCommands::open(bool marked)
 
 void RowCommands::openAll(const QList<QByteArray>& urls)
 {
-    m_work.add([this, urls, next = qsizetype { 0 }]() mutable {
+    m_opening.add([this, urls, next = qsizetype { 0 }]() mutable {
         if (next == urls.size())
             return false;
         const QByteArray& url = urls[next++];

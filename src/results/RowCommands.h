@@ -64,4 +64,5 @@ private:
     Messages& m_messages;
     Shell& m_shell;
     StepQueue m_work;
+    StepQueue m_opening; ///< apart, since the desktop may let events pass meanwhile
 };
