@@ -20,6 +20,7 @@ void CurrentSearch::start()
     m_fileName.clear();
     m_status.startUrl = m_session.searchOptions.startUrl;
     m_status.depthLimit = m_session.searchOptions.tiefe;
+    stopImporting();
     enter(SearchState::Searching);
     emit aboutToDrop();
     m_session.search.starteSuche(m_session.searchOptions);
@@ -67,6 +68,7 @@ void CurrentSearch::takeOpened()
         m_fileName = opening->fileName();
         m_status.startUrl = search.options.startUrl;
         m_status.depthLimit = search.options.tiefe;
+        stopImporting();
         emit aboutToDrop();
         m_session.search.openSearch(search.list);
         enter(SearchState::Loaded);
@@ -90,6 +92,12 @@ void CurrentSearch::importList(const QString& fileName, listFormat::Format forma
         emit imported(fileName, *list);
         return false;
     });
+}
+
+void CurrentSearch::stopImporting()
+{
+    m_importing.clear();
+    m_isImporting = false;
 }
 
 std::optional<QString> CurrentSearch::save(const QString& fileName)

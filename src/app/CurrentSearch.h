@@ -54,6 +54,7 @@ signals:
 private:
     void enter(SearchState state);
     void takeOpened();
+    void stopImporting();
 
     Session& m_session;
     SearchStatus m_status;

@@ -105,10 +105,19 @@ void ListFiles::write(const QString& fileName, Format format, Items items)
             file->write(*items[next++]);
             return true;
         }
-        if (const auto error = file->commit())
+        if (const auto error = file->commit()) {
+            m_hasFailed = true;
             complain("lang.errWhileSavingFile", fileName, *error);
+        }
         return false;
     });
+}
+
+bool ListFiles::finish()
+{
+    m_hasFailed = false;
+    m_writing.finish();
+    return !m_hasFailed;
 }
 
 void ListFiles::complain(const char* doing, const QString& fileName, const QString& detail)

@@ -36,8 +36,8 @@ public:
     void askToImport(listFormat::Format format);
     /// Writes all rows, or the selected ones when there are several and the user says so.
     void askToExport(listFormat::Format format, const Rows& rows);
-    /// Writes at once whatever is still to be written.
-    void finish() { m_writing.finish(); }
+    /// Writes at once whatever is still to be written. False when that fails, which is told.
+    [[nodiscard]] bool finish();
 
 private:
     void openDialog(listFormat::Format format);
@@ -52,4 +52,5 @@ private:
     Seams m_seams;
     StepQueue m_writing;
     bool m_hasNotedCsv = false;
+    bool m_hasFailed = false; ///< an export, since `finish` began
 };

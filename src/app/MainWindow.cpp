@@ -449,13 +449,15 @@ void MainWindow::saveSettings()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!m_isSettled)
+    m_rowCommands.finish();
+    // What could not be written is told of first; then the user may close the window again.
+    const bool isWritten = m_lists.finish();
+    if (isWritten && !m_isSettled)
         saveSettings();
-    if (!m_isSettled) {
+    if (!isWritten || !m_isSettled) {
         event->ignore();
         return;
     }
-    m_lists.finish();
     m_session.search.stopSearch();
     event->accept();
     QApplication::closeAllWindows();

@@ -8,6 +8,8 @@
 #include "crawl/url.h"
 #include "ui_dialog_getUrl.h"
 
+#include <QHideEvent>
+
 #include <utility>
 
 dialog_getUrl::dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTable& language)
@@ -59,6 +61,8 @@ void dialog_getUrl::navigate()
 
 void dialog_getUrl::hideEvent(QHideEvent* event)
 {
-    m_browser->clear();
+    // A window that is only minimised keeps its page.
+    if (!event->spontaneous())
+        m_browser->clear();
     QDialog::hideEvent(event);
 }

@@ -32,8 +32,10 @@ bool isReservedFileName(QByteArrayView name)
     static constexpr std::array devices { "CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$" };
     const QByteArray stem =
         name.first(name.indexOf('.') < 0 ? name.size() : name.indexOf('.')).toByteArray().toUpper().trimmed();
+    // The small raised digits of the western code page count as well.
+    constexpr QByteArrayView digits = "123456789\xb9\xb2\xb3";
     const bool port =
-        stem.size() == 4 && (stem.startsWith("COM") || stem.startsWith("LPT")) && stem[3] >= '1' && stem[3] <= '9';
+        stem.size() == 4 && (stem.startsWith("COM") || stem.startsWith("LPT")) && digits.contains(stem[3]);
     return name.contains(':') || port || std::find(devices.begin(), devices.end(), stem) != devices.end();
 }
 

@@ -31,6 +31,12 @@ void StepQueue::finish()
         m_nextSlice.stop();
 }
 
+void StepQueue::clear()
+{
+    m_steps.clear();
+    m_nextSlice.stop();
+}
+
 void StepQueue::runSlice()
 {
     QElapsedTimer timer;

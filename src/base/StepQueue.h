@@ -22,6 +22,8 @@ public:
     void add(Step step);
     /// Does at once whatever is left. While a step runs, it does nothing.
     void finish();
+    /// Drops whatever is left. Not from a step.
+    void clear();
     [[nodiscard]] bool isBusy() const { return !m_steps.empty(); }
 
 private:

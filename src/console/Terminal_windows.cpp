@@ -2,6 +2,8 @@
 #include "console/Terminal.h"
 
 #include <QMetaObject>
+#include <QMutex>
+#include <QMutexLocker>
 
 #include <fcntl.h>
 #include <io.h>
@@ -10,14 +12,34 @@
 namespace {
 
 /// The system calls the handler on a thread of its own with nothing but the event.
+QMutex watchMutex;
 terminal::InterruptWatch* currentWatch = nullptr;
 
-BOOL WINAPI onEvent(DWORD)
+bool tellWatch()
 {
+    const QMutexLocker lock(&watchMutex);
     if (!currentWatch)
-        return FALSE;
+        return false;
     QMetaObject::invokeMethod(currentWatch, &terminal::InterruptWatch::interrupted, Qt::QueuedConnection);
     currentWatch = nullptr;
+    return true;
+}
+
+void setWatch(terminal::InterruptWatch* watch)
+{
+    const QMutexLocker lock(&watchMutex);
+    currentWatch = watch;
+}
+
+BOOL WINAPI onEvent(DWORD event)
+{
+    constexpr DWORD longestFarewell = 10'000; // milliseconds; the system itself waits for less
+    if (!tellWatch())
+        return FALSE;
+    // When the console closes or the user logs off, the system ends the program as soon as this returns. It ends by
+    // itself when what was found is saved.
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
+        Sleep(longestFarewell);
     return TRUE;
 }
 
@@ -47,12 +69,12 @@ int terminal::columns()
 terminal::InterruptWatch::InterruptWatch(QObject* parent)
     : QObject(parent)
 {
-    currentWatch = this;
+    setWatch(this);
     SetConsoleCtrlHandler(onEvent, TRUE);
 }
 
 terminal::InterruptWatch::~InterruptWatch()
 {
-    currentWatch = nullptr;
+    setWatch(nullptr);
     SetConsoleCtrlHandler(onEvent, FALSE);
 }

@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -255,7 +256,9 @@ bool SearchRun::analyseUntilPause(Sock& sock)
         switch (sock.analysis->next()) {
         case HtmlAnalysis::Step::Reference: {
             const Verweis& verweis = sock.analysis->reference();
-            pruefeUnterUrl(verweis.adresse, page.tiefe + 1, page.adresse, verweis.typ);
+            // A file can give an item any depth.
+            const qint32 tiefe = qMin(page.tiefe, std::numeric_limits<qint32>::max() - 1) + 1;
+            pruefeUnterUrl(verweis.adresse, tiefe, page.adresse, verweis.typ);
             break;
         }
         case HtmlAnalysis::Step::Pause:

@@ -3,6 +3,7 @@
 
 #include "requests/CookieSource.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 struct sqlite3;
@@ -33,5 +34,6 @@ private:
     QTemporaryDir m_folder;
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_rows = nullptr;
+    QElapsedTimer m_sinceOpened;
     int m_steps = 0; ///< of the query, in thousands
 };

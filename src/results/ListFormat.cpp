@@ -108,7 +108,7 @@ void readFields(FundStück& item, const QByteArrayList& fields)
     };
     item.mimeTyp = field(MimeContent);
     item.groesse = fields[Size] == "?" ? -1 : allgemein::leadingNumber(fields[Size]);
-    item.tiefe = allgemein::leadingNumber32(fields[Depth]);
+    item.tiefe = qMax(0, allgemein::leadingNumber32(fields[Depth]));
     item.statusCode = allgemein::leadingNumber32(fields[Status]);
     item.referenzTyp = twk::referenceTypeFrom(allgemein::fromSystem(fields[RefType]));
     item.sprache = field(Language);

@@ -15,12 +15,24 @@
 #include <QGuiApplication>
 #include <QUrl>
 
+#include <numeric>
 #include <utility>
 
 namespace {
 
 /// Before more pages than these are opened, the user is asked.
 constexpr qsizetype manyPages = 20;
+
+qint64 countOf(const RowRuns& rows)
+{
+    return std::accumulate(rows.begin(), rows.end(), qint64 { 0 },
+        [](qint64 sum, const RowRun& run) { return sum + run.last - run.first + 1; });
+}
+
+bool canBeOpened(const QByteArray& url)
+{
+    return openBy::isForTheSystem(url) && QUrl::fromEncoded(url).isValid();
+}
 
 } // namespace
 
@@ -43,8 +55,8 @@ RowRuns RowCommands::chosen(bool marked) const
 RowCommands::Items RowCommands::items(const RowRuns& rows) const
 {
     Items items;
+    items.reserve(static_cast<size_t>(countOf(rows)));
     for (const RowRun& run : rows) {
-        items.reserve(items.size() + static_cast<size_t>(run.last - run.first + 1));
         for (int row = run.first; row <= run.last; ++row)
             items.push_back(&m_model.itemAt(row));
     }
@@ -66,17 +78,14 @@ QList<QByteArray> RowCommands::urls(bool marked) const
 
 qint64 RowCommands::selectedCount() const
 {
-    qint64 count = 0;
-    for (const RowRun& run : m_view.selectedRows())
-        count += run.last - run.first + 1;
-    return count;
+    return countOf(m_view.selectedRows());
 }
 
 void RowCommands::open(bool marked)
 {
     const QList<QByteArray> all = urls(marked);
     QList<QByteArray> opened = all;
-    opened.removeIf([](const QByteArray& url) { return !openBy::isForTheSystem(url); });
+    opened.removeIf([](const QByteArray& url) { return !canBeOpened(url); });
     const auto openThem = [this, opened] {
         if (opened.size() <= manyPages) {
             openAll(opened);
@@ -99,15 +108,25 @@ void RowCommands::open(bool marked)
 
 void RowCommands::openAll(const QList<QByteArray>& urls)
 {
-    m_opening.add([this, urls, next = qsizetype { 0 }]() mutable {
-        if (next == urls.size())
-            return false;
-        const QByteArray& url = urls[next++];
-        if (m_shell.openUrl(QUrl::fromEncoded(url)))
+    m_opening.add([this, urls, failed = QList<QByteArray>(), next = qsizetype { 0 }]() mutable {
+        if (next < urls.size()) {
+            const QByteArray& url = std::as_const(urls)[next++];
+            if (!m_shell.openUrl(QUrl::fromEncoded(url)))
+                failed += url;
             return true;
-        m_messages.tell(errorReport(m_language, "lang.errWhileOpening", allgemein::shownText(url)));
+        }
+        if (!failed.isEmpty())
+            tellNotOpened(failed);
         return false;
     });
+}
+
+void RowCommands::tellNotOpened(const QList<QByteArray>& urls)
+{
+    QString text = allgemein::shownText(urls.first());
+    if (urls.size() > 1)
+        text += u'\n' + m_language.text("more.andMore").arg(urls.size() - 1);
+    m_messages.tell(errorReport(m_language, "lang.errWhileOpening", text));
 }
 
 void RowCommands::download(bool marked)

@@ -56,6 +56,7 @@ private:
     [[nodiscard]] RowRuns chosen(bool marked) const;
     [[nodiscard]] Items items(const RowRuns& rows) const;
     void openAll(const QList<QByteArray>& urls);
+    void tellNotOpened(const QList<QByteArray>& urls);
 
     FoundModel& m_model;
     FoundsView& m_view;

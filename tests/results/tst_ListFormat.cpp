@@ -116,7 +116,9 @@ void tst_ListFormat::runsNoFormulas_data()
     QTest::addColumn<QByteArray>("type");
     for (const char* formula : { "=cmd|' /C calc'!A0", "+1", "-1", "@SUM(1)", "\"=1\"", "'=1" }) {
         QTest::newRow(formula) << QByteArray("http://h:80/") << QByteArray(formula);
-        QTest::addRow("behind a comma: %s", formula) << QByteArray("http://h:80/") << QByteArray("x,") + formula;
+        for (const char sign : { ',', ';', ' ', '"' })
+            QTest::addRow("behind %c: %s", sign, formula)
+                << QByteArray("http://h:80/") << (QByteArray("x") + sign) + formula;
         QTest::addRow("a file name: %s", formula) << QByteArray("http://h:80/") + formula << QByteArray("text/html");
         QTest::addRow("a URL: %s", formula) << QByteArray(formula) << QByteArray("text/html");
     }
