@@ -160,7 +160,7 @@ void tst_MainWindow::aSearchFromStartToFile()
     QCOMPARE(panel(2), QStringLiteral("Start: ") + QString::fromLatin1(m_server->origin()));
     QCOMPARE(panel(3), QStringLiteral("Depth: 3"));
     QCOMPARE(panel(4), QStringLiteral("Found urls: 6"));
-    QCOMPARE(panel(6), QStringLiteral("Shown: 6"));
+    QTRY_COMPARE(panel(6), QStringLiteral("Shown: 6")); // told a pass of the event loop after the rows
     QCOMPARE(control<QLabel>(*m_window, "nAngezeigte").text(), QStringLiteral("6"));
     QCOMPARE(details().model()->index(2, FoundModel::Size).data().toString(), QStringLiteral("5000000000"));
 
