@@ -39,12 +39,12 @@ QPalette darkPalette()
     return dark;
 }
 
-class Photographer {
+class Photographer : AnsweredSeams {
 public:
     Photographer(const QByteArray& site, const QString& folder)
         : m_site(site)
         , m_folder(QDir(folder).absolutePath())
-        , m_window(m_session, { m_messages, m_dialogs, m_shell, m_picker, m_registry })
+        , m_window(m_session, seams())
     {
         m_session.cookies.setCookieFolder(QDir::temp().filePath(QStringLiteral("tarnwick-screenshots")));
         m_session.requestPrefs.useLanguage = true;
@@ -108,12 +108,15 @@ private:
         QSignalSpy idle(&queue, &DownloadQueue::idle);
         choose(QStringLiteral("m_selectAll"));
         choose(QStringLiteral("m_selectedDownload"));
+        choose(QStringLiteral("m_addNumberedDL"));
         queue.addDL("https://www.example.org/catalogue.pdf", -1, {});
         numbered()
             .findChild<QLineEdit*>(QStringLiteral("startUrl"))
             ->setText(QStringLiteral("http://www.example.org/pictures/boat.jpg"));
         numbered().findChild<QSpinBox*>(QStringLiteral("Pos"))->setValue(36);
         numbered().findChild<QSpinBox*>(QStringLiteral("minStellen"))->setValue(3);
+        numbered().close();
+        choose(QStringLiteral("m_showDlm"));
         downloads().resize(900, 380);
         return idle.count() > 0 || idle.wait(20'000);
     }
@@ -138,11 +141,6 @@ private:
     QByteArray m_site;
     QString m_folder;
     Session m_session;
-    AnsweredMessages m_messages;
-    AnsweredFileDialogs m_dialogs;
-    RecordingShell m_shell;
-    AnsweredPicker m_picker;
-    FilledRegistry m_registry;
     MainWindow m_window;
     QTemporaryDir m_target;
     bool m_saved = true;

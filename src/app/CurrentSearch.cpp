@@ -3,7 +3,7 @@
 
 #include "app/SearchOpening.h"
 #include "app/Session.h"
-#include "results/SearchFile.h"
+#include "results/SearchFileWriter.h"
 
 #include <memory>
 #include <utility>
@@ -12,17 +12,20 @@ CurrentSearch::CurrentSearch(Session& session)
     : m_session(session)
 {
     connect(&session.search, &SearchRun::finished, this, [this] { enter(SearchState::Finished); });
+    connect(&session.search, &SearchRun::removing, this, [this](const FundKnoten* knoten) {
+        if (m_writer)
+            m_writer->removing(knoten);
+    });
 }
 
 void CurrentSearch::start()
 {
     delete std::exchange(m_opening, nullptr);
+    letGo();
     m_fileName.clear();
     m_status.startUrl = m_session.searchOptions.startUrl;
     m_status.depthLimit = m_session.searchOptions.tiefe;
-    stopImporting();
     enter(SearchState::Searching);
-    emit aboutToDrop();
     m_session.search.starteSuche(m_session.searchOptions);
 }
 
@@ -63,13 +66,12 @@ void CurrentSearch::takeOpened()
     opening->deleteLater();
     StoredSearch& search = opening->search();
     if (SearchFile::isUsable(opening->result().error)) {
+        letGo();
         m_session.searchOptions = search.options;
         m_session.requestPrefs = search.prefs;
         m_fileName = opening->fileName();
         m_status.startUrl = search.options.startUrl;
         m_status.depthLimit = search.options.tiefe;
-        stopImporting();
-        emit aboutToDrop();
         m_session.search.openSearch(search.list);
         enter(SearchState::Loaded);
     }
@@ -100,14 +102,30 @@ void CurrentSearch::stopImporting()
     m_isImporting = false;
 }
 
-std::optional<QString> CurrentSearch::save(const QString& fileName)
+void CurrentSearch::save(const QString& fileName)
 {
-    auto error = SearchFile::save(fileName, m_session.searchOptions, m_session.requestPrefs, m_session.foundItems);
-    if (!error) {
-        m_fileName = fileName;
-        emit changed();
-    }
-    return error;
+    finishSaving();
+    m_writer = std::make_shared<SearchFileWriter>(
+        fileName, m_session.searchOptions, m_session.requestPrefs, m_session.foundItems);
+    m_saving.add([this, writer = m_writer, fileName] {
+        if (!writer->writeSome())
+            return true;
+        m_writer.reset();
+        const auto error = writer->commit();
+        if (!error) {
+            m_fileName = fileName;
+            emit changed();
+        }
+        emit saved(fileName, error);
+        return false;
+    });
+}
+
+void CurrentSearch::letGo()
+{
+    stopImporting();
+    finishSaving();
+    emit aboutToDrop();
 }
 
 SearchStatus CurrentSearch::status() const

@@ -8,8 +8,10 @@
 
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
+class SearchFileWriter;
 class SearchOpening;
 class Session;
 
@@ -32,8 +34,10 @@ public:
     /// Adds the items of a list in a file to the search, those whose URLs it does not have yet. Ends with `imported`;
     /// the search can be continued then.
     void importList(const QString& fileName, listFormat::Format format);
-    /// Replaces a file and makes it this search's. Returns the system's error text on failure.
-    [[nodiscard]] std::optional<QString> save(const QString& fileName);
+    /// Replaces a file and makes it this search's, between other events. Ends with `saved`.
+    void save(const QString& fileName);
+    /// Does at once what is left of the saving.
+    void finishSaving() { m_saving.finish(); }
 
     [[nodiscard]] SearchStatus status() const;
     /// Empty for a search that was neither opened nor saved.
@@ -48,6 +52,8 @@ signals:
     /// all, its search is the current one now.
     void opened(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
 
+    /// `error` is what the system says if the file could not be saved.
+    void saved(const QString& fileName, const std::optional<QString>& error);
     /// A list was read as far as `list` tells.
     void imported(const QString& fileName, const ListReader& list);
 
@@ -55,6 +61,8 @@ private:
     void enter(SearchState state);
     void takeOpened();
     void stopImporting();
+    /// Brings everything to an end that needs the items.
+    void letGo();
 
     Session& m_session;
     SearchStatus m_status;
@@ -62,4 +70,6 @@ private:
     SearchOpening* m_opening = nullptr;
     StepQueue m_importing;
     bool m_isImporting = false;
+    StepQueue m_saving;
+    std::shared_ptr<SearchFileWriter> m_writer; ///< while a file is saved
 };

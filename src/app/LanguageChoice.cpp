@@ -51,13 +51,15 @@ void LanguageChoice::readOn()
         m_reading.reset();
         break;
     case LanguageFile::Step::Failed:
+        m_messages.tell({ Messages::Sign::Warning, title,
+            QStringLiteral("Error while loading language file\n%1").arg(m_reading->place()) });
         m_reading.reset();
-        m_messages.tell({ Messages::Sign::Warning, title, QStringLiteral("Error while loading language file") });
         break;
     case LanguageFile::Step::UnknownKey:
-        m_messages.ask({ Messages::Sign::Warning, title,
-                           QStringLiteral("Not a valid l-Value for Translation: %1\nContinue loading Language-file?")
-                               .arg(allgemein::shownText(m_reading->key().left(longestKey))) },
+        m_messages.ask(
+            { Messages::Sign::Warning, title,
+                QStringLiteral("Not a valid l-Value for Translation: %1\nContinue loading Language-file?\n%2")
+                    .arg(allgemein::shownText(m_reading->key().left(longestKey)), m_reading->place()) },
             [this, asked = m_reading.get()](bool goOn) {
                 // Another language may have been chosen meanwhile.
                 if (asked != m_reading.get())

@@ -7,20 +7,14 @@
 #include "app/StatusPanels.h"
 #include "app/WindowPlace.h"
 #include "base/Captions.h"
-#include "base/ColumnsTable.h"
 #include "base/ErrorReport.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Shell.h"
 #include "base/allgemein.h"
-#include "crawl/dialog_getSearch.h"
-#include "downloads/DLManager.h"
-#include "downloads/getDLStack.h"
-#include "requests/dialog_requests.h"
 #include "results/FilterPane.h"
 #include "results/FoundsView.h"
 #include "results/HostTreeView.h"
-#include "results/dialog_openBy.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -58,13 +52,7 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     , m_filter(new FilterPane(session.filter, this))
     , m_status(new StatusPanels(this))
     , m_splitter(new QSplitter(this))
-    , m_newSearch(new dialog_getSearch(session.searchOptions, session.language, seams.messages, seams.urlPicker, this))
-    , m_numbered(new getDLStack(session.downloads, session.language, seams.messages, seams.urlPicker, this))
-    , m_requests(new dialog_requests(session.requestPrefs, session.cookies, session.language, seams.messages,
-          seams.fileDialogs, seams.registry, this))
-    , m_openBy(new dialog_openBy(session.language, seams.messages, seams.fileDialogs, seams.shell, this))
-    , m_downloads(std::make_unique<DLManager>(
-          session.downloads, session.language, seams.messages, seams.fileDialogs, seams.shell))
+    , m_sideWindows(session, seams, *this)
     , m_rowCommands(m_founds, *m_list, session.downloads, session.language, seams.messages, seams.shell)
 {
     setObjectName(QStringLiteral("main"));
@@ -115,7 +103,7 @@ void MainWindow::wireSearch()
         m_founds.offer(knoten);
         m_hosts.add(knoten->inhalt);
         m_filter->mimeTypes().meet(knoten->inhalt.mimeTyp);
-        m_statusUpdate.start();
+        m_statusUpdate.request();
     });
     connect(&run, &SearchRun::refreshed, this, [this](FundKnoten* knoten) {
         m_founds.refresh(knoten);
@@ -125,21 +113,20 @@ void MainWindow::wireSearch()
     connect(&run, &SearchRun::removing, this, [this](FundKnoten* knoten) {
         m_founds.removing(knoten);
         m_hosts.removing(knoten);
-        m_statusUpdate.start();
+        m_statusUpdate.request();
     });
     connect(&run, &SearchRun::cleared, this, &MainWindow::forgetViews);
     connect(&run, &SearchRun::finished, this, &MainWindow::rebuildViews);
     connect(&m_search, &CurrentSearch::changed, this, &MainWindow::updateStatus);
     connect(&m_search, &CurrentSearch::aboutToDrop, this, [this] { m_rowCommands.finish(); });
     connect(&m_files, &SearchFiles::opened, this, &MainWindow::showOpened);
-    connect(m_newSearch, &dialog_getSearch::confirmed, this, &MainWindow::startSearch);
+    connect(&m_sideWindows, &SideWindows::searchConfirmed, this, &MainWindow::startSearch);
 }
 
 void MainWindow::wireViews()
 {
-    m_statusUpdate.setSingleShot(true);
-    connect(&m_statusUpdate, &QTimer::timeout, this, &MainWindow::updateStatus);
-    connect(&m_founds, &FoundModel::countChanged, this, [this] { m_statusUpdate.start(); });
+    connect(&m_statusUpdate, &PacedUpdate::due, this, &MainWindow::updateStatus);
+    connect(&m_founds, &FoundModel::countChanged, this, [this] { m_statusUpdate.request(); });
     connect(m_baum, &HostTreeView::branchChosen, this, [this](const SubUrl& branch) {
         // The root stands for everything, whatever its protocol.
         m_session.filter.branch = branch.level > 0 ? std::optional(branch) : std::nullopt;
@@ -153,10 +140,7 @@ void MainWindow::wireViews()
 
 void MainWindow::wireSearchMenu()
 {
-    connect(m_menus.m_searchNew, &QAction::triggered, this, [this] {
-        m_newSearch->showOptions();
-        m_newSearch->open();
-    });
+    connect(m_menus.m_searchNew, &QAction::triggered, &m_sideWindows, &SideWindows::showNewSearch);
     connect(m_menus.m_searchContinue, &QAction::triggered, &m_search, &CurrentSearch::continueSearch);
     connect(m_menus.m_searchStop, &QAction::triggered, &m_search, &CurrentSearch::stop);
     connect(m_menus.m_searchOpen, &QAction::triggered, &m_files, &SearchFiles::askToOpen);
@@ -193,7 +177,7 @@ void MainWindow::wireEditMenu()
     connect(m_list, &FoundsView::doubleClicked, m_menus.m_selectedOpen, &QAction::trigger);
     const auto openBy = [this](QAction* action, bool marked) {
         connect(action, &QAction::triggered, this,
-            [this, marked] { m_openBy->run([this, marked] { return m_rowCommands.urls(marked); }); });
+            [this, marked] { m_sideWindows.showOpenBy([this, marked] { return m_rowCommands.urls(marked); }); });
     };
     openBy(m_menus.m_selectedOpenBy, false);
     openBy(m_menus.m_markedOpenBy, true);
@@ -228,32 +212,18 @@ void MainWindow::wireDownloads()
     const auto download = [this](QAction* action, bool marked) {
         connect(action, &QAction::triggered, this, [this, marked] {
             m_rowCommands.download(marked);
-            showDownloadsIfWanted();
+            m_sideWindows.showDownloadsIfWanted();
         });
     };
     download(m_menus.m_selectedDownload, false);
     download(m_menus.m_markedDownload, true);
-    connect(m_menus.m_addNumberedDL, &QAction::triggered, m_numbered, &QDialog::open);
-    connect(m_numbered, &getDLStack::confirmed, this, &MainWindow::showDownloadsIfWanted);
-    connect(m_menus.m_showDlm, &QAction::triggered, this, &MainWindow::showDownloads);
-}
-
-void MainWindow::showDownloadsIfWanted()
-{
-    if (m_session.windows.autoOpenDLM)
-        showDownloads();
-}
-
-void MainWindow::showDownloads()
-{
-    m_downloads->show();
-    m_downloads->raise();
-    m_downloads->activateWindow();
+    connect(m_menus.m_addNumberedDL, &QAction::triggered, &m_sideWindows, &SideWindows::showNumbered);
+    connect(m_menus.m_showDlm, &QAction::triggered, &m_sideWindows, &SideWindows::showDownloads);
 }
 
 void MainWindow::wireOtherMenus()
 {
-    connect(m_menus.m_requests, &QAction::triggered, m_requests, &dialog_requests::run);
+    connect(m_menus.m_requests, &QAction::triggered, &m_sideWindows, &SideWindows::showRequests);
     connect(m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) { m_session.setFollowRelocation(on); });
     connect(m_menus.m_filterAutoApply, &QAction::toggled, this,
         [this](bool on) { m_session.windows.filterAutoApply = on; });
@@ -294,8 +264,7 @@ void MainWindow::showOpened(const MimeListe& mimeTypes)
     m_session.filter.branch.reset();
     for (const MimeListe::Entry& entry : mimeTypes.entries())
         m_filter->mimeTypes().meet(entry.type);
-    m_newSearch->showOptions();
-    m_requests->showLanguages();
+    m_sideWindows.showOptions();
     m_baum->expandHostOf(m_session.searchOptions.startUrl);
     rebuildViews();
 }
@@ -383,9 +352,7 @@ void MainWindow::restoreState()
     windowPlace::restore(*this, { windows.mainWidth, windows.mainHeight }, m_session.views.mainPlace);
     if (windows.mainMaximized)
         setWindowState(windowState() | Qt::WindowMaximized);
-    windowPlace::restore(*m_downloads, { windows.dlmWidth, windows.dlmHeight }, m_session.views.downloadsPlace);
     m_list->restoreColumns(m_session.views.columns);
-    m_downloads->list().restoreColumns(m_session.views.downloadsColumns);
     if (windows.treeX > 0)
         m_splitter->setSizes({ windowPlace::pixels(windows.treeX), width() - windowPlace::pixels(windows.treeX) });
 
@@ -408,20 +375,15 @@ void MainWindow::rememberState()
 {
     WindowSettings& windows = m_session.windows;
     const QSize size = windowPlace::twipsOf(*this);
-    const QSize downloadsSize = windowPlace::twipsOf(*m_downloads);
     windows.mainWidth = size.width();
     windows.mainHeight = size.height();
     windows.mainMaximized = isMaximized();
-    windows.dlmWidth = downloadsSize.width();
-    windows.dlmHeight = downloadsSize.height();
     if (windows.tree)
         windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
     windows.langFile = m_language.fileName();
     m_session.views.mainPlace = windowPlace::placeOf(*this);
-    if (const auto place = windowPlace::placeOf(*m_downloads))
-        m_session.views.downloadsPlace = place;
     m_session.views.columns = m_list->columnState();
-    m_session.views.downloadsColumns = m_downloads->list().columnState();
+    m_sideWindows.rememberState();
 }
 
 void MainWindow::showTree(bool on)
@@ -451,7 +413,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_rowCommands.finish();
     // What could not be written is told of first; then the user may close the window again.
-    const bool isWritten = m_lists.finish();
+    const bool areSaved = m_files.finish();
+    const bool isWritten = m_lists.finish() && areSaved;
     if (isWritten && !m_isSettled)
         saveSettings();
     if (!isWritten || !m_isSettled) {

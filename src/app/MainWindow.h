@@ -7,26 +7,20 @@
 #include "app/MainMenus.h"
 #include "app/SearchFiles.h"
 #include "app/Seams.h"
+#include "app/SideWindows.h"
+#include "base/PacedUpdate.h"
 #include "results/FoundModel.h"
 #include "results/HostTree.h"
 #include "results/RowCommands.h"
 
 #include <QMainWindow>
-#include <QTimer>
 
-#include <memory>
-
-class DLManager;
 class FilterPane;
 class FoundsView;
 class HostTreeView;
 class QSplitter;
 class Session;
 class StatusPanels;
-class dialog_getSearch;
-class dialog_openBy;
-class dialog_requests;
-class getDLStack;
 
 /// The main window: the results as list and tree, the filter, the menus and the status bar, wired to the search.
 class MainWindow final : public QMainWindow {
@@ -71,8 +65,6 @@ private:
     void rebuildViews();
     void forgetViews();
     void chooseUnit(const QAction& unit);
-    void showDownloads();
-    void showDownloadsIfWanted();
     void showHelp();
     void showAbout();
     void updateStatus();
@@ -94,12 +86,8 @@ private:
     FilterPane* m_filter;
     StatusPanels* m_status;
     QSplitter* m_splitter;
-    dialog_getSearch* m_newSearch;
-    getDLStack* m_numbered;
-    dialog_requests* m_requests;
-    dialog_openBy* m_openBy;
-    std::unique_ptr<DLManager> m_downloads;
+    SideWindows m_sideWindows;
     RowCommands m_rowCommands;
-    QTimer m_statusUpdate;
+    PacedUpdate m_statusUpdate;
     bool m_isSettled = false; ///< the settings are saved, or it was told that they cannot be
 };

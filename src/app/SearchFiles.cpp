@@ -27,6 +27,7 @@ SearchFiles::SearchFiles(CurrentSearch& search, const LanguageTable& language, c
     , m_seams(seams)
 {
     connect(&search, &CurrentSearch::opened, this, &SearchFiles::takeOpened);
+    connect(&search, &CurrentSearch::saved, this, &SearchFiles::takeSaved);
 }
 
 void SearchFiles::open(const QString& fileName)
@@ -45,19 +46,27 @@ void SearchFiles::save()
     if (m_search.fileName().isEmpty())
         askToSave();
     else
-        saveTo(m_search.fileName());
+        m_search.save(m_search.fileName());
 }
 
 void SearchFiles::askToSave()
 {
     m_seams.fileDialogs.save({ LanguageTable::plain(text("main.m_searchSaveAs")), fileTypes(m_language),
                                  m_search.fileName(), QStringLiteral("twk") },
-        [this](const QString& path) { saveTo(path); });
+        [this](const QString& path) { m_search.save(path); });
 }
 
-void SearchFiles::saveTo(const QString& fileName)
+bool SearchFiles::finish()
 {
-    if (const auto error = m_search.save(fileName))
+    m_hasFailed = false;
+    m_search.finishSaving();
+    return !m_hasFailed;
+}
+
+void SearchFiles::takeSaved(const QString& fileName, const std::optional<QString>& error)
+{
+    m_hasFailed = m_hasFailed || error;
+    if (error)
         complain("lang.errWhileSavingFile", QDir::toNativeSeparators(fileName) + u'\n' + *error);
 }
 
@@ -68,19 +77,19 @@ void SearchFiles::takeOpened(const QString& fileName, const SearchFile::LoadResu
         complain("lang.errTitle", QDir::toNativeSeparators(fileName) + u'\n' + error);
     if (!SearchFile::isUsable(result.error))
         return;
-    warnOfSkippedLines(result);
+    warnOfSkippedLines(fileName, result);
     m_seams.shell.addRecentDocument(fileName);
     emit opened(mimeTypes);
 }
 
-void SearchFiles::warnOfSkippedLines(const SearchFile::LoadResult& result)
+void SearchFiles::warnOfSkippedLines(const QString& fileName, const SearchFile::LoadResult& result)
 {
     constexpr qsizetype most = 10;
     if (result.skipped.isEmpty())
         return;
-    QStringList warnings;
+    QStringList warnings { QDir::toNativeSeparators(fileName) };
     for (const SearchFile::SkippedLine& line : result.skipped.first(qMin(most, result.skipped.size())))
-        warnings += twk::warningText(line, m_language);
+        warnings += QString::number(line.number) + QLatin1String(": ") + twk::warningText(line, m_language);
     if (result.skippedCount > most)
         warnings += text("more.andMore").arg(result.skippedCount - most);
     complain("lang.note", warnings.join(u'\n'));

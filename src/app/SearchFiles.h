@@ -22,6 +22,8 @@ public:
     /// Saves to the search's own file, or asks for one.
     void save();
     void askToSave();
+    /// Brings the saving to its end. False when that fails, which is told.
+    [[nodiscard]] bool finish();
 
 signals:
     /// A file's search is the current one now. `mimeTypes` are those of its items.
@@ -29,12 +31,13 @@ signals:
 
 private:
     void takeOpened(const QString& fileName, const SearchFile::LoadResult& result, const MimeListe& mimeTypes);
-    void warnOfSkippedLines(const SearchFile::LoadResult& result);
-    void saveTo(const QString& fileName);
+    void warnOfSkippedLines(const QString& fileName, const SearchFile::LoadResult& result);
+    void takeSaved(const QString& fileName, const std::optional<QString>& error);
     void complain(const char* titleKey, const QString& message);
     [[nodiscard]] QString text(const char* key) const;
 
     CurrentSearch& m_search;
     const LanguageTable& m_language;
     Seams m_seams;
+    bool m_hasFailed = false; ///< a saving, since `finish` began
 };

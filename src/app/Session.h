@@ -31,6 +31,8 @@ public:
     DownloadQueue downloads;
     WindowSettings windows;
     ViewState views;
+    /// The settings that are stored could not be read whole, and are not to be replaced.
+    bool settingsAreUnread = false;
 
     /// Whether searches and downloads take up the new address of what has relocated.
     void setFollowRelocation(bool on);

@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <array>
@@ -108,8 +109,9 @@ QByteArrayList languageFiles(Session& session)
 void readMimeType(Session& session, const QByteArray& value)
 {
     MimeListe& types = session.filter.mimeListe;
+    // In the form in which it is saved, which sorts otherwise.
     if (!value.isEmpty() && !types.isFull())
-        types.insert(value).listed = true;
+        types.insert(allgemein::onOneLine(value)).listed = true;
 }
 
 void readUrlPart(Session& session, const QByteArray& value)
@@ -215,21 +217,38 @@ bool takeLine(Session& session, const QByteArray& line, QByteArray& key)
         || twkEinstellungen::readRequestPref(session.requestPrefs, key, pair->value);
 }
 
+void readLines(Session& session, QFile& file, Settings::LoadResult& result)
+{
+    QByteArray key;
+    qint64 number = 0;
+    bool isRest = false; // of a line that is too long
+    while (const auto line = file.pos() < largestFile ? allgemein::readLine(file, longestLine) : std::nullopt) {
+        number += isRest ? 0 : 1;
+        const bool isUnknown = !isRest && !line->isPiece && !takeLine(session, line->text, key);
+        isRest = line->isPiece;
+        if (isUnknown && result.unknownCount++ == 0) {
+            result.firstUnknown = key;
+            result.firstUnknownLine = number;
+        }
+    }
+}
+
 Settings::LoadResult readFile(Session& session)
 {
     Settings::LoadResult result;
     QFile file(settingsFile());
     if (!file.exists())
         return result;
+    // A pipe would wait for a writer.
+    if (!QFileInfo(file).isFile()) {
+        result.failure = QDir::toNativeSeparators(file.fileName()) + QLatin1String("\nnot an ordinary file");
+        return result;
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         result.failure = fileFailure(file);
         return result;
     }
-    QByteArray key;
-    while (const auto line = file.pos() < largestFile ? allgemein::readLineUpTo(file, longestLine) : std::nullopt) {
-        if (!takeLine(session, *line, key) && result.unknownCount++ == 0)
-            result.firstUnknown = key;
-    }
+    readLines(session, file, result);
     if (file.error() != QFile::NoError)
         result.failure = fileFailure(file);
     result.isTooLarge = file.pos() >= largestFile;
@@ -277,6 +296,7 @@ Settings::LoadResult Settings::loadSettings(Session& session, const QString& pro
 {
     selectFirstLanguage(session.language, programFolder);
     LoadResult result = readFile(session);
+    session.settingsAreUnread = result.isTooLarge || !result.failure.isEmpty();
     applyViewState(session);
     if (session.windows.builtInLanguage)
         session.language.selectBuiltIn(*session.windows.builtInLanguage);
@@ -288,13 +308,15 @@ std::optional<Messages::Box> Settings::report(const LoadResult& result, const La
 {
     if (!result.failure.isEmpty())
         return errorReport(language, "lang.errWhileLoadingIni", result.failure);
+    const QString fileName = QDir::toNativeSeparators(settingsFile());
     if (result.isTooLarge)
-        return errorReport(language, "lang.errWhileLoadingIni", language.text("more.tooLarge"));
+        return errorReport(language, "lang.errWhileLoadingIni", fileName + u'\n' + language.text("more.tooLarge"));
     if (result.unknownCount == 0)
         return {};
     constexpr qsizetype longest = 60;
     QString text = language.text("lang.invalidAttribut") + QLatin1String(": ")
-        + allgemein::shownText(result.firstUnknown).left(longest);
+        + allgemein::shownText(result.firstUnknown).left(longest) + u'\n' + fileName + u':'
+        + QString::number(result.firstUnknownLine);
     if (result.unknownCount > 1)
         text += u'\n' + language.text("more.andMore").arg(result.unknownCount - 1);
     return Messages::Box { Messages::Sign::Warning, language.text("lang.errWhileLoadingIni"), text };
@@ -304,6 +326,8 @@ std::optional<QString> Settings::saveSettings(Session& session)
 {
     rememberViewState(session);
     QSaveFile file(settingsFile());
+    if (session.settingsAreUnread)
+        return QDir::toNativeSeparators(file.fileName()) + u'\n' + session.language.text("more.settingsKept");
     if (!file.open(QIODevice::WriteOnly))
         return fileFailure(file);
     if (allgemein::writeAll(file, fileContent(session)))

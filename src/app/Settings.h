@@ -17,6 +17,7 @@ namespace Settings {
 
 struct LoadResult {
     QByteArray firstUnknown; ///< the key of the first line that nobody knows
+    qint64 firstUnknownLine = 0; ///< its number, from 1
     qint64 unknownCount = 0; ///< how many such lines there are
     bool isTooLarge = false; ///< what is beyond 16 MiB was not read
     QString failure; ///< the file and what the system says, if it is there and cannot be read (to its end)
@@ -29,7 +30,8 @@ struct LoadResult {
 /// What is to be said of it; nothing when all was understood.
 [[nodiscard]] std::optional<Messages::Box> report(const LoadResult& result, const LanguageTable& language);
 
-/// Replaces the file, in one step. On failure, the file and what the system says.
+/// Replaces the file, in one step. On failure, the file and what the system says. A file that could not be read (to its
+/// end) when the session began is left as it is, which counts as a failure.
 [[nodiscard]] std::optional<QString> saveSettings(Session& session);
 
 } // namespace Settings

@@ -3,6 +3,8 @@
 
 #include "base/allgemein.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 
 namespace {
@@ -29,10 +31,20 @@ QVariant variantOf(const std::optional<QPoint>& point)
     return point ? QVariant(*point) : QVariant();
 }
 
+/// Whether the library can read and replace the file: a pipe would wait for a writer, and a device may never end.
+bool isUsable()
+{
+    constexpr qint64 largest = 16 * 1024 * 1024;
+    const QFileInfo file(fileName());
+    return !file.exists() || (file.isFile() && file.size() <= largest);
+}
+
 } // namespace
 
 ViewState ViewState::load()
 {
+    if (!isUsable())
+        return {};
     const QSettings file(fileName(), QSettings::IniFormat);
     ViewState state;
     state.mainPlace = pointFrom(file.value(mainPlaceKey));
@@ -48,9 +60,13 @@ ViewState ViewState::load()
 
 void ViewState::save() const
 {
+    if (!isUsable())
+        return;
     QStringList types;
     for (const QByteArray& type : unlistedTypes)
         types += QString::fromLatin1(type);
+    // A program that is killed leaves its lock behind, and this one would wait half a minute for it to be given back.
+    QFile::remove(fileName() + QLatin1String(".lock"));
     QSettings file(fileName(), QSettings::IniFormat);
     file.setValue(mainPlaceKey, variantOf(mainPlace));
     file.setValue(columnsKey, columns);

@@ -5,12 +5,39 @@
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QSet>
 
 #include <utility>
 
 namespace {
 
 constexpr int firstColumn = 0;
+
+struct StoredColumn {
+    int column;
+    int width; ///< 0 for one that is hidden
+};
+
+/// The columns of a state, all of them once, in their order; none when it cannot be used. Anything may stand in it: the
+/// library's own form for this ends the program when a damaged state is drawn.
+QList<StoredColumn> columnsFrom(const QByteArray& state, qsizetype count)
+{
+    constexpr int widest = 10'000;
+    QList<StoredColumn> columns;
+    QSet<int> known;
+    for (const QByteArray& text : state.split(' ')) {
+        const qsizetype colon = text.indexOf(':');
+        bool isColumn = false;
+        bool isWidth = false;
+        const StoredColumn stored { text.left(colon).toInt(&isColumn), text.mid(colon + 1).toInt(&isWidth) };
+        known += stored.column;
+        if (colon < 0 || !isColumn || !isWidth || stored.column < 0 || stored.column >= count || stored.width < 0
+            || stored.width > widest)
+            return {};
+        columns += stored;
+    }
+    return columns.size() == count && known.size() == count ? columns : QList<StoredColumn>();
+}
 
 } // namespace
 
@@ -38,6 +65,8 @@ ColumnsTable::ColumnsTable(QAbstractItemModel& model, QList<int> widths, const L
     QHeaderView& columns = *horizontalHeader();
     columns.setSectionsMovable(true);
     columns.setHighlightSections(false);
+    // For every section it draws, a header asks whether the whole column is selected: of each row.
+    columns.setSelectionModel(new QItemSelectionModel(&model, &columns));
     columns.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&columns, &QHeaderView::customContextMenuRequested, this, &ColumnsTable::showColumnMenu);
     resetColumns();
@@ -54,18 +83,27 @@ RowRuns ColumnsTable::selectedRows() const
 
 QByteArray ColumnsTable::columnState() const
 {
-    return horizontalHeader()->saveState();
+    const QHeaderView& header = *horizontalHeader();
+    QByteArrayList columns;
+    for (int place = 0; place < header.count(); ++place) {
+        const int column = header.logicalIndex(place);
+        columns += QByteArray::number(column) + ':' + QByteArray::number(header.sectionSize(column));
+    }
+    return columns.join(' ');
 }
 
 bool ColumnsTable::restoreColumns(const QByteArray& state)
 {
+    const auto columns = columnsFrom(state, m_widths.size());
     QHeaderView& header = *horizontalHeader();
-    const QByteArray before = header.saveState();
-    const bool restored = header.restoreState(state) && header.count() == m_widths.size();
-    if (!restored)
-        header.restoreState(before);
-    header.showSection(firstColumn);
-    return restored;
+    for (int place = 0; place < columns.size(); ++place) {
+        const auto& [column, width] = columns[place];
+        header.moveSection(header.visualIndex(column), place);
+        header.setSectionHidden(column, width == 0 && column != firstColumn);
+        if (width > 0)
+            header.resizeSection(column, width);
+    }
+    return !columns.isEmpty();
 }
 
 void ColumnsTable::showColumnMenu(const QPoint& place)

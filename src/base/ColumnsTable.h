@@ -21,7 +21,8 @@ public:
 
     [[nodiscard]] RowRuns selectedRows() const;
 
-    /// Widths, order and visibility of the columns, for the next start of the program.
+    /// Widths, order and visibility of the columns, for the next start of the program. One that is hidden comes back
+    /// with its first width.
     [[nodiscard]] QByteArray columnState() const;
     /// False, with the columns as they were, for a state that cannot be used.
     bool restoreColumns(const QByteArray& state);

@@ -3,7 +3,13 @@
 
 #include "base/allgemein.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace {
+
+/// In bytes. The built-in ones have some ten thousand.
+constexpr qint64 largestFile = 16 * 1024 * 1024;
 
 constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
@@ -13,7 +19,9 @@ LanguageFile::LanguageFile(const QString& fileName, LanguageTable& table)
     : m_file(fileName)
     , m_table(table)
 {
-    if (!m_file.open(QIODevice::ReadOnly))
+    // The settings may name anything. A pipe would wait for a writer, and a device may never end.
+    const QFileInfo there(fileName);
+    if (!there.isFile() || there.size() > largestFile || !m_file.open(QIODevice::ReadOnly))
         return;
     m_isUtf8 = m_file.peek(utf8Mark.size()) == utf8Mark;
     if (m_isUtf8)
@@ -29,6 +37,12 @@ LanguageFile::Step LanguageFile::read()
     return step;
 }
 
+QString LanguageFile::place() const
+{
+    const QString name = QDir::toNativeSeparators(m_file.fileName());
+    return m_line == 0 ? name : QString(name + u':' + QString::number(m_line));
+}
+
 LanguageFile::Step LanguageFile::readLines()
 {
     while (const auto line = allgemein::readLine(m_file)) {
@@ -40,6 +54,7 @@ LanguageFile::Step LanguageFile::readLines()
 
 bool LanguageFile::takeLine(const QByteArray& line)
 {
+    ++m_line;
     const auto pair = allgemein::splitKeyValue(line);
     if (!pair || pair->key.startsWith("//"))
         return true;

@@ -7,7 +7,8 @@
 
 /// Lays the texts of a language file (`*.lng`) over those of a table, line by line. A line holds a key, "=" and the
 /// text; a key that begins with "//" makes it a comment; lines without "=" are passed over. The file is text in the
-/// system code page, or in UTF-8 if it begins with the mark of that encoding.
+/// system code page, or in UTF-8 if it begins with the mark of that encoding. What is no ordinary file, or larger than
+/// 16 MiB, cannot be read.
 class LanguageFile {
 public:
     enum class Step {
@@ -24,6 +25,8 @@ public:
     /// Reads on, to the next step that somebody must know of. The texts read so far are in force then.
     [[nodiscard]] Step read();
     [[nodiscard]] const QByteArray& key() const { return m_key; }
+    /// The file's name and, behind a ":", the number of the line that was read last.
+    [[nodiscard]] QString place() const;
 
 private:
     [[nodiscard]] Step readLines();
@@ -32,5 +35,6 @@ private:
     QFile m_file;
     LanguageTable& m_table;
     QByteArray m_key;
+    qint64 m_line = 0;
     bool m_isUtf8 = false;
 };

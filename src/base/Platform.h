@@ -6,6 +6,8 @@
 
 #include <optional>
 
+class QFileDevice;
+
 /// What differs between operating systems. Each has a source file of its own, chosen by the build.
 namespace platform {
 
@@ -36,6 +38,9 @@ namespace platform {
 
 /// Whether the program runs with the rights of the system's administrator, where that is a user of its own.
 [[nodiscard]] bool isSuperuser();
+
+/// Has the system begin to bring what was written to a file to the disk, without waiting for it, where it can do that.
+void startSync(const QFileDevice& file);
 
 /// Puts a file on the system's list of recent documents, where it keeps one.
 void addRecentDocument(const QString& path);

@@ -2,9 +2,11 @@
 #include "base/Platform.h"
 
 #include <QDir>
+#include <QFileDevice>
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace platform {
@@ -59,6 +61,12 @@ QString firefoxProfilesFolder()
 bool isSuperuser()
 {
     return geteuid() == 0;
+}
+
+void startSync(const QFileDevice& file)
+{
+    // What will not be needed in memory is written back at once.
+    posix_fadvise(file.handle(), 0, 0, POSIX_FADV_DONTNEED);
 }
 
 void addRecentDocument(const QString&)

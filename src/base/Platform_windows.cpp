@@ -28,6 +28,12 @@ QString defaultDownloadFolder()
 
 bool isReservedFileName(QByteArrayView name)
 {
+    // Blanks and dots at the end of a name are passed over, so that nothing else may lead to the folder above.
+    const auto isPassedOver = [](char c) {
+        return c == '.' || c == ' ';
+    };
+    if (std::all_of(name.begin(), name.end(), isPassedOver))
+        return true;
     // A device name keeps its meaning with any extension and with blanks behind it; a colon names a stream or a drive.
     static constexpr std::array devices { "CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$" };
     const QByteArray stem =
@@ -95,6 +101,11 @@ QString firefoxProfilesFolder()
 bool isSuperuser()
 {
     return false;
+}
+
+void startSync(const QFileDevice&)
+{
+    // The system writes back as it likes, and has no function that asks for it without waiting.
 }
 
 void addRecentDocument(const QString& path)

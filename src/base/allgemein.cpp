@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -21,11 +22,6 @@ namespace {
 constexpr bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
-}
-
-constexpr char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 constexpr char upper(char c)
@@ -77,6 +73,14 @@ qint64 roundedNumber(QByteArrayView number)
     return value >= -limit && value < limit ? static_cast<qint64>(value) : 0;
 }
 
+/// 0 beyond 64 bits.
+qint64 wholeNumber(QByteArrayView number)
+{
+    const QByteArrayView digits = number.startsWith('+') ? number.sliced(1) : number;
+    qint64 value = 0;
+    return std::from_chars(digits.begin(), digits.end(), value).ec == std::errc() ? value : 0;
+}
+
 constexpr bool breaksLine(char c)
 {
     return c == '\t' || c == '\r' || c == '\n' || c == '\0';
@@ -107,7 +111,7 @@ qint64 leadingNumber(QByteArrayView text)
         ++start;
     const QByteArrayView number = numberPrefix(text.sliced(start));
     // A whole number is read as such: a double would lose digits of a long one.
-    return number.contains('.') ? roundedNumber(number) : number.toByteArray().toLongLong();
+    return number.contains('.') ? roundedNumber(number) : wholeNumber(number);
 }
 
 qint32 leadingNumber32(QByteArrayView text)
@@ -164,7 +168,12 @@ QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char))
 
 bool isOnOneLine(QByteArrayView bytes)
 {
-    return std::none_of(bytes.begin(), bytes.end(), breaksLine);
+    // They are among the first control characters, of which most texts have none. The least byte tells that, and the
+    // compiler finds it many bytes at a time.
+    unsigned char least = 0xff;
+    for (const char c : bytes)
+        least = std::min(least, static_cast<unsigned char>(c));
+    return least > '\r' || std::none_of(bytes.begin(), bytes.end(), breaksLine);
 }
 
 QByteArray onOneLine(const QByteArray& bytes)

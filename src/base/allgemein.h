@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <algorithm>
 #include <optional>
 
 class QIODevice;
@@ -36,6 +37,19 @@ constexpr qsizetype notFound = -1;
 /// Where `needle` (not empty) first stands in `text` at or after `from` (0-based), ASCII letters alike in both cases;
 /// `notFound` when nowhere.
 [[nodiscard]] qsizetype indexOfNoCase(QByteArrayView text, QByteArrayView needle, qsizetype from = 0);
+
+/// An ASCII letter in small; any other byte as it is.
+constexpr char lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+/// Whether `text` begins with `start`, which has no capital ASCII letters; those of `text` count as small ones. Inline,
+/// since the analysis of a page asks it for every "<".
+[[nodiscard]] inline bool startsWithNoCase(QByteArrayView text, QByteArrayView start)
+{
+    return text.size() >= start.size()
+        && std::equal(start.begin(), start.end(), text.begin(), [](char small, char c) { return lower(c) == small; });
+}
 
 /// `bytes` with those for which `isEncoded` holds written as "%" and two capital hexadecimal digits.
 [[nodiscard]] QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char));

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/CommandLine.h"
 
+#include "base/lang.h"
 #include "console/Terminal.h"
+#include "results/twk.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -11,6 +13,17 @@
 void complain(const QString& text)
 {
     QTextStream(stderr) << QLatin1String("tarnwick-cli: ") << terminal::printable(text) << Qt::endl;
+}
+
+void complainOfSkippedLines(
+    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language)
+{
+    for (const SearchFile::SkippedLine& line : result.skipped) {
+        complain(
+            QStringLiteral("%1:%2: %3").arg(fileName, QString::number(line.number), twk::warningText(line, language)));
+    }
+    if (const qint64 more = result.skippedCount - result.skipped.size(); more > 0)
+        complain(fileName + QLatin1String(": ") + language.text("more.andMore").arg(more));
 }
 
 bool printToStandardOutput(const std::function<void(QIODevice&)>& write)

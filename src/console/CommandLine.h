@@ -7,7 +7,12 @@
 
 #include <functional>
 
+class LanguageTable;
 class QIODevice;
+
+namespace SearchFile {
+struct LoadResult;
+}
 
 /// What the program's end tells scripts.
 enum ExitStatus {
@@ -24,6 +29,9 @@ struct UsageError {
 
 /// Writes one line to standard error, with the program's name in front and nothing that a terminal would act on.
 void complain(const QString& text);
+/// Complains of the lines of a search file that were passed over, each with the file's name and its number.
+void complainOfSkippedLines(
+    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language);
 
 /// Lets `write` write bytes to standard output. False, after a complaint, when they cannot all be written.
 [[nodiscard]] bool printToStandardOutput(const std::function<void(QIODevice&)>& write);

@@ -112,6 +112,7 @@ public:
         } else if (result.error != SearchFile::LoadError::None) {
             throw UsageError { error };
         }
+        complainOfSkippedLines(source, result, m_session.language);
         for (const FundKnoten* knoten = search.list.getStart(); knoten; knoten = knoten->naechster) {
             const FundStück& item = knoten->inhalt;
             if (filter.shows(item))

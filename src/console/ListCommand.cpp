@@ -8,21 +8,6 @@
 #include "results/SearchFileReader.h"
 #include "results/twk.h"
 
-namespace {
-
-void complainOfSkippedLines(
-    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language)
-{
-    for (const SearchFile::SkippedLine& line : result.skipped) {
-        complain(
-            QStringLiteral("%1:%2: %3").arg(fileName, QString::number(line.number), twk::warningText(line, language)));
-    }
-    if (const qint64 more = result.skippedCount - result.skipped.size(); more > 0)
-        complain(fileName + QLatin1String(": ") + language.text("more.andMore").arg(more));
-}
-
-} // namespace
-
 int runListCommand(const QStringList& arguments)
 {
     CommandParser parser(QStringLiteral("list"), QStringLiteral("Prints the found items of a search file."),

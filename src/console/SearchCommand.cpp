@@ -3,7 +3,7 @@
 
 #include "base/allgemein.h"
 #include "console/CommandLine.h"
-#include "results/SearchFile.h"
+#include "results/SearchFileWriter.h"
 #include "results/twk.h"
 
 #include <QCoreApplication>

@@ -73,6 +73,8 @@ int runCommand(const QString& command, const QStringList& arguments)
 int main(int argc, char* argv[])
 {
     terminal::prepare();
+    // The library's own event loop: GLib's wakes itself by a system call for each event that is posted.
+    qputenv("QT_NO_GLIB", "1");
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     try {

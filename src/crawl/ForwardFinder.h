@@ -22,7 +22,7 @@ private:
     qsizetype m_left;
 };
 
-/// Finds the next match of something in a text, for questions whose starting places never decrease. A match is
+/// Finds the next match of something in a text, for questions whose starting places and ends never decrease. A match is
 /// remembered until the questions pass it, so all questions together look at each byte once. A search that runs out of
 /// budget is taken up again by the same question.
 ///
@@ -38,16 +38,23 @@ public:
     {
     }
 
-    /// The first match at or after `from`, or `none`; nothing when the budget ran out first.
+    /// The first match at or after `from` in all of `text`, or `none`; nothing when the budget ran out first.
     [[nodiscard]] std::optional<qsizetype> find(QByteArrayView text, qsizetype from, ScanBudget& budget)
+    {
+        return find(text, from, text.size(), budget);
+    }
+
+    /// The same for matches that start before `limit`.
+    [[nodiscard]] std::optional<qsizetype> find(
+        QByteArrayView text, qsizetype from, qsizetype limit, ScanBudget& budget)
     {
         if (m_match >= from)
             return m_match;
         m_searched = qMax(m_searched, from);
-        while (m_searched < text.size()) {
+        while (m_searched < limit) {
             if (budget.isSpent())
                 return {};
-            const qsizetype end = m_searched + qMin(budget.left(), text.size() - m_searched);
+            const qsizetype end = m_searched + qMin(budget.left(), limit - m_searched);
             m_match = m_matcher(text, m_searched, end);
             const qsizetype searched = m_match == none ? end : m_match + 1;
             budget.spend(searched - m_searched);

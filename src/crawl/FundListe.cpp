@@ -3,14 +3,17 @@
 
 #include <utility>
 
-FundListe::~FundListe()
-{
-    Löschen();
-}
+namespace {
+
+constexpr size_t nodesInBlock = 256;
+
+} // namespace
 
 FundKnoten* FundListe::add(FundStück stueck)
 {
-    auto* const knoten = new FundKnoten { std::move(stueck), nullptr, m_letzter };
+    if (m_bloecke.empty() || m_bloecke.back().size() == nodesInBlock)
+        m_bloecke.emplace_back().reserve(nodesInBlock);
+    FundKnoten* const knoten = &m_bloecke.back().emplace_back(FundKnoten { std::move(stueck), nullptr, m_letzter });
     (m_letzter ? m_letzter->naechster : m_erster) = knoten;
     m_letzter = knoten;
     ++m_anzahl;
@@ -30,7 +33,6 @@ void FundListe::remove(FundKnoten* knoten)
         knoten->vorheriger->naechster = knoten->naechster;
     --m_anzahl;
     m_index.remove(knoten->inhalt.adresse);
-    m_entfernte.emplace_back(knoten);
 }
 
 void FundListe::swap(FundListe& other) noexcept
@@ -39,15 +41,23 @@ void FundListe::swap(FundListe& other) noexcept
     std::swap(m_letzter, other.m_letzter);
     std::swap(m_anzahl, other.m_anzahl);
     std::swap(m_index, other.m_index);
-    m_entfernte.swap(other.m_entfernte);
+    m_bloecke.swap(other.m_bloecke);
+}
+
+bool FundListe::freeSome()
+{
+    m_erster = m_letzter = nullptr;
+    m_anzahl = 0;
+    if (m_bloecke.empty())
+        return m_index.forgetSome();
+    m_bloecke.pop_back();
+    return true;
 }
 
 void FundListe::Löschen()
 {
     m_index.clear();
-    for (FundKnoten* knoten = m_erster; knoten;)
-        delete std::exchange(knoten, knoten->naechster);
+    m_bloecke.clear();
     m_erster = m_letzter = nullptr;
     m_anzahl = 0;
-    m_entfernte.clear();
 }

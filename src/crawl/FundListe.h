@@ -5,7 +5,6 @@
 
 #include <QByteArray>
 
-#include <memory>
 #include <vector>
 
 /// How far the fetch of a found item has come. Search files hold the numbers.
@@ -49,7 +48,6 @@ struct FundKnoten {
 class FundListe {
 public:
     FundListe() = default;
-    ~FundListe();
     Q_DISABLE_COPY_MOVE(FundListe)
 
     /// Appends an item and returns its node. Whether its URL is in the list already is not tested.
@@ -70,6 +68,9 @@ public:
     void Löschen();
     /// The same as `Löschen`.
     void clear() { Löschen(); }
+    /// Frees some of the items, for a list that is not used any more: emptying a long one takes long. False when none
+    /// is left.
+    bool freeSome();
     /// Exchanges all items with those of `other`. No node moves.
     void swap(FundListe& other) noexcept;
 
@@ -78,5 +79,7 @@ private:
     FundKnoten* m_letzter = nullptr;
     qint32 m_anzahl = 0;
     UrlIndex m_index;
-    std::vector<std::unique_ptr<FundKnoten>> m_entfernte;
+    /// All nodes, also those that were taken out, in blocks that never grow, since no node may move. A walk over the
+    /// list is then a walk through memory.
+    std::vector<std::vector<FundKnoten>> m_bloecke;
 };

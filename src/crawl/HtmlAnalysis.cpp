@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/HtmlAnalysis.h"
 
-#include "crawl/url.h"
-
 #include <utility>
 
 namespace {
@@ -15,41 +13,34 @@ constexpr PassRule images { "<img ", " src", ReferenzTyp::Img };
 /// Form actions have no type of their own.
 constexpr PassRule forms { "<form ", " action", ReferenzTyp::Anchor };
 
-std::vector<HtmlPass> passesFor(const AnalysisSwitches& switches)
-{
-    std::vector<HtmlPass> passes;
-    const auto add = [&](bool on, const PassRule& rule) {
-        if (on)
-            passes.emplace_back(rule);
-    };
-    add(switches.anchors, anchors);
-    add(switches.links, links);
-    add(switches.allSrc, anySrc);
-    add(switches.frames && !switches.allSrc, frames);
-    add(switches.images && !switches.allSrc, images);
-    add(switches.forms, forms);
-    return passes;
-}
-
 } // namespace
 
-HtmlAnalysis::HtmlAnalysis(BodyBuffer body, QByteArray pageUrl, const AnalysisSwitches& switches)
+HtmlAnalysis::HtmlAnalysis(BodyBuffer body, const QByteArray& pageUrl, const AnalysisSwitches& switches)
     : m_body(std::move(body))
-    , m_pageUrl(std::move(pageUrl))
-    , m_passes(passesFor(switches))
+    , m_base(pageUrl)
 {
+    const auto add = [this](bool on, const PassRule& rule, TagIndex& tags) {
+        if (on)
+            m_passes.emplace_back(rule, tags);
+    };
+    add(switches.anchors, anchors, m_namedTags);
+    add(switches.links, links, m_namedTags);
+    add(switches.allSrc, anySrc, m_anyTags);
+    add(switches.frames && !switches.allSrc, frames, m_namedTags);
+    add(switches.images && !switches.allSrc, images, m_namedTags);
+    add(switches.forms, forms, m_namedTags);
 }
 
-HtmlAnalysis::Step HtmlAnalysis::next()
+HtmlAnalysis::Step HtmlAnalysis::next(qsizetype bytes)
 {
     if (!m_body.join())
         return Step::Pause;
-    ScanBudget budget(bytesPerStep);
+    ScanBudget budget(bytes);
     for (; m_pass < m_passes.size(); ++m_pass) {
         HtmlPass& pass = m_passes[m_pass];
         switch (pass.next(m_body.text(), budget)) {
         case HtmlPass::Step::Value:
-            m_reference = { url::resolveReference(m_pageUrl, pass.value().toByteArray()), pass.typ() };
+            m_reference = { m_base.resolved(pass.value()), pass.typ() };
             return Step::Reference;
         case HtmlPass::Step::Pause:
             return Step::Pause;

@@ -3,6 +3,7 @@
 
 #include "crawl/BodyBuffer.h"
 #include "crawl/HtmlPass.h"
+#include "crawl/url.h"
 
 #include <QByteArray>
 
@@ -39,14 +40,18 @@ public:
     static constexpr qsizetype bytesPerStep = 64 * 1024;
 
     /// `pageUrl` is the normalised URL of the page that `body` was loaded from.
-    HtmlAnalysis(BodyBuffer body, QByteArray pageUrl, const AnalysisSwitches& switches);
+    HtmlAnalysis(BodyBuffer body, const QByteArray& pageUrl, const AnalysisSwitches& switches);
+    Q_DISABLE_COPY_MOVE(HtmlAnalysis)
 
-    [[nodiscard]] Step next();
+    /// Scans no more than so many bytes.
+    [[nodiscard]] Step next(qsizetype bytes = bytesPerStep);
     [[nodiscard]] const Verweis& reference() const { return m_reference; }
 
 private:
     BodyBuffer m_body;
-    QByteArray m_pageUrl;
+    url::Base m_base;
+    TagIndex m_namedTags;
+    TagIndex m_anyTags; ///< apart, since it would keep the place of each "<" for its turn
     std::vector<HtmlPass> m_passes;
     size_t m_pass = 0;
     Verweis m_reference;

@@ -21,11 +21,6 @@ qsizetype TextMatcher::operator()(QByteArrayView text, qsizetype from, qsizetype
     return allgemein::indexOfNoCase(text.first(qMin(text.size(), to + needle.size() - 1)), needle, from);
 }
 
-qsizetype ByteMatcher::operator()(QByteArrayView text, qsizetype from, qsizetype to) const
-{
-    return text.first(to).indexOf(byte, from);
-}
-
 qsizetype NotBlankMatcher::operator()(QByteArrayView text, qsizetype from, qsizetype to) const
 {
     const auto end = text.begin() + to;
@@ -33,29 +28,32 @@ qsizetype NotBlankMatcher::operator()(QByteArrayView text, qsizetype from, qsize
     return hit == end ? none : hit - text.begin();
 }
 
-std::optional<QuotedValue> QuotedValueReader::read(QByteArrayView body, qsizetype place, ScanBudget& budget)
+std::optional<QuotedValue> QuotedValueReader::read(
+    QByteArrayView body, qsizetype place, qsizetype limit, ScanBudget& budget)
 {
-    const auto equals = m_equals.find(body, place, budget);
+    const auto equals = m_equals.find(body, place, limit, budget);
     if (!equals)
         return {};
     if (*equals == none || body[*equals] != '=')
         return QuotedValue {};
-    const auto open = m_open.find(body, *equals + 1, budget);
+    const auto open = m_open.find(body, *equals + 1, limit, budget);
     if (!open)
         return {};
     if (*open == none || !isQuote(body[*open]))
         return QuotedValue {};
     auto& quotes = body[*open] == '"' ? m_doubleQuote : m_singleQuote;
-    const auto close = quotes.find(body, *open + 1, budget);
+    const auto close = quotes.find(body, *open + 1, limit, budget);
     if (!close)
         return {};
-    return QuotedValue { *open, *close };
+    return *close == none ? QuotedValue {} : QuotedValue { *open, *close };
 }
 
-HtmlPass::HtmlPass(const PassRule& rule)
+HtmlPass::HtmlPass(const PassRule& rule, TagIndex& tags)
     : m_rule(rule)
-    , m_tags(TextMatcher { rule.tag })
+    , m_tags(tags)
+    , m_kind(tags.add(rule.tag))
     , m_attributes(TextMatcher { rule.attribute })
+    , m_attributesBehind(TextMatcher { rule.attribute })
 {
 }
 
@@ -64,15 +62,22 @@ HtmlPass::Step HtmlPass::next(QByteArrayView body, ScanBudget& budget)
     // The blank at the end of a tag text is also the blank before an attribute, so the search goes on from there.
     const qsizetype advance = qMax<qsizetype>(1, m_rule.tag.size() - 1);
     for (;;) {
-        const auto tag = m_tags.find(body, m_pos, budget);
-        if (!tag)
+        if (!m_tag)
+            m_tag = m_tags.next(m_kind, body, budget);
+        if (!m_tag)
             return Step::Pause;
-        if (*tag == none)
+        if (*m_tag == none)
             return Step::End;
-        const auto value = valueAt(body, *tag + advance, budget);
+        const qsizetype pos = *m_tag + advance;
+        const auto tagEnd = m_tagEnds.find(body, pos, budget);
+        if (!tagEnd)
+            return Step::Pause;
+        if (*tagEnd == none)
+            return Step::End;
+        const auto value = valueIn(body, pos, *tagEnd, budget);
         if (!value)
             return Step::Pause;
-        m_pos = *tag + advance;
+        m_tag.reset();
         if (value->isNull() || value->data() == m_value.data())
             continue;
         m_value = *value;
@@ -80,24 +85,31 @@ HtmlPass::Step HtmlPass::next(QByteArrayView body, ScanBudget& budget)
     }
 }
 
-std::optional<QByteArrayView> HtmlPass::valueAt(QByteArrayView body, qsizetype pos, ScanBudget& budget)
+std::optional<QByteArrayView> HtmlPass::valueIn(
+    QByteArrayView body, qsizetype pos, qsizetype tagEnd, ScanBudget& budget)
 {
-    const auto tagEnd = m_tagEnds.find(body, pos, budget);
-    if (!tagEnd)
-        return {};
-    if (*tagEnd == none)
-        return QByteArrayView();
-    const auto attribute = m_attributes.find(body, pos, budget);
+    const auto attribute = m_attributes.find(body, pos, tagEnd, budget);
     if (!attribute)
         return {};
-    // Without the attribute in the rest of the page, the value is looked for where it would stand if the page began
-    // with the attribute's name, one byte short. Odd, but found references depend on it.
-    const qsizetype place = m_rule.attribute.size() + (*attribute == none ? -1 : *attribute);
-    if (place >= *tagEnd)
-        return QByteArrayView();
-    const auto quoted = (*attribute == none ? m_valueAtStart : m_values).read(body, place, budget);
+    const auto quoted = *attribute == none ? valueAtStart(body, pos, tagEnd, budget)
+                                           : m_values.read(body, *attribute + m_rule.attribute.size(), tagEnd, budget);
     if (!quoted)
         return {};
     const qsizetype size = quoted->close - quoted->open - 1;
-    return quoted->endsBefore(*tagEnd) && size <= longestValue ? body.sliced(quoted->open + 1, size) : QByteArrayView();
+    return size >= 0 && size <= longestValue ? body.sliced(quoted->open + 1, size) : QByteArrayView();
+}
+
+/// Without the attribute in the rest of the page, the value is looked for where it would stand if the page began with
+/// the attribute's name, one byte short. Odd, but found references depend on it.
+std::optional<QuotedValue> HtmlPass::valueAtStart(
+    QByteArrayView body, qsizetype pos, qsizetype tagEnd, ScanBudget& budget)
+{
+    const auto quoted = m_valueAtStart.read(body, m_rule.attribute.size() - 1, tagEnd, budget);
+    // Hardly ever there is one. So most pages are not searched for the attribute to their ends.
+    if (!quoted || quoted->close < 0)
+        return quoted;
+    const auto behind = m_attributesBehind.find(body, pos, budget);
+    if (!behind)
+        return {};
+    return *behind == none ? quoted : QuotedValue {};
 }

@@ -3,6 +3,7 @@
 
 #include "crawl/ForwardFinder.h"
 #include "crawl/FundListe.h"
+#include "crawl/TagIndex.h"
 
 #include <QByteArrayView>
 
@@ -14,30 +15,25 @@ struct TextMatcher {
     qsizetype operator()(QByteArrayView text, qsizetype from, qsizetype to) const;
 };
 
-/// Finds one byte.
-struct ByteMatcher {
-    char byte;
-    qsizetype operator()(QByteArrayView text, qsizetype from, qsizetype to) const;
-};
-
 /// Finds anything but a blank.
 struct NotBlankMatcher {
     qsizetype operator()(QByteArrayView text, qsizetype from, qsizetype to) const;
 };
 
-/// Where the quotes of an attribute value stand.
+/// Where the quotes of an attribute value stand; both alike without a value.
 struct QuotedValue {
     qsizetype open = -1;
     qsizetype close = -1;
-    [[nodiscard]] bool endsBefore(qsizetype place) const { return close > open && close < place; }
 };
 
-/// Reads what follows an attribute's name: blanks, "=", blanks, and a value in double or single quotes. The places
-/// that it is asked for must not decrease.
+/// Reads what follows an attribute's name: blanks, "=", blanks, and a value in double or single quotes. The places and
+/// limits that it is asked for must not decrease.
 class QuotedValueReader {
 public:
-    /// The value whose name ends before `place`, without quotes when there is none; nothing when the budget ran out.
-    [[nodiscard]] std::optional<QuotedValue> read(QByteArrayView body, qsizetype place, ScanBudget& budget);
+    /// The value whose name ends before `place` and whose last quote stands before `limit`; nothing when the budget ran
+    /// out.
+    [[nodiscard]] std::optional<QuotedValue> read(
+        QByteArrayView body, qsizetype place, qsizetype limit, ScanBudget& budget);
 
 private:
     ForwardFinder<NotBlankMatcher> m_equals { NotBlankMatcher {} };
@@ -48,7 +44,7 @@ private:
 
 /// Which tags a pass looks at, which attribute it reads, and what it records.
 struct PassRule {
-    QByteArrayView tag;
+    QByteArrayView tag; ///< as `TagIndex` takes it
     QByteArrayView attribute;
     ReferenzTyp typ;
 };
@@ -67,7 +63,8 @@ public:
         End,
     };
 
-    explicit HtmlPass(const PassRule& rule);
+    /// `tags`, which must outlive the pass, may be shared with others.
+    HtmlPass(const PassRule& rule, TagIndex& tags);
 
     /// Always called with the same body.
     [[nodiscard]] Step next(QByteArrayView body, ScanBudget& budget);
@@ -75,15 +72,21 @@ public:
     [[nodiscard]] ReferenzTyp typ() const { return m_rule.typ; }
 
 private:
-    /// The value for a tag whose search goes on at `pos`: null when it has none; nothing when the budget ran out.
-    [[nodiscard]] std::optional<QByteArrayView> valueAt(QByteArrayView body, qsizetype pos, ScanBudget& budget);
+    /// The value in a tag from `pos` to its end: null when it has none; nothing when the budget ran out.
+    [[nodiscard]] std::optional<QByteArrayView> valueIn(
+        QByteArrayView body, qsizetype pos, qsizetype tagEnd, ScanBudget& budget);
+    /// The value of an attribute that the rest of the page lacks.
+    [[nodiscard]] std::optional<QuotedValue> valueAtStart(
+        QByteArrayView body, qsizetype pos, qsizetype tagEnd, ScanBudget& budget);
 
     PassRule m_rule;
-    qsizetype m_pos = 0;
+    TagIndex& m_tags;
+    size_t m_kind;
+    std::optional<qsizetype> m_tag; ///< the one that is looked at
     QByteArrayView m_value;
-    ForwardFinder<TextMatcher> m_tags;
-    ForwardFinder<TextMatcher> m_attributes;
     ForwardFinder<ByteMatcher> m_tagEnds { ByteMatcher { '>' } };
+    ForwardFinder<TextMatcher> m_attributes; ///< asked up to the end of a tag
+    ForwardFinder<TextMatcher> m_attributesBehind; ///< asked up to the end of the page
     QuotedValueReader m_values;
     QuotedValueReader m_valueAtStart;
 };

@@ -3,7 +3,9 @@
 
 #include "base/allgemein.h"
 
+#include <QEvent>
 #include <QNetworkProxy>
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <utility>
@@ -13,6 +15,7 @@ HttpExchange::HttpExchange(QObject* parent)
 {
     m_socket.setProxy(QNetworkProxy::NoProxy);
     m_socket.setReadBufferSize(readAhead);
+    m_socket.installEventFilter(this);
     connect(&m_socket, &QTcpSocket::connected, this, &HttpExchange::connected);
     connect(&m_socket, &QTcpSocket::readyRead, this, &HttpExchange::readAvailable);
     connect(&m_socket, &QTcpSocket::disconnected, this, &HttpExchange::onDisconnected);
@@ -43,6 +46,34 @@ void HttpExchange::connectTo(const QByteArray& host, qint32 port)
     m_socket.connectToHost(allgemein::fromSystem(host), static_cast<quint16>(port));
 }
 
+void HttpExchange::watchTries()
+{
+    for (QSocketNotifier* const notifier : m_socket.findChildren<QSocketNotifier*>())
+        notifier->installEventFilter(this);
+}
+
+bool HttpExchange::eventFilter(QObject* watched, QEvent* event)
+{
+    // For each address of a host the socket makes itself an engine, which has its notifiers a moment later.
+    if (watched == &m_socket && event->type() == QEvent::ChildAdded)
+        QMetaObject::invokeMethod(this, &HttpExchange::watchTries, Qt::QueuedConnection);
+    if (event->type() != QEvent::SockAct || m_socket.state() != QAbstractSocket::ConnectingState)
+        return false;
+    // A connection that is reset before it is seen to be made is made again by the socket library, for a minute
+    // if the server does it each time.
+    if (++m_tries == mostTries)
+        QTimer::singleShot(0, this, &HttpExchange::endAsClosed);
+    return m_tries >= mostTries;
+}
+
+void HttpExchange::endAsClosed()
+{
+    if (m_ended)
+        return;
+    abort();
+    emit closed();
+}
+
 void HttpExchange::send(const QByteArray& request)
 {
     m_socket.write(request);
@@ -56,36 +87,21 @@ void HttpExchange::abort()
 
 void HttpExchange::readAvailable()
 {
-    while (!m_ended && m_socket.bytesAvailable() > 0) {
-        const QByteArray piece = m_socket.read(readAhead);
-        if (m_headerComplete)
-            emit bodyArrived(piece);
-        else
-            takeHeaderBytes(piece);
-    }
+    // The socket makes room for all that it is asked for, so it is asked for what is there.
+    while (!m_ended && m_socket.bytesAvailable() > 0)
+        handOn(m_answer.take(m_socket.read(qMin(readAhead, m_socket.bytesAvailable()))));
 }
 
-void HttpExchange::takeHeaderBytes(const QByteArray& piece)
+void HttpExchange::handOn(const AnswerSplitter::Parts& parts)
 {
-    constexpr QByteArrayView blankLine = "\r\n\r\n";
-    // A blank line may be cut: all but its last byte may stand at the end of what has come.
-    constexpr qsizetype cut = blankLine.size() - 1;
-    const qsizetype searched = qMax<qsizetype>(0, m_header.size() - cut);
-    m_header += piece;
-    const qsizetype end = m_header.indexOf(blankLine, searched);
-    const qsizetype earliestEnd = end < 0 ? m_header.size() - cut : end;
-    if (earliestEnd > headerLimit) {
-        abort();
-        emit closed();
+    if (parts.headerIsTooLong) {
+        endAsClosed();
         return;
     }
-    if (end < 0)
-        return;
-    m_headerComplete = true;
-    const QByteArray received = std::exchange(m_header, {});
-    emit headerArrived(received.first(end + 2));
-    if (!m_ended && received.size() > end + blankLine.size())
-        emit bodyArrived(received.sliced(end + blankLine.size()));
+    if (!parts.header.isEmpty())
+        emit headerArrived(parts.header);
+    if (!m_ended && !parts.body.isEmpty())
+        emit bodyArrived(parts.body);
 }
 
 void HttpExchange::onDisconnected()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "crawl/AnswerSplitter.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QTcpSocket>
@@ -18,8 +20,6 @@ class HttpExchange final : public QObject {
     Q_OBJECT
 
 public:
-    /// A header that grows beyond this many bytes ends the exchange as closed.
-    static constexpr qsizetype headerLimit = 256 * 1024;
     /// The socket reads at most this many bytes ahead; a body is handed on in pieces no longer than that.
     static constexpr qint64 readAhead = 256 * 1024;
 
@@ -39,20 +39,29 @@ signals:
     void headerArrived(const QByteArray& header);
     /// The next piece of the body, as it arrived.
     void bodyArrived(const QByteArray& piece);
-    /// The other side closed the connection, or its header exceeded the limit. All that it sent behind a whole header
+    /// The other side closed or reset the connection, or its header is too long. All that it sent behind a whole header
     /// was handed on before.
     void closed();
     void failed(const SocketFailure& failure);
 
+protected:
+    /// Counts how often the socket is told of while it connects.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    /// How often a socket may be told of before it is connected. Once for each try is enough.
+    static constexpr int mostTries = 16;
+
     void connectTo(const QByteArray& host, qint32 port);
+    void watchTries();
+    void endAsClosed();
     void readAvailable();
-    void takeHeaderBytes(const QByteArray& piece);
+    void handOn(const AnswerSplitter::Parts& parts);
     void onDisconnected();
     void onError(QAbstractSocket::SocketError error);
 
     QTcpSocket m_socket;
-    QByteArray m_header;
-    bool m_headerComplete = false;
+    AnswerSplitter m_answer;
+    int m_tries = 0;
     bool m_ended = false;
 };

@@ -53,7 +53,7 @@ void ItemFetch::onConnected()
 void ItemFetch::onHeader(const QByteArray& header)
 {
     m_item.statusCode = httpHeader::statusCode(header);
-    m_extras.takeCookie(httpHeader::setCookie(header), m_item.adresse);
+    m_extras.takeCookies({ httpHeader::setCookie(header) }, m_item.adresse);
     if (m_rules.followRelocation && httpHeader::isRelocation(m_item.statusCode)) {
         m_item.zustand = Zustand::Umgeleitet;
         m_location = httpHeader::location(header);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -46,16 +47,18 @@ void SearchRun::starteSuche(const SearchOptions& options)
 
 void SearchRun::leereSuche()
 {
-    dropAll();
-    m_list.clear();
-    emit cleared();
+    FundListe none;
+    openSearch(none);
 }
 
 void SearchRun::openSearch(FundListe& loaded)
 {
     dropAll();
+    const auto old = std::make_shared<FundListe>();
+    old->swap(m_list);
     m_list.swap(loaded);
     emit cleared();
+    m_freeing.add([old] { return old->freeSome(); });
 }
 
 void SearchRun::stopSearch()
@@ -95,22 +98,33 @@ void SearchRun::abandon()
 void SearchRun::fuegeFundHinzu(
     const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations)
 {
+    const auto adresse = newUrl(url);
+    if (!adresse)
+        return;
     FundStück stueck;
-    stueck.adresse = url;
+    stueck.adresse = *adresse;
     stueck.tiefe = tiefe;
     stueck.referer = referer;
     stueck.referenzTyp = typ;
     stueck.umleitungen = relocations;
-    record(std::move(stueck));
+    emit recorded(m_list.add(std::move(stueck)));
 }
 
 void SearchRun::record(FundStück item)
 {
-    if (url::hostOf(item.adresse).isEmpty() || item.adresse.size() > url::longest)
+    const auto adresse = newUrl(item.adresse);
+    if (!adresse)
         return;
-    item.adresse = allgemein::onOneLine(url::normalised(item.adresse));
-    if (!m_list.istBekannt(item.adresse))
-        emit recorded(m_list.add(std::move(item)));
+    item.adresse = *adresse;
+    emit recorded(m_list.add(std::move(item)));
+}
+
+std::optional<QByteArray> SearchRun::newUrl(const QByteArray& url) const
+{
+    if (url::hostOf(url).isEmpty() || url.size() > url::longest)
+        return {};
+    QByteArray adresse = allgemein::onOneLine(url::normalised(url));
+    return m_list.istBekannt(adresse) ? std::nullopt : std::optional(std::move(adresse));
 }
 
 void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ)

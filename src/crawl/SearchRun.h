@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/StepQueue.h"
 #include "crawl/FundListe.h"
 #include "crawl/HtmlAnalysis.h"
 #include "crawl/ItemFetch.h"
@@ -32,7 +33,7 @@ public:
     void starteSuche(const SearchOptions& options);
     /// Drops what is running and empties the list.
     void leereSuche();
-    /// Drops what is running and puts the items of `loaded` in the place of the list's own, which go to `loaded`.
+    /// Drops what is running and puts the items of `loaded` in the place of the list's own.
     void openSearch(FundListe& loaded);
     /// Closes the connections and starts nothing more, but for the fetches that the closed ones give rise to, one for
     /// each connection at the most. Those end on their own, without `finished`.
@@ -86,6 +87,8 @@ private:
         QTimer nextSlice;
     };
 
+    /// A URL as it would be recorded; nothing when it has no host, is too long, or is in the list.
+    [[nodiscard]] std::optional<QByteArray> newUrl(const QByteArray& url) const;
     bool starteAnfrage(size_t index, FundKnoten* knoten);
     void naechsteUrl(size_t index);
     void fuelleVerbindungen();
@@ -114,6 +117,7 @@ private:
     /// The walk for the next item to fetch. Items are taken in list order, so whatever a connection has just finished,
     /// nothing before the walk's place is left to fetch.
     ListWalk m_walk;
+    StepQueue m_freeing; ///< of dropped items, between other events
     bool m_suchAbbruch = false;
     bool m_searching = false;
     FetchRules m_fetchRules;

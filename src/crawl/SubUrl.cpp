@@ -3,11 +3,34 @@
 
 #include "crawl/url.h"
 
+#include <QStringBuilder>
+
+namespace {
+
+/// With "http://" in front when there is no protocol. A "/" before the first ":" belongs to none, as in
+/// "h/go?to=http://i".
+QByteArray withProtocol(const QByteArray& typed)
+{
+    return url::protocolOf(typed).contains('/') ? "http://" + typed : url::withProtocol(typed);
+}
+
+/// The URL up to its port, as `url::subUrl` writes it.
+QByteArray originOf(const QByteArray& url)
+{
+    return url::protocolOf(url) + "://" + url::hostOf(url) + ':' + QByteArray::number(url::portOf(url));
+}
+
+} // namespace
+
 SubUrl SubUrl::fromText(const QByteArray& typed)
 {
-    const QByteArray url = url::withProtocol(typed);
+    const QByteArray url = withProtocol(typed);
     const QByteArrayView host = url::hostOf(url);
     const qint32 labels = url::labelCount(host);
+    // Cut again, a directory would grow if there is a ":" in it: the host is then taken to reach up to there.
+    const QByteArray origin = originOf(url);
+    if (url.startsWith(QByteArray(origin + '/')) && url.endsWith('/'))
+        return { url, labels + url::countOccurrences("/", QByteArrayView(url).sliced(origin.size())) };
     const bool bareHost = host.data() + host.size() == url.constData() + url.size();
     const qint32 level = bareHost ? labels : url::levelCount(url);
     return { url::subUrl(url, level), level };
@@ -24,5 +47,5 @@ std::vector<SubUrl> SubUrl::levelsOf(const QByteArray& url)
 
 bool SubUrl::matches(const QByteArray& url) const
 {
-    return url::subUrl(url, level) == text;
+    return url::isSubUrl(text, url, level);
 }

@@ -11,7 +11,8 @@ struct SubUrl {
     qint32 level = 0;
 
     /// The entry for what somebody typed, or for a stored entry's text. "http://" is put in front when there is no
-    /// "://". A bare host stands for all its labels, on any port; a port or a path for the directory.
+    /// protocol. A bare host stands for all its labels, on any port; a port or a path for the directory. An entry's
+    /// text always gives that entry.
     [[nodiscard]] static SubUrl fromText(const QByteArray& typed);
 
     /// The entries that match `url`, from its top-level domain to its directory, but no more than the first 100.

@@ -19,8 +19,9 @@ public:
     /// The complete cookie line for a URL with its line end; empty when no cookie is sent.
     [[nodiscard]] virtual QByteArray cookieLine(const QByteArray& url) const = 0;
     [[nodiscard]] virtual bool sendsReferer() const = 0;
-    /// Takes the value of a Set-Cookie field (may be empty) that the host of `url` sent, if cookies are accepted.
-    virtual void takeCookie(const QByteArray& setCookieValue, const QByteArray& url) = 0;
+    /// Takes the values of Set-Cookie fields (may be empty) that the host of `url` sent in one answer, if cookies are
+    /// accepted.
+    virtual void takeCookies(const QByteArrayList& setCookieValues, const QByteArray& url) = 0;
 };
 
 /// The text of requests, and the readers of single response-header fields.

@@ -5,6 +5,9 @@
 
 #include <QStringBuilder>
 
+#include <array>
+#include <charconv>
+
 namespace url {
 
 namespace {
@@ -16,18 +19,26 @@ qsizetype hostStart(QByteArrayView url)
     return slashes < 0 ? 0 : slashes + 2;
 }
 
-/// "http://", the base's host, and its port.
-QByteArray httpOrigin(QByteArrayView base)
-{
-    return "http://" + hostOf(base).toByteArray() + ':' + QByteArray::number(portOf(base));
-}
+/// ":" and the port of a URL.
+class PortText {
+public:
+    explicit PortText(QByteArrayView url)
+        : m_size(std::to_chars(m_text.begin() + 1, m_text.end(), portOf(url)).ptr - m_text.begin())
+    {
+    }
+    [[nodiscard]] QByteArrayView text() const { return { m_text.data(), m_size }; }
 
-/// The directory of `base`, or the one `ups` directories above it; the root is above nothing.
-QByteArray directoryAbove(QByteArrayView base, qint32 ups)
+private:
+    std::array<char, 16> m_text { ':' };
+    qsizetype m_size;
+};
+
+/// Takes `piece` off the front of `text`; false when it does not begin with it.
+bool goesOnWith(QByteArrayView& text, QByteArrayView piece)
 {
-    const QByteArrayView directory = directoryOf(base);
-    const qint32 depth = countOccurrences("/", directory) - 1;
-    return httpOrigin(base) + leadingDirectories(directory, qMax(depth - ups, 0));
+    const bool begins = text.startsWith(piece);
+    text = text.sliced(begins ? piece.size() : 0);
+    return begins;
 }
 
 } // namespace
@@ -78,10 +89,29 @@ QByteArrayView fileNameOf(QByteArrayView url)
     return name.sliced(name.lastIndexOf('\\') + 1);
 }
 
-QByteArray resolveReference(const QByteArray& base, const QByteArray& reference)
+Base::Base(const QByteArray& url)
+    : m_url(url)
+    , m_directory("http://" + hostOf(url).toByteArray() + ':' + QByteArray::number(portOf(url)))
+    , m_originSize(m_directory.size())
+{
+    const QByteArrayView directory = directoryOf(url);
+    m_directory += directory;
+    m_depth = countOccurrences("/", directory) - 1;
+}
+
+QByteArrayView Base::directoryAbove(qint32 ups) const
+{
+    const QByteArrayView directory = m_directory;
+    if (ups == 0)
+        return directory;
+    return directory.first(
+        m_originSize + leadingDirectories(directory.sliced(m_originSize), qMax(m_depth - ups, 0)).size());
+}
+
+QByteArray Base::resolved(QByteArrayView reference) const
 {
     if (reference.contains(':'))
-        return reference;
+        return reference.toByteArray();
     // Counted first and cut once: a page may chain hundreds of thousands of them.
     qint32 ups = 0;
     QByteArrayView rest = reference;
@@ -96,17 +126,28 @@ QByteArray resolveReference(const QByteArray& base, const QByteArray& reference)
         }
     }
     if (rest.startsWith('/'))
-        return httpOrigin(base) + rest;
+        return m_directory.first(m_originSize) + rest;
     if (rest == "..")
-        return directoryAbove(base, ups + 1);
+        return directoryAbove(ups + 1).toByteArray();
     if (rest.startsWith('#'))
-        return ups == 0 ? base : directoryAbove(base, ups);
-    return directoryAbove(base, ups) + rest;
+        return ups == 0 ? m_url : directoryAbove(ups).toByteArray();
+    return directoryAbove(ups) + rest;
 }
 
-QByteArray normalised(QByteArrayView url)
+QByteArray resolveReference(const QByteArray& base, const QByteArray& reference)
 {
-    return protocolOf(url).toByteArray() + "://" + hostOf(url) + ':' + QByteArray::number(portOf(url)) + pathOf(url);
+    return Base(base).resolved(reference);
+}
+
+QByteArray normalised(const QByteArray& url)
+{
+    const PortText port(url);
+    QByteArrayView rest = url;
+    // Most have that form already, and share their bytes.
+    if (goesOnWith(rest, protocolOf(url)) && goesOnWith(rest, "://") && goesOnWith(rest, hostOf(url))
+        && goesOnWith(rest, port.text()) && rest == pathOf(url))
+        return url;
+    return protocolOf(url).toByteArray() + "://" + hostOf(url) + port.text() + pathOf(url);
 }
 
 QByteArray withProtocol(const QByteArray& typed)
@@ -141,6 +182,17 @@ QByteArray subUrl(QByteArrayView url, qint32 level)
         result += leadingDirectories(directoryOf(url), level - labels - 1);
     }
     return result;
+}
+
+bool isSubUrl(QByteArrayView text, QByteArrayView url, qint32 level)
+{
+    const QByteArrayView host = hostOf(url);
+    if (!goesOnWith(text, protocolOf(url)) || !goesOnWith(text, "://") || !goesOnWith(text, lastLabels(host, level)))
+        return false;
+    const qint32 labels = labelCount(host);
+    if (labels >= level)
+        return text.isEmpty();
+    return goesOnWith(text, PortText(url).text()) && text == leadingDirectories(directoryOf(url), level - labels - 1);
 }
 
 QByteArray urlComponent(QByteArrayView url, qint32 level, bool withColon)

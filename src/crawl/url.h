@@ -32,11 +32,29 @@ constexpr qsizetype longest = 64 * 1024;
 /// What follows the last "/", and of that what follows the last "\".
 [[nodiscard]] QByteArrayView fileNameOf(QByteArrayView url);
 
-/// The absolute URL of a reference that stands on the page `base`. A reference with a ":" comes back unchanged;
-/// otherwise the result has the protocol "http" and always names the port. Only leading "./" and "../" are resolved.
+/// A page as the base of the references that stand on it, taken apart once for all of them.
+class Base {
+public:
+    explicit Base(const QByteArray& url);
+
+    /// The absolute URL of a reference. A reference with a ":" comes back unchanged; otherwise the result has the
+    /// protocol "http" and always names the port. Only leading "./" and "../" are resolved.
+    [[nodiscard]] QByteArray resolved(QByteArrayView reference) const;
+
+private:
+    /// The page's directory, or the one `ups` directories above it; the root is above nothing.
+    [[nodiscard]] QByteArrayView directoryAbove(qint32 ups) const;
+
+    QByteArray m_url;
+    QByteArray m_directory; ///< "http://", the host, its port, and the directory
+    qsizetype m_originSize = 0; ///< of what stands before the directory
+    qint32 m_depth = 0; ///< how many directories the root is away
+};
+
+/// The absolute URL of a reference that stands on the page `base`, as `Base` resolves it.
 [[nodiscard]] QByteArray resolveReference(const QByteArray& base, const QByteArray& reference);
 /// protocol "://" host ":" port path, the form in which found URLs are recorded and compared.
-[[nodiscard]] QByteArray normalised(QByteArrayView url);
+[[nodiscard]] QByteArray normalised(const QByteArray& url);
 /// What somebody typed, with "http://" in front when there is no "://".
 [[nodiscard]] QByteArray withProtocol(const QByteArray& typed);
 /// Whether there is a "://", a protocol, and a host that neither begins nor ends with ".".
@@ -48,6 +66,8 @@ constexpr qsizetype longest = 64 * 1024;
 [[nodiscard]] qint32 levelCount(QByteArrayView url);
 /// The URL cut to a level. A level beyond the last directory keeps the whole directory.
 [[nodiscard]] QByteArray subUrl(QByteArrayView url, qint32 level);
+/// Whether `text` is the URL cut to a level, told without cutting it.
+[[nodiscard]] bool isSubUrl(QByteArrayView text, QByteArrayView url, qint32 level);
 /// The piece that the level after `level` (0-based) adds: a host label, counted from the right, then the port (with
 /// ":" in front when `withColon`), then the directory names. Empty beyond the last directory.
 [[nodiscard]] QByteArray urlComponent(QByteArrayView url, qint32 level, bool withColon);

@@ -24,12 +24,11 @@ DownloadModel::DownloadModel(const DownloadQueue& queue, const LanguageTable& la
     , m_language(language)
     , m_told(queue.count())
 {
-    m_tellViews.setSingleShot(true);
-    connect(&m_tellViews, &QTimer::timeout, this, &DownloadModel::tellViews);
-    connect(&queue, &DownloadQueue::added, this, &DownloadModel::tellViewsSoon);
+    connect(&m_tellViews, &PacedUpdate::due, this, &DownloadModel::tellViews);
+    connect(&queue, &DownloadQueue::added, &m_tellViews, &PacedUpdate::request);
     connect(&queue, &DownloadQueue::changed, this, [this](quint64 id) {
         m_changed += id;
-        tellViewsSoon();
+        m_tellViews.request();
     });
     connect(&queue, &DownloadQueue::aboutToRemove, this, [this](int first, int last) {
         tellViews();
@@ -54,15 +53,9 @@ void DownloadModel::refresh()
         emit dataChanged(index(0, 0), index(m_told - 1, ColumnCount - 1));
 }
 
-void DownloadModel::tellViewsSoon()
-{
-    if (!m_tellViews.isActive())
-        m_tellViews.start(0);
-}
-
 void DownloadModel::tellViews()
 {
-    m_tellViews.stop();
+    m_tellViews.cancel();
     if (m_queue.count() > m_told) {
         beginInsertRows({}, m_told, m_queue.count() - 1);
         m_told = m_queue.count();

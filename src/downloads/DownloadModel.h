@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/PacedUpdate.h"
+
 #include <QAbstractTableModel>
 #include <QSet>
-#include <QTimer>
 
 class DownloadQueue;
 class LanguageTable;
 
-/// The download list as rows. What is added or changes is told to the views once per pass of the event loop.
+/// The download list as rows. What is added or changes is told to the views as often as people can follow.
 class DownloadModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -29,7 +30,6 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    void tellViewsSoon();
     void tellViews();
     [[nodiscard]] QString text(int row, int column) const;
     [[nodiscard]] QVariant percent(int row) const;
@@ -38,5 +38,5 @@ private:
     const LanguageTable& m_language;
     int m_told = 0; ///< how many rows the views know of
     QSet<quint64> m_changed;
-    QTimer m_tellViews;
+    PacedUpdate m_tellViews;
 };

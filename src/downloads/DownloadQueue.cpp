@@ -28,7 +28,7 @@ void DownloadQueue::addDL(const QByteArray& url, qint64 size, const QByteArray& 
     entry->url = oneLine;
     entry->size = size;
     entry->referer = referer;
-    m_urls.insert(oneLine, 1);
+    m_urls.insert(oneLine);
     m_entries.push_back(std::move(entry));
     emit added();
     if (m_settings.startImmediately) {
@@ -112,8 +112,8 @@ void DownloadQueue::release(Slot& slot)
     // Not at once: this may have been called by one of its signals.
     slot.transfer.release()->deleteLater();
     if (const QByteArray& url = entryOf(slot.item).url; url != slot.url) {
-        forgetUrl(slot.url);
-        ++m_urls[url];
+        m_urls.remove(slot.url);
+        m_urls.insert(url);
     }
 }
 
@@ -197,7 +197,7 @@ void DownloadQueue::removeScattered(const RowRuns& rows)
 void DownloadQueue::forget(const std::unique_ptr<DownloadEntry>& entry)
 {
     m_waiting.erase(entry->id);
-    forgetUrl(entry->url);
+    m_urls.remove(entry->url);
 }
 
 void DownloadQueue::removeRun(const RowRun& run)
@@ -208,13 +208,6 @@ void DownloadQueue::removeRun(const RowRun& run)
     std::for_each(first, end, [this](const auto& entry) { forget(entry); });
     m_entries.erase(first, end);
     emit removed();
-}
-
-void DownloadQueue::forgetUrl(const QByteArray& url)
-{
-    const auto known = m_urls.find(url);
-    if (known != m_urls.end() && --*known == 0)
-        m_urls.erase(known);
 }
 
 void DownloadQueue::tellIfIdle()

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "base/RowRuns.h"
+#include "crawl/UrlIndex.h"
 #include "downloads/DLGeschwindigkeitsmessung.h"
 #include "downloads/DownloadEntry.h"
 #include "downloads/DownloadSettings.h"
 
-#include <QHash>
 #include <QObject>
 
 #include <array>
@@ -88,14 +88,13 @@ private:
     void removeScattered(const RowRuns& rows);
     /// Takes an entry out of everything but the list.
     void forget(const std::unique_ptr<DownloadEntry>& entry);
-    void forgetUrl(const QByteArray& url);
     void tellIfIdle();
 
     RequestExtras& m_extras;
     DownloadSettings m_settings;
     /// In ascending order of their ids.
     std::vector<std::unique_ptr<DownloadEntry>> m_entries;
-    QHash<QByteArray, int> m_urls; ///< how many entries have each URL; relocation can make two alike
+    UrlIndex m_urls; ///< relocation can make two alike
     std::set<quint64> m_waiting;
     std::array<Slot, DownloadSettings::mostSlots> m_slots;
     quint64 m_lastId = 0;

@@ -13,15 +13,13 @@ namespace {
 constexpr qint32 deepest = 2000;
 
 /// The host's labels from the top level down, the port, and the directories. An empty directory is the one that it
-/// stands in.
+/// stands in. The URL is no deeper than that.
 QByteArrayList piecesOf(const QByteArray& url)
 {
-    QByteArrayList pieces;
-    for (qint32 level = 0; level < url::levelCount(url); ++level) {
-        const QByteArray piece = url::urlComponent(url, level, false);
-        if (!piece.isEmpty())
-            pieces += piece;
-    }
+    QByteArrayList pieces = url::components(url, deepest);
+    QByteArray& port = pieces[url::labelCount(url::hostOf(url))];
+    port.remove(0, 1); // the colon
+    pieces.removeAll(QByteArray());
     return pieces;
 }
 

@@ -12,18 +12,25 @@
 
 namespace {
 
+/// A link would lead out of the target folder. Whoever else can write there could place one.
+bool isLink(const QString& path)
+{
+    const QFileInfo there(path);
+    return there.isSymbolicLink() || there.isJunction();
+}
+
 /// Creates a folder inside one that exists. That something is there already is no failure here: if it is no folder, the
-/// file cannot be created.
+/// file cannot be created. But a link is one.
 bool makeFolder(const QString& path)
 {
-    return QDir().mkdir(path) || QFileInfo::exists(path);
+    return QDir().mkdir(path) || (QFileInfo::exists(path) && !isLink(path));
 }
 
 /// Whether something stands there that is no ordinary file. Writing to a pipe would wait for a reader.
 bool isNoFile(const QString& path)
 {
     const QFileInfo there(path);
-    return there.exists() && !there.isFile();
+    return isLink(path) || (there.exists() && !there.isFile());
 }
 
 } // namespace
@@ -66,8 +73,7 @@ void Transfer::onConnected()
 
 void Transfer::onHeader(const QByteArray& header)
 {
-    for (const QByteArray& value : httpHeader::setCookies(header))
-        m_extras.takeCookie(value, m_entry.url);
+    m_extras.takeCookies(httpHeader::setCookies(header), m_entry.url);
     if (m_settings.followRelocation && httpHeader::isRelocation(httpHeader::statusCode(header))) {
         const QByteArray location = httpHeader::location(header);
         if (!location.isEmpty())
@@ -84,8 +90,9 @@ void Transfer::openTarget(const QByteArray& header)
     QString path = m_settings.target;
     bool folders = named.refusal != targetName::Refusal::Directory && (QDir().mkpath(path) || QFileInfo::exists(path));
     for (const QByteArray& directory : named.target.directories) {
-        path = allgemein::withTrailingSeparator(path + allgemein::fromSystem(directory));
+        path += allgemein::fromSystem(directory);
         folders = folders && makeFolder(path);
+        path = allgemein::withTrailingSeparator(path);
     }
     if (!folders) {
         fail(DownloadStatus::CannotCreateDirectory);

@@ -12,60 +12,83 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <optional>
 
 namespace {
 
+/// In bytes. No system takes a longer one.
+constexpr qsizetype longestFileName = 255;
+
+/// The fields of a line, which they are parts of.
+struct Fields {
+    QByteArrayView path;
+    QByteArrayView name;
+    QByteArrayView value;
+};
+
 /// Nothing for a line without its two TABs, or with a byte that would break a request line.
-std::optional<Cookie> cookieFrom(const QByteArray& line)
+std::optional<Fields> fieldsOf(QByteArrayView line)
 {
     const qsizetype first = line.indexOf('\t');
     const qsizetype second = line.indexOf('\t', first + 1);
     if (first < 0 || second < 0)
         return {};
-    Cookie cookie { line.first(first), line.sliced(first + 1, second - first - 1), line.sliced(second + 1) };
-    if (!allgemein::isOnOneLine(cookie.name) || !allgemein::isOnOneLine(cookie.value))
+    const Fields fields { line.first(first), line.sliced(first + 1, second - first - 1), line.sliced(second + 1) };
+    if (!allgemein::isOnOneLine(fields.name) || !allgemein::isOnOneLine(fields.value))
         return {};
-    return cookie;
+    return fields;
 }
 
 /// Whether the cookie's path is a whole-directory prefix of the request's directory.
-bool applies(const Cookie& cookie, QByteArrayView directory)
+bool applies(const Fields& cookie, QByteArrayView directory)
 {
     const qint32 slashes = url::countOccurrences("/", cookie.path);
     return slashes > 0 && cookie.path == url::leadingDirectories(directory, slashes - 1);
 }
 
-/// Copies every line but the cookies of some names. False when there is a file that cannot be read to its end, or not
-/// all of it can be written.
-bool copyWithout(const QSet<QByteArray>& names, const QString& from, QIODevice& to)
+/// The lines of a file, but for the cookies of some names. They are parts of it, without their ends.
+QList<QByteArrayView> linesWithout(const QSet<QByteArray>& names, QByteArrayView content)
 {
-    QFile old(from);
-    if (!old.exists())
-        return true;
-    if (!old.open(QIODevice::ReadOnly))
-        return false;
-    while (const auto line = allgemein::readLine(old)) {
-        const auto cookie = cookieFrom(line->text);
-        const bool kept = !cookie || !names.contains(cookie->name);
-        if (kept && !allgemein::writeAll(to, line->text + allgemein::lineEnd))
-            return false;
+    QList<QByteArrayView> lines;
+    while (!content.isEmpty()) {
+        const qsizetype end = content.indexOf('\n');
+        QByteArrayView line = end < 0 ? content : content.first(end);
+        content = content.sliced(qMin(line.size() + 1, content.size()));
+        if (end >= 0 && line.endsWith('\r'))
+            line.chop(1);
+        const auto cookie = fieldsOf(line);
+        if (!cookie || !names.contains(QByteArray::fromRawData(cookie->name.data(), cookie->name.size())))
+            lines += line;
     }
-    return old.error() == QFile::NoError;
+    return lines;
 }
 
-/// The lines of cookies, of each name the last; an empty value makes none. `names` gets the name of each.
-QByteArray linesOf(const QList<Cookie>& cookies, QSet<QByteArray>& names)
+/// The lines of cookies, without their ends; of each name the last; an empty value makes none. `names` gets the name of
+/// each.
+QByteArrayList linesOf(const QList<Cookie>& cookies, QSet<QByteArray>& names)
 {
     QByteArrayList lines;
     for (auto cookie = cookies.rbegin(); cookie != cookies.rend(); ++cookie) {
         const bool known = names.contains(cookie->name);
         names += cookie->name;
         if (!known && !cookie->value.isEmpty())
-            lines += cookie->path + '\t' + cookie->name + '\t' + cookie->value + allgemein::lineEnd;
+            lines += cookie->path + '\t' + cookie->name + '\t' + cookie->value;
     }
     std::reverse(lines.begin(), lines.end());
-    return lines.join();
+    return lines;
+}
+
+/// The whole file, nothing when there is one that cannot be read.
+std::optional<QByteArray> contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.exists())
+        return QByteArray();
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray content = file.readAll();
+    return file.error() == QFile::NoError ? std::optional(content) : std::nullopt;
 }
 
 /// Puts a file in the place of another in one step, so that there is always the old or the new one. It does not wait
@@ -78,6 +101,21 @@ bool takePlaceOf(const QString& from, const QString& to)
     return !error;
 }
 
+/// Writes a file anew by way of another one, which its owner alone can read: cookies are as good as passwords.
+bool writeFile(const QString& fileName, const QString& by, const QByteArray& content)
+{
+    QFile next(by);
+    next.remove(); // one that is left over has its own permissions
+    if (!next.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner))
+        return false;
+    bool written = allgemein::writeAll(next, content) && next.flush();
+    next.close();
+    written = written && takePlaceOf(by, fileName);
+    if (!written)
+        next.remove();
+    return written;
+}
+
 } // namespace
 
 void CookieStore::setCookieFolder(const QString& folder)
@@ -86,13 +124,21 @@ void CookieStore::setCookieFolder(const QString& folder)
     allgemein::createFolder(m_folder);
 }
 
-void CookieStore::takeSetCookie(const QByteArray& setCookieValue, const QByteArray& host) const
+void CookieStore::takeSetCookies(const QByteArrayList& setCookieValues, const QByteArray& host) const
 {
-    const auto path = SetCookieValue::cookiePath(setCookieValue);
-    const auto name = SetCookieValue::cookieName(setCookieValue);
-    const auto value = SetCookieValue::cookieValue(setCookieValue);
-    if (path && name && value)
-        saveCookie(host, *path, *name, *value);
+    QList<Cookie> cookies;
+    for (const QByteArray& setCookieValue : setCookieValues) {
+        const auto path = SetCookieValue::cookiePath(setCookieValue);
+        const auto name = SetCookieValue::cookieName(setCookieValue);
+        const auto value = SetCookieValue::cookieValue(setCookieValue);
+        if (!path || !name || !value || path->size() + name->size() + value->size() > longest)
+            continue;
+        const Cookie cookie { *path, *name, *value };
+        if (isStorable(host, cookie))
+            cookies += cookie;
+    }
+    if (!cookies.isEmpty())
+        replace(host, cookies, mostOfAHost);
 }
 
 bool CookieStore::saveCookie(
@@ -111,18 +157,25 @@ bool CookieStore::isStorable(const QByteArray& host, const Cookie& cookie) const
 
 bool CookieStore::saveCookies(const QByteArray& host, const QList<Cookie>& cookies) const
 {
-    QSet<QByteArray> names;
-    const QByteArray lines = linesOf(cookies, names);
+    return replace(host, cookies, std::numeric_limits<qsizetype>::max());
+}
+
+bool CookieStore::replace(const QByteArray& host, const QList<Cookie>& cookies, qsizetype most) const
+{
     const QString fileName = fileFor(host);
-    QFile next(m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"));
-    if (!next.open(QIODevice::WriteOnly))
+    const auto old = contentOf(fileName);
+    if (!old)
         return false;
-    bool written = copyWithout(names, fileName, next) && allgemein::writeAll(next, lines) && next.flush();
-    next.close();
-    written = written && takePlaceOf(next.fileName(), fileName);
-    if (!written)
-        next.remove();
-    return written;
+    QSet<QByteArray> names;
+    const QByteArrayList added = linesOf(cookies, names);
+    QList<QByteArrayView> lines = linesWithout(names, *old);
+    lines.append({ added.begin(), added.end() });
+    QByteArray content;
+    for (qsizetype line = qMax<qsizetype>(0, lines.size() - most); line < lines.size(); ++line)
+        content.append(lines[line]).append(allgemein::lineEnd);
+    if (content == *old && QFile::exists(fileName))
+        return true;
+    return writeFile(fileName, m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"), content);
 }
 
 QStringList CookieStore::deleteAll() const
@@ -142,15 +195,20 @@ QByteArray CookieStore::getCookieHeader(const QByteArray& url) const
 {
     const QByteArrayView host = url::hostOf(url);
     const QByteArrayView directory = url::directoryOf(url);
+    const qint32 labelCount = url::labelCount(host);
     QByteArray pairs;
-    for (qint32 labels = 1; labels <= url::labelCount(host); ++labels) {
-        QFile file(fileFor(url::lastLabels(host, labels)));
+    for (qint32 labels = 1; labels <= labelCount; ++labels) {
+        const QByteArrayView domain = url::lastLabels(host, labels);
+        // A host may be made of dots alone: looking for a file at each would take minutes.
+        if (domain.size() > longestFileName)
+            break;
+        QFile file(fileFor(domain));
         if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
             continue;
         while (const auto line = allgemein::readLine(file)) {
-            const auto cookie = cookieFrom(line->text);
+            const auto cookie = fieldsOf(line->text);
             if (cookie && applies(*cookie, directory))
-                pairs += ' ' + cookie->name + '=' + cookie->value + ';';
+                pairs.append(' ').append(cookie->name).append('=').append(cookie->value).append(';');
         }
     }
     return pairs.isEmpty() ? QByteArray() : "Cookie:" + pairs.chopped(1) + "\r\n";

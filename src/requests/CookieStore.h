@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QList>
 #include <QStringList>
 
@@ -16,14 +17,20 @@ struct Cookie {
 /// set to an empty value, or deleted with all others.
 ///
 /// Cookies never name a file outside the folder, and none that would break its line is kept: both are refused like a
-/// file that cannot be written.
+/// file that cannot be written. What servers can pile up is bounded. The files are for their owner alone.
 class CookieStore {
 public:
+    /// How many cookies a host may set; beyond, the oldest lines of its file are dropped, imported ones too.
+    static constexpr qsizetype mostOfAHost = 200;
+    /// How long name, value and path may be together, in bytes, of a cookie that a host sets.
+    static constexpr qsizetype longest = 4096;
+
     /// Where the cookies are kept; the folder is created, which may fail without a word.
     void setCookieFolder(const QString& folder);
 
-    /// Stores what the value of a Set-Cookie field says. What it cannot read, it leaves out.
-    void takeSetCookie(const QByteArray& setCookieValue, const QByteArray& host) const;
+    /// Stores what the values of an answer's Set-Cookie fields say, in their order. What it cannot read or is too long,
+    /// it leaves out.
+    void takeSetCookies(const QByteArrayList& setCookieValues, const QByteArray& host) const;
     /// Stores a cookie in the place of any of the same name; an empty value only removes. False when the host cannot
     /// name a file, a text would break the line, or the file cannot be replaced; the old file is then untouched.
     bool saveCookie(
@@ -39,6 +46,8 @@ public:
     [[nodiscard]] QByteArray getCookieHeader(const QByteArray& url) const;
 
 private:
+    /// Of the lines that result, the last `most` are kept. A file that would not change is left alone.
+    bool replace(const QByteArray& host, const QList<Cookie>& cookies, qsizetype most) const;
     /// Empty when the host cannot name a file.
     [[nodiscard]] QString fileFor(QByteArrayView host) const;
 

@@ -3,14 +3,20 @@
 
 #include "base/ErrorReport.h"
 #include "base/Registry.h"
+#include "base/allgemein.h"
 #include "crawl/url.h"
 
 #include <QDir>
 
+#include <array>
+#include <utility>
+
 namespace {
 
 /// Name, value, host and path run together, then flags, times and a mark.
-constexpr qsizetype linesOfCookie = 9;
+constexpr size_t linesOfCookie = 9;
+/// In bytes. A file with a longer one holds no cookies.
+constexpr qint64 longestLine = 64 * 1024;
 
 std::optional<QString> cookieFolder(const Registry& registry)
 {
@@ -43,33 +49,37 @@ bool ExplorerCookies::areHere(const Registry& registry)
 
 bool ExplorerCookies::read(const Take& take)
 {
-    if (m_line + linesOfCookie > m_lines.size()) {
-        if (m_files.isEmpty())
-            return false;
-        readFile(m_files.takeFirst());
-        return true;
+    if (!m_file.isOpen())
+        return openNext();
+    std::array<QByteArray, linesOfCookie> lines;
+    for (QByteArray& text : lines) {
+        auto line = allgemein::readLine(m_file, longestLine);
+        if (!line || line->isPiece) {
+            endFile();
+            return true;
+        }
+        text = std::move(line->text);
     }
-    const QByteArray& name = m_lines[m_line];
-    const QByteArray& value = m_lines[m_line + 1];
-    const QByteArray& place = m_lines[m_line + 2];
-    m_line += linesOfCookie;
-    take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), name, value } });
+    const QByteArray& place = lines[2];
+    take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), lines[0], lines[1] } });
     return true;
 }
 
-void ExplorerCookies::readFile(const QString& fileName)
+bool ExplorerCookies::openNext()
 {
-    m_lines.clear();
-    m_line = 0;
-    QFile file(fileName);
-    if (file.size() > largestFile)
-        fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
-    else if (!file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, fileFailure(file));
-    else
-        m_lines = file.readAll().split('\n');
-    for (QByteArray& line : m_lines) {
-        if (line.endsWith('\r'))
-            line.chop(1);
-    }
+    if (m_files.isEmpty())
+        return false;
+    m_file.setFileName(m_files.takeFirst());
+    if (m_file.size() > largestFile)
+        fail(ImportError::TooLarge, QDir::toNativeSeparators(m_file.fileName()));
+    else if (!m_file.open(QIODevice::ReadOnly))
+        fail(ImportError::File, fileFailure(m_file));
+    return true;
+}
+
+void ExplorerCookies::endFile()
+{
+    if (m_file.error() != QFile::NoError)
+        fail(ImportError::File, fileFailure(m_file));
+    m_file.close();
 }

@@ -3,6 +3,7 @@
 
 #include "requests/CookieSource.h"
 
+#include <QFile>
 #include <QStringList>
 
 class Registry;
@@ -18,9 +19,10 @@ public:
     [[nodiscard]] static bool areHere(const Registry& registry);
 
 private:
-    void readFile(const QString& fileName);
+    /// False when there is none.
+    [[nodiscard]] bool openNext();
+    void endFile();
 
     QStringList m_files; ///< those that are still to be read
-    QByteArrayList m_lines; ///< of the file that is being read
-    qsizetype m_line = 0;
+    QFile m_file; ///< the one that is being read
 };

@@ -29,8 +29,8 @@ bool RequestProfile::sendsReferer() const
     return m_prefs.useReferrer;
 }
 
-void RequestProfile::takeCookie(const QByteArray& setCookieValue, const QByteArray& url)
+void RequestProfile::takeCookies(const QByteArrayList& setCookieValues, const QByteArray& url)
 {
-    if (m_prefs.setCookies && !setCookieValue.isEmpty())
-        m_cookies.takeSetCookie(setCookieValue, url::hostOf(url).toByteArray());
+    if (m_prefs.setCookies)
+        m_cookies.takeSetCookies(setCookieValues, url::hostOf(url).toByteArray());
 }

@@ -15,7 +15,7 @@ public:
     [[nodiscard]] std::optional<QByteArray> acceptLanguageLine() const override;
     [[nodiscard]] QByteArray cookieLine(const QByteArray& url) const override;
     [[nodiscard]] bool sendsReferer() const override;
-    void takeCookie(const QByteArray& setCookieValue, const QByteArray& url) override;
+    void takeCookies(const QByteArrayList& setCookieValues, const QByteArray& url) override;
 
 private:
     const RequestPrefs& m_prefs;

@@ -8,9 +8,7 @@
 #include "results/ResultFilter.h"
 #include "results/twk.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -44,11 +42,8 @@ FoundModel::FoundModel(
     , m_filter(filter)
     , m_language(language)
     , m_walk(list)
-    , m_fileIcon(QApplication::style()->standardIcon(QStyle::SP_FileIcon))
-    , m_folderIcon(QApplication::style()->standardIcon(QStyle::SP_DirIcon))
 {
-    m_tellViews.setSingleShot(true);
-    connect(&m_tellViews, &QTimer::timeout, this, &FoundModel::tellViews);
+    connect(&m_tellViews, &PacedUpdate::due, this, &FoundModel::tellViews);
     connect(&m_rebuildSlice, &QTimer::timeout, this, &FoundModel::rebuildSlice);
     connect(&language, &LanguageTable::changed, this, [this] {
         emit headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
@@ -63,7 +58,7 @@ void FoundModel::offer(FundKnoten* knoten)
         return;
     m_rows.push_back({ .knoten = knoten });
     knoten->inhalt.listIndex = static_cast<qint32>(m_rows.size());
-    tellViewsSoon();
+    m_tellViews.request();
 }
 
 void FoundModel::refresh(FundKnoten* knoten)
@@ -192,7 +187,7 @@ void FoundModel::restartRows()
         knoten->inhalt.listIndex = 0;
     for (size_t row = 0; row < m_rows.size(); ++row) {
         m_rows[row].hasStateText = false;
-        // Most items are far apart in memory; those that keep their rows are not touched.
+        // To touch an item costs more than to tell that it keeps its row.
         if (m_next[row].row != static_cast<qint32>(row))
             m_rows[row].knoten->inhalt.listIndex = static_cast<qint32>(row) + 1;
     }
@@ -215,18 +210,12 @@ void FoundModel::showRows(qint32 firstRow, size_t count)
     const bool none = m_firstChanged > m_lastChanged;
     m_firstChanged = none ? first : qMin(m_firstChanged, first);
     m_lastChanged = none ? first + count - 1 : qMax(m_lastChanged, first + count - 1);
-    tellViewsSoon();
-}
-
-void FoundModel::tellViewsSoon()
-{
-    if (!m_tellViews.isActive())
-        m_tellViews.start(0);
+    m_tellViews.request();
 }
 
 void FoundModel::tellViews()
 {
-    m_tellViews.stop();
+    m_tellViews.cancel();
     if (m_rows.size() > m_told) {
         beginInsertRows({}, static_cast<int>(m_told), static_cast<int>(m_rows.size()) - 1);
         m_told = m_rows.size();
@@ -297,7 +286,7 @@ QVariant FoundModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         if (column != Filename)
             return {};
-        return url::fileNameOf(row.knoten->inhalt.adresse).isEmpty() ? m_folderIcon : m_fileIcon;
+        return url::fileNameOf(row.knoten->inhalt.adresse).isEmpty() ? m_folderIcon.icon() : m_fileIcon.icon();
     default:
         return {};
     }

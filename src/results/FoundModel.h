@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/PacedUpdate.h"
+#include "base/RowRuns.h"
+#include "base/StyleIcon.h"
 #include "crawl/ItemFetch.h"
 #include "crawl/ListWalk.h"
 #include "results/ResultFilter.h"
 #include "results/RowChanges.h"
-#include "base/RowRuns.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
-#include <QIcon>
 #include <QTimer>
 
 #include <optional>
@@ -18,7 +19,7 @@
 class LanguageTable;
 
 /// The found items that pass the filter, a row each, in the order in which they were found. Rows that come are told to
-/// the views once per pass of the event loop. A row's check box is its mark.
+/// the views as often as people can follow. A row's check box is its mark.
 ///
 /// An item's `listIndex` is its row here, from 1. It may be out of date for an item that has lost its row.
 class FoundModel final : public QAbstractTableModel {
@@ -82,7 +83,6 @@ private:
     [[nodiscard]] std::optional<qint32> rowOf(const FundKnoten* knoten) const;
     /// Has the views show rows anew.
     void showRows(qint32 firstRow, size_t count);
-    void tellViewsSoon();
     void tellViews();
     void rebuildSlice();
     void chooseOrHide(FundKnoten* knoten);
@@ -107,7 +107,7 @@ private:
     QList<QByteArray> m_details;
     QHash<QByteArray, qint32> m_detailPlaces;
     qint64 m_shownUnit = 1; ///< the unit of the sizes in the rows: that of the last rebuild
-    QTimer m_tellViews;
+    PacedUpdate m_tellViews;
 
     ListWalk m_walk;
     ResultFilter m_rebuildFilter; ///< as it was when the rebuild began
@@ -115,6 +115,6 @@ private:
     std::vector<RowChoice> m_next;
     std::vector<FundKnoten*> m_hidden; ///< the items that will lose their rows
     QTimer m_rebuildSlice;
-    QIcon m_fileIcon;
-    QIcon m_folderIcon;
+    StyleIcon m_fileIcon { QStyle::SP_FileIcon };
+    StyleIcon m_folderIcon { QStyle::SP_DirIcon };
 };

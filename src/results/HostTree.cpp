@@ -4,9 +4,7 @@
 #include "base/allgemein.h"
 #include "crawl/url.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QStyle>
 
 #include <utility>
 
@@ -29,11 +27,8 @@ HostTree::HostTree(const FundListe& list, QObject* parent)
     , m_list(list)
     , m_told { 0 }
     , m_walk(list)
-    , m_hostIcon(QApplication::style()->standardIcon(QStyle::SP_DriveNetIcon))
-    , m_folderIcon(QApplication::style()->standardIcon(QStyle::SP_DirIcon))
 {
-    m_tellViews.setSingleShot(true);
-    connect(&m_tellViews, &QTimer::timeout, this, &HostTree::tellViews);
+    connect(&m_tellViews, &PacedUpdate::due, this, &HostTree::tellViews);
     connect(&m_rebuildSlice, &QTimer::timeout, this, &HostTree::rebuildSlice);
 }
 
@@ -42,8 +37,8 @@ void HostTree::add(const FundStück& item)
     if (!isInTree(item))
         return;
     m_arena.add(item.adresse);
-    if (m_arena.count() > static_cast<qint32>(m_told.size()) && !m_tellViews.isActive())
-        m_tellViews.start(0);
+    if (m_arena.count() > static_cast<qint32>(m_told.size()))
+        m_tellViews.request();
 }
 
 void HostTree::removing(FundKnoten* knoten)
@@ -89,7 +84,7 @@ void HostTree::rebuildSlice()
 
 void HostTree::replaceArena(HostArena arena)
 {
-    m_tellViews.stop();
+    m_tellViews.cancel();
     beginResetModel();
     m_arena = std::move(arena);
     m_told.clear();
@@ -175,7 +170,7 @@ QVariant HostTree::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return allgemein::shownText(node.name);
     case Qt::DecorationRole:
-        return idOf(index) == HostArena::root ? m_hostIcon : m_folderIcon;
+        return idOf(index) == HostArena::root ? m_hostIcon.icon() : m_folderIcon.icon();
     default:
         return {};
     }

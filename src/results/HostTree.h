@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/PacedUpdate.h"
+#include "base/StyleIcon.h"
 #include "crawl/ListWalk.h"
 #include "results/HostArena.h"
 
 #include <QAbstractItemModel>
-#include <QIcon>
 #include <QTimer>
 
 #include <deque>
 
-/// The found URLs as a tree of hosts and directories under one root. Nodes that come are told to the views once per
-/// pass of the event loop.
+/// The found URLs as a tree of hosts and directories under one root. Nodes that come are told to the views as often as
+/// people can follow.
 class HostTree final : public QAbstractItemModel {
     Q_OBJECT
 
@@ -55,12 +56,12 @@ private:
     HostArena m_arena;
     /// For each node that the views know, how many of its children they know.
     std::deque<qint32> m_told;
-    QTimer m_tellViews;
+    PacedUpdate m_tellViews;
 
     ListWalk m_walk;
     HostArena m_next; ///< the tree that a rebuild has made so far
     QTimer m_rebuildSlice;
     bool m_isStale = false; ///< the tree is not that of the list
-    QIcon m_hostIcon;
-    QIcon m_folderIcon;
+    StyleIcon m_hostIcon { QStyle::SP_DriveNetIcon };
+    StyleIcon m_folderIcon { QStyle::SP_DirIcon };
 };

@@ -94,11 +94,12 @@ bool isName(QByteArrayView name)
 
 std::optional<QByteArray> urlFrom(const QByteArray& text)
 {
-    const QByteArray url = url::withProtocol(text);
+    // Judged as it is kept: a TAB before the number of a port is read over, its percent-encoding is not.
+    const QByteArray url = allgemein::onOneLine(url::withProtocol(text));
     // "mailto:" and the like name neither a host nor a port.
     const bool usable = !text.isEmpty() && url::isValidUrl(url) && url.size() <= url::longest
         && isName(url::protocolOf(url)) && isName(url::hostOf(url)) && url::portOf(url) > 0;
-    return usable ? std::optional(allgemein::onOneLine(url)) : std::nullopt;
+    return usable ? std::optional(url) : std::nullopt;
 }
 
 void readFields(FundStück& item, const QByteArrayList& fields)

@@ -3,30 +3,33 @@
 
 #include "base/allgemein.h"
 
+#include <utility>
+
+namespace {
+
+/// How much is handed to the file at once, in bytes.
+constexpr qsizetype pieceSize = 128 * 1024;
+
+} // namespace
+
 ListWriter::ListWriter(const QString& fileName, listFormat::Format format, const LanguageTable& language)
     : m_file(fileName)
     , m_format(format)
-    , m_isWhole(m_file.open(QIODevice::WriteOnly))
 {
     if (const QByteArray header = listFormat::headerLine(format, language); !header.isEmpty())
-        writeLine(header);
+        m_lines = header + allgemein::lineEnd;
 }
 
 void ListWriter::write(const FundStück& item)
 {
-    writeLine(listFormat::itemLine(m_format, item));
-}
-
-void ListWriter::writeLine(const QByteArray& line)
-{
-    m_isWhole = m_isWhole && allgemein::writeAll(m_file, line + allgemein::lineEnd);
+    m_lines += listFormat::itemLine(m_format, item);
+    m_lines += allgemein::lineEnd;
+    if (m_lines.size() >= pieceSize)
+        m_file.write(std::exchange(m_lines, {}));
 }
 
 std::optional<QString> ListWriter::commit()
 {
-    const QString error = m_file.errorString();
-    if (m_isWhole)
-        return m_file.commit() ? std::nullopt : std::optional(m_file.errorString());
-    m_file.cancelWriting();
-    return error;
+    m_file.write(std::exchange(m_lines, {}));
+    return m_file.commit();
 }

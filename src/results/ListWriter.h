@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileReplacement.h"
 #include "results/ListFormat.h"
-
-#include <QSaveFile>
 
 /// Writes a list of URLs, or of the columns of found items, to a file, which is replaced as a whole at the end.
 class ListWriter {
@@ -15,9 +14,7 @@ public:
     [[nodiscard]] std::optional<QString> commit();
 
 private:
-    void writeLine(const QByteArray& line);
-
-    QSaveFile m_file;
+    FileReplacement m_file;
     listFormat::Format m_format;
-    bool m_isWhole;
+    QByteArray m_lines; ///< those that are not in the file yet
 };

@@ -3,10 +3,20 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Types are mostly written alike, which is told many letters at a time.
+int compare(const QByteArray& a, const QByteArray& b)
+{
+    return a == b ? 0 : a.compare(b, Qt::CaseInsensitive);
+}
+
+} // namespace
+
 size_t MimeListe::placeOf(const QByteArray& type) const
 {
     const auto sortsBefore = [](const Entry& entry, const QByteArray& other) {
-        return entry.type.compare(other, Qt::CaseInsensitive) < 0;
+        return compare(entry.type, other) < 0;
     };
     return static_cast<size_t>(
         std::lower_bound(m_entries.begin(), m_entries.end(), type, sortsBefore) - m_entries.begin());
@@ -14,7 +24,7 @@ size_t MimeListe::placeOf(const QByteArray& type) const
 
 bool MimeListe::standsAt(size_t place, const QByteArray& type) const
 {
-    return place < m_entries.size() && m_entries[place].type.compare(type, Qt::CaseInsensitive) == 0;
+    return place < m_entries.size() && compare(m_entries[place].type, type) == 0;
 }
 
 bool MimeListe::contains(const QByteArray& type) const

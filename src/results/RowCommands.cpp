@@ -143,10 +143,10 @@ void RowCommands::download(bool marked)
 void RowCommands::copy(bool marked)
 {
     constexpr size_t usualLength = 96;
-    const Items chosenItems = items(chosen(marked));
-    QString text;
-    text.reserve(static_cast<qsizetype>(chosenItems.size() * usualLength));
-    m_work.add([items = chosenItems, text, next = size_t { 0 }]() mutable {
+    Items chosenItems = items(chosen(marked));
+    QString lines;
+    lines.reserve(static_cast<qsizetype>(chosenItems.size() * usualLength));
+    m_work.add([items = std::move(chosenItems), text = std::move(lines), next = size_t { 0 }]() mutable {
         if (next < items.size()) {
             text += allgemein::fromSystem(items[next++]->adresse) + QLatin1String("\r\n");
             return true;

@@ -4,28 +4,22 @@
 #include "base/allgemein.h"
 #include "crawl/url.h"
 
-#include <QBuffer>
-#include <QSaveFile>
-
+#include <array>
+#include <charconv>
 #include <utility>
 
 namespace {
 
-template <typename Enum> QByteArray number(Enum value)
-{
-    return QByteArray::number(static_cast<qint32>(value));
-}
-
 /// Takes the fields of a line one after the other.
 class FieldReader {
 public:
-    explicit FieldReader(const QByteArray& line)
+    explicit FieldReader(QByteArrayView line)
         : m_line(line)
     {
     }
 
     /// Up to the next TAB or the end; empty beyond it.
-    QByteArray text()
+    QByteArrayView text()
     {
         const qsizetype start = std::exchange(m_next, m_line.size() + 1);
         if (start > m_line.size())
@@ -35,62 +29,72 @@ public:
             m_next = tab + 1;
         return tab < 0 ? m_line.sliced(start) : m_line.sliced(start, tab - start);
     }
+    /// The same, in the bytes of `other` when they are equal.
+    QByteArray textLike(const QByteArray& other)
+    {
+        const QByteArrayView own = text();
+        return own == other ? other : own.toByteArray();
+    }
     qint32 number() { return allgemein::leadingNumber32(text()); }
     qint64 size() { return allgemein::leadingNumber(text()); }
 
 private:
-    const QByteArray& m_line;
+    QByteArrayView m_line;
     qsizetype m_next = 0;
 };
 
-/// Everything before the item lines.
-QByteArray headerLines(const SearchOptions& options, const RequestPrefs& prefs)
+void appendText(QByteArray& line, const QByteArray& text)
 {
-    QBuffer lines;
-    lines.open(QIODevice::WriteOnly);
-    options.speicherOpts(lines);
-    twkEinstellungen::writeRequestPrefs(lines, prefs);
-    return lines.data() + SearchFile::resultsMark + allgemein::lineEnd;
+    if (allgemein::isOnOneLine(text))
+        line += text;
+    else
+        line += allgemein::onOneLine(text);
+}
+
+/// A TAB and the number.
+void appendNumber(QByteArray& line, qint64 number)
+{
+    std::array<char, 24> digits { '\t' };
+    const auto written = std::to_chars(digits.begin() + 1, digits.end(), number);
+    line.append(digits.data(), written.ptr - digits.data());
 }
 
 } // namespace
 
-QByteArray SearchFile::itemLine(const FundStück& item)
+void SearchFile::appendItemLine(QByteArray& text, const FundStück& item)
 {
-    using allgemein::onOneLine;
-    return onOneLine(item.adresse) + '\t' + onOneLine(item.mimeTyp) + '\t' + QByteArray::number(item.groesse) + '\t'
-        + QByteArray::number(item.tiefe) + '\t' + number(item.zustand) + '\t' + QByteArray::number(item.statusCode)
-        + '\t' + number(item.referenzTyp) + '\t' + onOneLine(item.sprache) + '\t' + onOneLine(item.referer);
+    appendText(text, item.adresse);
+    text += '\t';
+    appendText(text, item.mimeTyp);
+    for (const qint64 number : { item.groesse, qint64 { item.tiefe }, static_cast<qint64>(item.zustand),
+             qint64 { item.statusCode }, static_cast<qint64>(item.referenzTyp) })
+        appendNumber(text, number);
+    text += '\t';
+    appendText(text, item.sprache);
+    text += '\t';
+    appendText(text, item.referer);
 }
 
-std::optional<FundStück> SearchFile::itemFrom(const QByteArray& line)
+QByteArray SearchFile::itemLine(const FundStück& item)
+{
+    QByteArray line;
+    appendItemLine(line, item);
+    return line;
+}
+
+std::optional<FundStück> SearchFile::itemFrom(QByteArrayView line, const FundStück& like)
 {
     FieldReader fields(line);
     FundStück item;
-    item.adresse = allgemein::onOneLine(fields.text());
-    item.mimeTyp = fields.text();
+    item.adresse = allgemein::onOneLine(fields.text().toByteArray());
+    item.mimeTyp = fields.textLike(like.mimeTyp);
     item.groesse = fields.size();
     item.tiefe = fields.number();
     item.zustand = static_cast<Zustand>(fields.number());
     item.statusCode = fields.number();
     item.referenzTyp = static_cast<ReferenzTyp>(fields.number());
-    item.sprache = fields.text();
-    item.referer = fields.text();
+    item.sprache = fields.textLike(like.sprache);
+    item.referer = fields.textLike(like.referer);
     return item.adresse.isEmpty() || item.adresse.size() > 4 * url::longest ? std::nullopt
                                                                             : std::optional(std::move(item));
-}
-
-std::optional<QString> SearchFile::save(
-    const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list)
-{
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    bool written = allgemein::writeAll(file, headerLines(options, prefs));
-    for (const FundKnoten* knoten = list.getStart(); knoten && written; knoten = knoten->naechster)
-        written = allgemein::writeAll(file, itemLine(knoten->inhalt) + allgemein::lineEnd);
-    if (written)
-        return file.commit() ? std::nullopt : std::optional(file.errorString());
-    file.cancelWriting();
-    return QStringLiteral("not all could be written; the disk may be full");
 }

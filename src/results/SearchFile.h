@@ -2,10 +2,8 @@
 #pragma once
 
 #include "crawl/FundListe.h"
-#include "crawl/SearchOptions.h"
-#include "requests/RequestPrefs.h"
 
-#include <QString>
+#include <QByteArray>
 
 #include <optional>
 
@@ -19,12 +17,11 @@ constexpr QByteArrayView resultsMark = "Results:";
 /// The nine fields of an item, joined by TAB: URL, MIME type, size, depth, processing state, HTTP status, reference
 /// type number, language, referring URL. A byte that would break the line is percent-encoded.
 [[nodiscard]] QByteArray itemLine(const FundStück& item);
-/// Reads an item line. Missing fields are empty, number fields without a number 0. Nothing without a
-/// URL, or with one that is too long to be recorded.
-[[nodiscard]] std::optional<FundStück> itemFrom(const QByteArray& line);
-
-/// Replaces the file as a whole. Returns the system's error text on failure, which leaves an old file untouched.
-[[nodiscard]] std::optional<QString> save(
-    const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list);
+/// The same at the end of `text`.
+void appendItemLine(QByteArray& text, const FundStück& item);
+/// Reads an item line. Missing fields are empty, number fields without a number 0. Nothing without a URL, or with one
+/// that is too long to be recorded. Texts that are equal to those of `like` share their bytes: neighbouring items
+/// mostly have the same type and referring URL.
+[[nodiscard]] std::optional<FundStück> itemFrom(QByteArrayView line, const FundStück& like = {});
 
 } // namespace SearchFile

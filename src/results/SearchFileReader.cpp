@@ -13,8 +13,9 @@ using SearchFile::SkippedLine;
 
 namespace {
 
-/// In bytes. No field of an item is longer than a header, of which most are a kilobyte.
-constexpr qint64 longestLine = 1024 * 1024;
+/// In bytes. A byte of a header of 256 KiB may make three of a line, and stand in two of its fields; beside them are
+/// two URLs of 64 KiB.
+constexpr qsizetype longestLine = 4 * 1024 * 1024;
 /// A file of which no line is known until then is no search file.
 constexpr qint64 mostUnknownLines = 10'000;
 
@@ -36,9 +37,10 @@ bool SearchFile::isUsable(LoadError error)
 
 SearchFileReader::SearchFileReader(const QString& fileName, StoredSearch& search)
     : m_file(fileName)
+    , m_lines(m_file, longestLine)
     , m_search(search)
 {
-    if (m_file.open(QIODevice::ReadOnly))
+    if (m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return;
     m_result.error = LoadError::CannotOpen;
     m_result.systemText = m_file.errorString();
@@ -60,7 +62,7 @@ bool SearchFileReader::readFor(int milliseconds)
 
 bool SearchFileReader::readLine()
 {
-    const auto line = isHopeless() ? std::nullopt : allgemein::readLine(m_file, longestLine);
+    const auto line = isHopeless() ? std::nullopt : m_lines.next();
     const bool whole = !line || line->ended;
     if (line && whole) {
         takeLine(line->text);
@@ -88,13 +90,13 @@ void SearchFileReader::finish(bool whole)
     m_file.close();
 }
 
-void SearchFileReader::takeLine(const QByteArray& line)
+void SearchFileReader::takeLine(QByteArrayView line)
 {
     ++m_number;
     if (m_inResults)
         takeItem(line);
     else
-        takeHeaderLine(line);
+        takeHeaderLine(line.toByteArray());
 }
 
 void SearchFileReader::takeHeaderLine(const QByteArray& line)
@@ -112,40 +114,27 @@ void SearchFileReader::takeHeaderLine(const QByteArray& line)
     }
 }
 
-void SearchFileReader::takeItem(const QByteArray& line)
+void SearchFileReader::takeItem(QByteArrayView line)
 {
-    auto item = SearchFile::itemFrom(line);
+    const FundKnoten* const previous = m_search.list.getLetzter();
+    auto item = previous ? SearchFile::itemFrom(line, previous->inhalt) : SearchFile::itemFrom(line);
     if (!item) {
         skip(SkippedLine::NoUrl, line);
         return;
     }
-    shareEqualTexts(*item);
-    if (!item->mimeTyp.isEmpty() && !m_search.mimeTypes.isFull())
+    const bool isNewType = !previous || item->mimeTyp.constData() != previous->inhalt.mimeTyp.constData();
+    if (isNewType && !item->mimeTyp.isEmpty() && !m_search.mimeTypes.isFull())
         m_search.mimeTypes.insert(item->mimeTyp);
     m_search.list.add(std::move(*item));
 }
 
-/// Neighbouring items mostly have the same type and referrer: they share its bytes.
-void SearchFileReader::shareEqualTexts(FundStück& item) const
-{
-    const FundKnoten* const previous = m_search.list.getLetzter();
-    if (!previous)
-        return;
-    if (item.mimeTyp == previous->inhalt.mimeTyp)
-        item.mimeTyp = previous->inhalt.mimeTyp;
-    if (item.sprache == previous->inhalt.sprache)
-        item.sprache = previous->inhalt.sprache;
-    if (item.referer == previous->inhalt.referer)
-        item.referer = previous->inhalt.referer;
-}
-
-void SearchFileReader::skip(SkippedLine::Why why, const QByteArray& text)
+void SearchFileReader::skip(SkippedLine::Why why, QByteArrayView text)
 {
     constexpr qsizetype most = 100;
     constexpr qsizetype longest = 200;
     ++m_result.skippedCount;
     if (m_result.skipped.size() < most)
-        m_result.skipped += { m_number, why, text.left(longest) };
+        m_result.skipped += { m_number, why, text.first(qMin(text.size(), longest)).toByteArray() };
 }
 
 SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)

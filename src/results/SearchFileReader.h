@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/LineReader.h"
 #include "crawl/FundListe.h"
 #include "crawl/SearchOptions.h"
 #include "requests/RequestPrefs.h"
@@ -67,13 +68,13 @@ private:
     [[nodiscard]] bool readLine();
     [[nodiscard]] bool isHopeless() const;
     void finish(bool whole);
-    void takeLine(const QByteArray& line);
+    void takeLine(QByteArrayView line);
     void takeHeaderLine(const QByteArray& line);
-    void takeItem(const QByteArray& line);
-    void shareEqualTexts(FundStück& item) const;
-    void skip(SearchFile::SkippedLine::Why why, const QByteArray& text);
+    void takeItem(QByteArrayView line);
+    void skip(SearchFile::SkippedLine::Why why, QByteArrayView text);
 
     QFile m_file;
+    LineReader m_lines;
     StoredSearch& m_search;
     SearchFile::LoadResult m_result;
     qint64 m_number = 0;

@@ -21,6 +21,7 @@ private slots:
     void whatCannotBeReadChangesNothing();
     void aTruncatedFileIsOpenedAsFarAsItGoes();
     void openingReplacesOptionsAndLanguages();
+    void whatIsSavedIsWholeWhenTheSearchGoes();
     void aNewSearchOvertakesOpening();
     void nothingElseBeginsWhileAFileIsRead();
     void asksOfEachUnknownLine_data();
@@ -138,8 +139,36 @@ void tst_CurrentSearch::openingReplacesOptionsAndLanguages()
     QCOMPARE(search.status().depthLimit, 9);
 
     // What is opened can be saved where it came from.
-    QCOMPARE(search.save(search.fileName()), std::nullopt);
+    QSignalSpy saved(&search, &CurrentSearch::saved);
+    search.save(search.fileName());
+    search.finishSaving();
+    QCOMPARE(saved.count(), 1);
+    QVERIFY(!saved.first().at(1).value<std::optional<QString>>());
     QVERIFY(contentOf(search.fileName()).contains("Results:\r\nhttp://h:80/\ttext/html\t0\t"));
+}
+
+void tst_CurrentSearch::whatIsSavedIsWholeWhenTheSearchGoes()
+{
+    constexpr int items = 300'000;
+    Session session;
+    CurrentSearch search(session);
+    for (int number = 0; number < items; ++number)
+        session.search.fuegeFundHinzu("http://h/" + QByteArray::number(number), 0, {}, ReferenzTyp::Anchor);
+    QSignalSpy saved(&search, &CurrentSearch::saved);
+    const QString path = m_folder.filePath(QStringLiteral("large.twk"));
+    const QString other = m_folder.filePath(QStringLiteral("other.twk"));
+    search.save(other);
+    QCOMPARE(saved.count(), 0); // too much for one pass of the event loop
+    search.save(path);
+    QCOMPARE(saved.count(), 1);
+    QCOMPARE(search.fileName(), other);
+    session.searchOptions.startUrl = "http://127.0.0.1:0/";
+    search.start();
+    QCOMPARE(saved.count(), 2);
+    QCOMPARE(contentOf(path), contentOf(other));
+    QVERIFY(contentOf(path).startsWith("StartUrl=\r\n"));
+    QCOMPARE(contentOf(path).count("\nhttp://h:80/"), items);
+    QCOMPARE(search.fileName(), QString()); // the new search was not saved
 }
 
 void tst_CurrentSearch::aNewSearchOvertakesOpening()
@@ -196,19 +225,23 @@ void tst_CurrentSearch::asksOfEachUnknownLine()
     messages.answer = goOn;
     LanguageChoice choice(table, messages);
     choice.selectBuiltIn(LanguageTable::German);
-    choice.load(fileWith("a=1\nb=2\nmain.m_quit=later\n"));
+    const QString file = fileWith("a=1\nb=2\nmain.m_quit=later\n");
+    choice.load(file);
     QTEST(static_cast<int>(messages.asked.size()), "asked");
     QCOMPARE(messages.asked.first().title, QStringLiteral("Parsing Error"));
     QCOMPARE(messages.asked.first().text,
-        QStringLiteral("Not a valid l-Value for Translation: a\nContinue loading Language-file?"));
+        QStringLiteral("Not a valid l-Value for Translation: a\nContinue loading Language-file?\n%1:1")
+            .arg(QDir::toNativeSeparators(file)));
     QTEST(table.text("main.m_quit"), "caption");
     QCOMPARE(choice.index(), LanguageChoice::file);
 
     choice.selectBuiltIn(LanguageTable::French);
-    choice.load(m_folder.filePath(QStringLiteral("none")));
+    const QString none = m_folder.filePath(QStringLiteral("none"));
+    choice.load(none);
     QCOMPARE(choice.index(), int { LanguageTable::French });
     QCOMPARE(messages.told.size(), 1);
-    QCOMPARE(messages.told.first().text, QStringLiteral("Error while loading language file"));
+    QCOMPARE(messages.told.first().text,
+        QStringLiteral("Error while loading language file\n%1").arg(QDir::toNativeSeparators(none)));
     choice.selectBuiltIn(LanguageTable::French);
     QCOMPARE(choice.index(), int { LanguageTable::French });
     QCOMPARE(choice.fileName(), QString());

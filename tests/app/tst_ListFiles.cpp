@@ -18,7 +18,7 @@
 #include <memory>
 
 /// What the main window takes in from lists and hands out to other programs.
-class tst_ListFiles : public QObject {
+class tst_ListFiles : public QObject, AnsweredSeams {
     Q_OBJECT
 
 private slots:
@@ -45,11 +45,6 @@ private:
 
     QTemporaryDir m_folder;
     std::unique_ptr<ScriptedServer> m_server;
-    AnsweredMessages m_messages;
-    AnsweredFileDialogs m_dialogs;
-    RecordingShell m_shell;
-    AnsweredPicker m_picker;
-    FilledRegistry m_registry;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MainWindow> m_window;
 };
@@ -67,7 +62,7 @@ void tst_ListFiles::init()
     m_server = std::make_unique<ScriptedServer>();
     m_session = std::make_unique<Session>();
     m_session->cookies.setCookieFolder(m_folder.path());
-    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
+    m_window = std::make_unique<MainWindow>(*m_session, seams());
     m_window->show();
 }
 
@@ -139,7 +134,7 @@ void tst_ListFiles::importsWhatItExports()
     cleanup();
     m_server = std::make_unique<ScriptedServer>();
     m_session = std::make_unique<Session>();
-    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
+    m_window = std::make_unique<MainWindow>(*m_session, seams());
     choose(*m_window, "m_importCsv");
     QCOMPARE(m_messages.told.value(0).text, m_session->language.text("lang.CSVNote"));
     QCOMPARE(m_messages.told.value(0).title, QStringLiteral("Note"));
@@ -260,11 +255,11 @@ void tst_ListFiles::opensFewRowsUnasked()
 void tst_ListFiles::opensRowsByAProgram()
 {
     import("http://h/1\nhttp://h/2\nhttp://h/3\n");
-    const auto& dialog = control<QWidget>(*m_window, "dialog_openBy");
     details().selectRow(1);
     choose(*m_window, "m_selectedMark");
     details().selectRow(2);
     choose(*m_window, "m_markedOpenBy");
+    const auto& dialog = control<QWidget>(*m_window, "dialog_openBy");
     control<QLineEdit>(dialog, "programmPfad").setText(QStringLiteral("p"));
     control<QLineEdit>(dialog, "parameter").setText(QStringLiteral("-x "));
     click(dialog, "b_ok");

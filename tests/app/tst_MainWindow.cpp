@@ -32,7 +32,7 @@
 #include <memory>
 
 /// Drives the main window as a user does, by the names of its controls.
-class tst_MainWindow : public QObject {
+class tst_MainWindow : public QObject, AnsweredSeams {
     Q_OBJECT
 
 private slots:
@@ -74,11 +74,6 @@ private:
 
     QTemporaryDir m_folder;
     std::unique_ptr<ScriptedServer> m_server;
-    AnsweredMessages m_messages;
-    AnsweredFileDialogs m_dialogs;
-    RecordingShell m_shell;
-    AnsweredPicker m_picker;
-    FilledRegistry m_registry;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MainWindow> m_window;
 };
@@ -112,7 +107,7 @@ void tst_MainWindow::newWindow()
     m_window.reset();
     m_session = std::make_unique<Session>();
     m_session->cookies.setCookieFolder(m_folder.path());
-    m_window = std::make_unique<MainWindow>(*m_session, Seams { m_messages, m_dialogs, m_shell, m_picker, m_registry });
+    m_window = std::make_unique<MainWindow>(*m_session, seams());
     m_window->show();
 }
 
@@ -160,7 +155,7 @@ void tst_MainWindow::aSearchFromStartToFile()
     QCOMPARE(panel(2), QStringLiteral("Start: ") + QString::fromLatin1(m_server->origin()));
     QCOMPARE(panel(3), QStringLiteral("Depth: 3"));
     QCOMPARE(panel(4), QStringLiteral("Found urls: 6"));
-    QTRY_COMPARE(panel(6), QStringLiteral("Shown: 6")); // told a pass of the event loop after the rows
+    QTRY_COMPARE(panel(6), QStringLiteral("Shown: 6")); // told after the rows
     QCOMPARE(control<QLabel>(*m_window, "nAngezeigte").text(), QStringLiteral("6"));
     QCOMPARE(details().model()->index(2, FoundModel::Size).data().toString(), QStringLiteral("5000000000"));
 
@@ -385,16 +380,19 @@ void tst_MainWindow::downloadsRows()
     m_session->downloads.settings().overwrite = true;
     m_session->requestPrefs.useReferrer = true;
     searchSite();
-    QWidget* manager = nullptr;
-    for (QWidget* const widget : QApplication::topLevelWidgets())
-        manager = widget->objectName() == QLatin1String("DLManager") ? widget : manager;
-    QVERIFY(manager && !manager->isVisible());
+    const auto manager = []() -> QWidget* {
+        for (QWidget* const widget : QApplication::topLevelWidgets()) {
+            if (widget->objectName() == QLatin1String("DLManager") && widget->isVisible())
+                return widget;
+        }
+        return nullptr;
+    };
     choose(*m_window, "m_autoOpenDLM");
     choose(*m_window, "m_selectedDownload"); // with no row selected
-    QVERIFY(!manager->isVisible());
+    QVERIFY(!manager());
     choose(*m_window, "m_autoOpenDLM");
     choose(*m_window, "m_markedDownload");
-    QVERIFY(manager->isVisible());
+    QVERIFY(manager());
     QCOMPARE(m_session->downloads.count(), 0);
 
     choose(*m_window, "m_einheit(1)");
@@ -416,9 +414,10 @@ void tst_MainWindow::downloadsRows()
     QTRY_COMPARE(m_session->downloads.entryAt(0).tag, DownloadTag::Warning); // its body never came
     choose(*m_window, "m_resolve3xx");
     QVERIFY(!m_session->downloads.settings().followRelocation);
-    manager->close();
+    manager()->close();
+    QVERIFY(!manager());
     choose(*m_window, "m_showDlm");
-    QVERIFY(manager->isVisible());
+    QVERIFY(manager());
     choose(*m_window, "m_addNumberedDL");
     QVERIFY(control<QDialog>(*m_window, "getDLStack").isVisible());
 }
@@ -494,9 +493,9 @@ void tst_MainWindow::opensFiles_data()
     };
     row("parameters alone", "StartUrl=http://h/\r\n", 0, {});
     row("two lines that are not understood", "StartUrl=x\r\nFoo=1\r\nbar\r\nResults:\r\nhttp://h:80/\r\n", 1,
-        { QStringLiteral("Invalid attribut:: Foo\nInvalid attribut:: bar") });
+        { QStringLiteral("o.twk\n2: Invalid attribut:: Foo\n3: Invalid attribut:: bar") });
     row("too many of them", "Depth=1\r\n" + QByteArray("x=\r\n").repeated(1000), 0,
-        { QStringLiteral("Invalid attribut:: x\n").repeated(10) + QStringLiteral("... and 990 more") });
+        { QStringLiteral("\n11: Invalid attribut:: x\n... and 990 more") });
     row("a truncated file", "Results:\r\nhttp://h:80/\r\nhttp://h", 1, { QStringLiteral("Unexpected end of file") });
     row("no search file", "hello\r\n", 6, { QStringLiteral("Error while opening: this is not a search file") });
 }

@@ -370,10 +370,11 @@ void tst_cli::downloads()
     m_server->relocation("/old", "c.bin");
     m_server->relocation("/circle", "/circle");
     QVERIFY(writeFile(file("s.twk"),
-        "Results:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n" + m_server->origin()
+        "Nonsense=1\r\nResults:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n" + m_server->origin()
             + "/a.html\ttext/html\r\n"));
     const Result result = run(line);
     QCOMPARE(result.status, status);
+    QCOMPARE(result.err.contains("s.twk:1: Invalid attribut"), line.contains("s.twk"));
     const QByteArray port = QByteArray::number(m_server->serverPort());
     out.replace("URL", m_server->origin()).replace("PORT", port);
     // Paths are printed as the system writes them.

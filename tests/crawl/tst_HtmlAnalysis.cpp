@@ -15,6 +15,7 @@ private slots:
     void looksAtEachByteAFewTimes_data();
     void looksAtEachByteAFewTimes();
     void resumesInsideATag();
+    void pausesAmongTagsThatWereKept();
 };
 
 namespace {
@@ -219,6 +220,20 @@ void tst_HtmlAnalysis::resumesInsideATag()
     const Outcome outcome = analyse(body, everything);
     QCOMPARE(outcome.references, QByteArrayList { "1 http://h:80/d/" + letters });
     QVERIFY(outcome.pauses > 6);
+}
+
+void tst_HtmlAnalysis::pausesAmongTagsThatWereKept()
+{
+    // The tags of the second kind are found while the first is asked for. Steps of a tag's length find them all, then
+    // the one end of all, and then hand them out, each in a step of its own.
+    constexpr int tags = 2000;
+    const QByteArray tag = "<link ";
+    const QByteArray body = tag.repeated(tags) + '>';
+    HtmlAnalysis analysis(body, pageUrl, { true, true, false, false, false, false });
+    int pauses = 0;
+    while (analysis.next(tag.size()) != HtmlAnalysis::Step::End)
+        ++pauses;
+    QVERIFY2(pauses > 7 * tags / 2, qPrintable(QString::number(pauses)));
 }
 
 QTEST_GUILESS_MAIN(tst_HtmlAnalysis)

@@ -35,6 +35,9 @@ void tst_SearchOptions::givesEntryItsLevel_data()
     row("http://h/a/x.html", "http://h:80/a/", 3);
     row("http://h/a/b/", "http://h:80/a/b/", 4);
     row("127.0.0.1:8080/a", "http://127.0.0.1:8080/", 5);
+    row("http://h/a:b", "http://h/a:0/", 2);
+    row("http://h/a/b:c/d", "http://h/a/b:0/a/b:c/", 4);
+    row("h/go?to=http://i", "http://h/go?to=http:0/go?to=http://", 4);
 }
 
 void tst_SearchOptions::givesEntryItsLevel()

@@ -71,10 +71,7 @@ void tst_httpHeader::readsFields_data()
     row("the first of two", "Set-Cookie: a=1\r\nSet-Cookie: b=2\r\n", "?", -1, "", "", "a=1");
     row("a longer name in front", "Content-Location: /wrong\r\nLocation: /right\r\n", "?", -1, "", "/wrong", "");
     row("inside another value", "X-Note: Content-Type: a\r\nContent-Type: b\r\n", "a", -1, "", "", "");
-    row("a length beyond 4 GiB", "Content-Length: 5000000000\r\n", "?", 5'000'000'000, "", "", "");
     row("a length behind blanks", "Content-Length:   9 \r\n", "?", 9, "", "", "");
-    row("a length that is none", "Content-Length: many\r\n", "?", 0, "", "", "");
-    row("a negative length", "Content-Length: -5\r\n", "?", -5, "", "", "");
     row("a CR alone ends some values", "Content-Language: a\rb\r\nContent-Type: c\rd\r\n", "c\rd", -1, "a", "", "");
     row("an LF alone ends none", "Content-Language: a\nb\r\n", "?", -1, "a\nb", "", "");
     row("empty values", "Content-Type: \r\nContent-Length: \r\nContent-Language: \r\n", "", 0, "", "", "");

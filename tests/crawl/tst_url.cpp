@@ -164,7 +164,12 @@ void tst_url::cutsToLevel()
 {
     QFETCH(QByteArray, url);
     QFETCH(qint32, level);
-    QTEST(url::subUrl(url, level), "prefix");
+    const QByteArray cut = url::subUrl(url, level);
+    QTEST(cut, "prefix");
+    QVERIFY(url::isSubUrl(cut, url, level));
+    for (const QByteArray& other :
+        QByteArrayList { cut + 'x', 'x' + cut, cut.chopped(qMin(cut.size(), qsizetype { 1 })) })
+        QVERIFY(other == cut || !url::isSubUrl(other, url, level));
 }
 
 void tst_url::givesComponentOfLevel_data()

@@ -21,8 +21,6 @@ private slots:
     void readsLines();
     void writesColumns();
     void roundTrips();
-    void runsNoFormulas_data();
-    void runsNoFormulas();
     void anyTextComesBack();
     void readsFiles_data();
     void readsFiles();
@@ -108,38 +106,6 @@ void tst_ListFormat::roundTrips()
         QCOMPARE(SearchFile::itemLine(*read), line);
         QCOMPARE(listFormat::itemFrom(Format::Urls, listFormat::itemLine(Format::Urls, item))->adresse, item.adresse);
     }
-}
-
-void tst_ListFormat::runsNoFormulas_data()
-{
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<QByteArray>("type");
-    for (const char* formula : { "=cmd|' /C calc'!A0", "+1", "-1", "@SUM(1)", "\"=1\"", "'=1" }) {
-        QTest::newRow(formula) << QByteArray("http://h:80/") << QByteArray(formula);
-        for (const char sign : { ',', ';', ' ', '"' })
-            QTest::addRow("behind %c: %s", sign, formula)
-                << QByteArray("http://h:80/") << (QByteArray("x") + sign) + formula;
-        QTest::addRow("a file name: %s", formula) << QByteArray("http://h:80/") + formula << QByteArray("text/html");
-        QTest::addRow("a URL: %s", formula) << QByteArray(formula) << QByteArray("text/html");
-    }
-}
-
-/// Cuts a line at every place where a spreadsheet program may begin a cell, and looks at how the cells begin.
-void tst_ListFormat::runsNoFormulas()
-{
-    FundStück item;
-    QFETCH(QByteArray, url);
-    QFETCH(QByteArray, type);
-    item.adresse = url;
-    item.mimeTyp = type;
-    for (const char separator : { '\t', ',', ';', ' ' }) {
-        for (QByteArray cell : listFormat::itemLine(Format::Csv, item).split(separator)) {
-            while (cell.startsWith('"'))
-                cell.remove(0, 1);
-            QVERIFY2(cell.isEmpty() || !QByteArrayView("=+-@").contains(cell.front()), cell.constData());
-        }
-    }
-    QVERIFY(!QByteArrayView("=+-@\"").contains(listFormat::itemLine(Format::Urls, item).front()));
 }
 
 void tst_ListFormat::anyTextComesBack()

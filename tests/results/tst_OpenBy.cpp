@@ -21,8 +21,6 @@ private slots:
     void init();
     void buildsCommandLines_data();
     void buildsCommandLines();
-    void handsOnlyTheWebToTheSystem_data();
-    void handsOnlyTheWebToTheSystem();
     void startsRealPrograms_data();
     void startsRealPrograms();
     void startsFromTheDialog();
@@ -95,23 +93,6 @@ void tst_OpenBy::buildsCommandLines()
     for (const ProgramCommand& command : openBy::commands(QStringLiteral("C:\\p.exe"), parameter, urls, one))
         lines += command.line();
     QTEST(lines, "lines");
-}
-
-void tst_OpenBy::handsOnlyTheWebToTheSystem_data()
-{
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<bool>("opened");
-    for (const char* url : { "http://h/", "HTTPS://h/", "ftp://h/x" })
-        QTest::newRow(url) << QByteArray(url) << true;
-    for (const char* url :
-        { "file:///etc/passwd", "javascript:alert(1)", "mailto:x", "http:x", "C:\\x.exe", "", "://h" })
-        QTest::newRow(*url ? url : "nothing") << QByteArray(url) << false;
-}
-
-void tst_OpenBy::handsOnlyTheWebToTheSystem()
-{
-    QFETCH(QByteArray, url);
-    QTEST(openBy::isForTheSystem(url), "opened");
 }
 
 void tst_OpenBy::startsRealPrograms_data()

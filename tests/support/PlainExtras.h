@@ -11,15 +11,15 @@ struct PlainExtras final : RequestExtras {
     std::optional<QByteArray> languages;
     QByteArray cookies;
     bool referer = false;
-    QList<QByteArray> takenCookies;
+    QByteArrayList takenCookies;
 
     [[nodiscard]] std::optional<QByteArray> userAgentLine() const override { return userAgent; }
     [[nodiscard]] std::optional<QByteArray> acceptLanguageLine() const override { return languages; }
     [[nodiscard]] QByteArray cookieLine(const QByteArray&) const override { return cookies; }
     [[nodiscard]] bool sendsReferer() const override { return referer; }
-    void takeCookie(const QByteArray& setCookieValue, const QByteArray&) override
+    void takeCookies(const QByteArrayList& setCookieValues, const QByteArray&) override
     {
-        if (!setCookieValue.isEmpty())
-            takenCookies += setCookieValue;
+        takenCookies += setCookieValues;
+        takenCookies.removeAll({});
     }
 };

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedServer.h"
 
-#include <QTcpSocket>
-
 #include <memory>
+
+#ifdef Q_OS_WIN
+#include <winsock2.h>
+#else
+#include <sys/socket.h>
+#endif
 
 namespace {
 
@@ -13,17 +17,29 @@ QByteArray pathOf(const QByteArray& request)
     return request.mid(start, request.indexOf(" HTTP/1.1\r\n", start) - start);
 }
 
-void end(QTcpSocket* socket, Afterwards afterwards)
+/// Closes so that the other side is told of a reset.
+void reset(QTcpSocket* socket)
 {
-    switch (afterwards) {
+    using Handle = decltype(::socket(0, 0, 0));
+    const linger dropTheRest { 1, 0 };
+    setsockopt(static_cast<Handle>(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER,
+        reinterpret_cast<const char*>(&dropTheRest), sizeof dropTheRest);
+    socket->abort();
+}
+
+void end(QTcpSocket* socket, const Answer& answer)
+{
+    switch (answer.afterwards) {
     case Afterwards::Close:
         socket->disconnectFromHost();
         break;
     case Afterwards::Stall:
         break;
     case Afterwards::Reset:
-        // The end of the request is still unread, so closing resets.
-        socket->abort();
+        reset(socket);
+        break;
+    case Afterwards::Repeat:
+        socket->write(answer.pieces.constLast());
         break;
     }
 }
@@ -38,7 +54,7 @@ void writeInTurn(QTcpSocket* socket, const Answer& answer)
         if (*next < answer.pieces.size())
             socket->write(answer.pieces[(*next)++]);
         else
-            end(socket, answer.afterwards);
+            end(socket, answer);
     };
     QObject::connect(socket, &QTcpSocket::bytesWritten, socket, writeNext);
     writeNext();
@@ -95,18 +111,14 @@ void ScriptedServer::release(const QByteArray& path, const QByteArray& bytes)
 void ScriptedServer::serve(QTcpSocket* socket)
 {
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    // Only a part of the request is taken off the network until it is known how the connection ends: closing with
-    // bytes left there is what makes a reset.
-    socket->setReadBufferSize(64);
+    if (m_unasked) {
+        writeInTurn(socket, *m_unasked);
+        return;
+    }
     const auto request = std::make_shared<QByteArray>();
     connect(socket, &QTcpSocket::readyRead, this, [this, socket, request] {
         *request += socket->readAll();
-        const bool lineComplete = request->contains("\r\n");
-        if (lineComplete && m_script.value(pathOf(*request)).afterwards == Afterwards::Reset) {
-            socket->disconnect(this);
-            m_requests += *request;
-            reply(socket, pathOf(*request));
-        } else if (request->endsWith("\r\n\r\n")) {
+        if (request->endsWith("\r\n\r\n")) {
             m_requests += *request;
             reply(socket, pathOf(*request));
         }
@@ -130,7 +142,7 @@ QByteArray okHeader(const QByteArray& contentType)
 QByteArrayList dripped(const QByteArray& bytes)
 {
     QByteArrayList pieces;
-    for (const char byte : bytes)
-        pieces += QByteArray(1, byte);
+    for (const char each : bytes)
+        pieces += QByteArray(1, each);
     return pieces;
 }

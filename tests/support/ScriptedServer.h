@@ -5,12 +5,16 @@
 #include <QByteArrayList>
 #include <QHash>
 #include <QTcpServer>
+#include <QTcpSocket>
+
+#include <optional>
 
 /// What happens to a connection when an answer is out.
 enum class Afterwards {
     Close,
     Stall, ///< neither sends nor closes
     Reset, ///< a reset instead of an orderly close
+    Repeat, ///< sends the last piece again and again, until the other side closes
 };
 
 /// One scripted answer: the pieces are written in turn, each only when the one before has left.
@@ -31,6 +35,8 @@ public:
     [[nodiscard]] QByteArray origin() const;
 
     void script(const QByteArray& path, const Answer& answer);
+    /// From now on every connection gets this answer as soon as it is made, before it has asked.
+    void answerUnasked(const Answer& answer) { m_unasked = answer; }
     /// Status 200 and "text/html", closed behind the body.
     void page(const QByteArray& path, const QByteArray& body);
     /// A relocation with this status.
@@ -42,12 +48,15 @@ public:
     [[nodiscard]] QByteArrayList paths() const;
     /// Lets a stalled connection to this path go on with `bytes` and be closed.
     void release(const QByteArray& path, const QByteArray& bytes);
+    /// How many connections are open.
+    [[nodiscard]] qsizetype connectionCount() const { return findChildren<QTcpSocket*>().size(); }
 
 private:
     void serve(QTcpSocket* socket);
     void reply(QTcpSocket* socket, const QByteArray& path);
 
     QHash<QByteArray, Answer> m_script;
+    std::optional<Answer> m_unasked;
     QByteArrayList m_requests;
     QHash<QByteArray, QTcpSocket*> m_stalled;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/Seams.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Registry.h"
@@ -107,4 +108,16 @@ struct AnsweredPicker final : UrlPicker {
         if (!choice.isEmpty())
             picked(choice);
     }
+};
+
+/// All of them, for what drives the main window to inherit.
+class AnsweredSeams {
+protected:
+    [[nodiscard]] Seams seams() { return { m_messages, m_dialogs, m_shell, m_picker, m_registry }; }
+
+    AnsweredMessages m_messages;
+    AnsweredFileDialogs m_dialogs;
+    RecordingShell m_shell;
+    AnsweredPicker m_picker;
+    FilledRegistry m_registry;
 };

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/SearchFileWriter.h"
+
+#include "base/allgemein.h"
+#include "results/SearchFile.h"
+
+#include <QBuffer>
+
+namespace {
+
+/// How much is handed to the file at once, in bytes.
+constexpr qsizetype pieceSize = 128 * 1024;
+
+/// Everything before the item lines.
+QByteArray headerLines(const SearchOptions& options, const RequestPrefs& prefs)
+{
+    QBuffer lines;
+    lines.open(QIODevice::WriteOnly);
+    options.speicherOpts(lines);
+    twkEinstellungen::writeRequestPrefs(lines, prefs);
+    return lines.data() + SearchFile::resultsMark + allgemein::lineEnd;
+}
+
+} // namespace
+
+SearchFileWriter::SearchFileWriter(
+    const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list)
+    : m_file(fileName)
+    , m_walk(list)
+{
+    m_file.write(headerLines(options, prefs));
+}
+
+bool SearchFileWriter::writeSome()
+{
+    QByteArray lines;
+    lines.reserve(pieceSize + pieceSize / 4);
+    while (lines.size() < pieceSize) {
+        const FundKnoten* const knoten = m_walk.next();
+        if (!knoten)
+            break;
+        SearchFile::appendItemLine(lines, knoten->inhalt);
+        lines += allgemein::lineEnd;
+    }
+    m_file.write(lines);
+    // Only the end of the list makes a short piece.
+    return lines.size() < pieceSize || m_file.hasFailed();
+}
+
+std::optional<QString> SearchFile::save(
+    const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list)
+{
+    SearchFileWriter writer(fileName, options, prefs, list);
+    while (!writer.writeSome()) { }
+    return writer.commit();
+}
