@@ -1,0 +1,506 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "app/Session.h"
+#include "app/Settings.h"
+#include "base/allgemein.h"
+#include "results/FoundsView.h"
+#include "results/SearchFile.h"
+#include "results/SearchFileReader.h"
+#include "support/ScriptedServer.h"
+#include "support/TestSeams.h"
+#include "support/Text.h"
+#include "support/WindowDriver.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QDirIterator>
+#include <QLineEdit>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <utility>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+/// What a hostile server, or whoever made a file, might try. Each attack comes in where it would: in an answer or in a
+/// file that the user opens. What counts is what there is at the end: files, requests, command lines.
+class tst_Attacks : public QObject, AnsweredSeams {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void downloadsStayInTheirFolder_data();
+    void downloadsStayInTheirFolder();
+    void downloadsFollowNoLinks_data();
+    void downloadsFollowNoLinks();
+    void cookiesStayInTheirFolder_data();
+    void cookiesStayInTheirFolder();
+    void serversBreakNoLine_data();
+    void serversBreakNoLine();
+    void filesBreakNoLine_data();
+    void filesBreakNoLine();
+    void exportsRunNothing();
+    void onlyTheWebIsOpened();
+    void namedFilesDoNoHarm_data();
+    void namedFilesDoNoHarm();
+
+private:
+    void start();
+    void searchSite();
+    void openFile(const QByteArray& content);
+    void download(int row);
+    void downloadAgain();
+    void waitForDownloads();
+    void importCookies(const QByteArray& content);
+    void checkRequests() const;
+    void checkSearchFile();
+    /// The files that are beside and in the target folder, from the folder above.
+    [[nodiscard]] QStringList downloaded() const;
+    [[nodiscard]] QString path(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    [[nodiscard]] FoundsView& rows() const { return *m_window->findChild<FoundsView*>(); }
+    [[nodiscard]] DownloadSettings& downloads() const { return m_session->downloads.settings(); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<ScriptedServer> m_server;
+    Settings::LoadResult m_loaded;
+    QString m_target; ///< of downloads, as it was loaded
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+namespace {
+
+/// The files in a folder and all folders below it, by their paths from there.
+QStringList filesBelow(const QString& folder)
+{
+    QStringList files;
+    QDirIterator all(
+        folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        all.next();
+        if (!all.fileInfo().isDir() || all.fileInfo().isSymbolicLink())
+            files += QDir(folder).relativeFilePath(all.filePath());
+    }
+    files.sort();
+    return files;
+}
+
+/// Whether a text is lines that end in CR LF, with none of what would break one between its ends.
+bool isWholeLines(QByteArray text)
+{
+    if (!text.endsWith("\r\n"))
+        return false;
+    text.replace("\r\n", "");
+    return !text.contains('\r') && !text.contains('\n') && !text.contains('\0');
+}
+
+/// Rows with what might end a line, a field or a text, and something to be taken for the next one.
+void addBreaks()
+{
+    QTest::addColumn<QByteArray>("sign");
+    QTest::newRow("CR") << QByteArray("\r");
+    QTest::newRow("LF") << QByteArray("\n");
+    QTest::newRow("CR LF") << QByteArray("\r\n");
+    QTest::newRow("TAB") << QByteArray("\t");
+    QTest::newRow("NUL") << QByteArray(1, '\0');
+}
+
+} // namespace
+
+void tst_Attacks::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_server = std::make_unique<ScriptedServer>();
+    m_messages = {};
+    m_dialogs = {};
+    m_shell = {};
+    qputenv("TARNWICK_DATA", path("data").toLocal8Bit());
+    QVERIFY(QDir().mkpath(path("data")));
+    QVERIFY(QDir().mkpath(path("1/2/3/4/target")));
+    start();
+}
+
+void tst_Attacks::start()
+{
+    cleanup();
+    m_session = std::make_unique<Session>();
+    m_session->cookies.setCookieFolder(path("data/Cookies"));
+    m_loaded = Settings::loadSettings(*m_session, m_folder->path());
+    // Deep enough that a way up ends in the test's own folder.
+    m_target = std::exchange(downloads().target, allgemein::withTrailingSeparator(path("1/2/3/4/target")));
+    m_window = std::make_unique<MainWindow>(*m_session, seams());
+    m_session->windows.autoOpenDLM = false;
+    m_window->resumeLanguage();
+}
+
+void tst_Attacks::cleanup()
+{
+    m_window.reset();
+    m_session.reset();
+}
+
+void tst_Attacks::searchSite()
+{
+    m_session->searchOptions.startUrl = m_server->origin();
+    m_session->search.starteSuche(m_session->searchOptions);
+    QTRY_VERIFY(!m_session->search.isSearching());
+}
+
+void tst_Attacks::openFile(const QByteArray& content)
+{
+    QVERIFY(writeFile(path("in.twk"), content));
+    m_window->open(path("in.twk"));
+    QTRY_VERIFY(control<QAction>(*m_window, "m_requests").isEnabled());
+    choose(*m_window, "m_selectAll");
+}
+
+void tst_Attacks::download(int row)
+{
+    rows().selectRows({ { row, row } }, QItemSelectionModel::ClearAndSelect);
+    const int before = m_session->downloads.count();
+    choose(*m_window, "m_selectedDownload");
+    QCOMPARE(m_session->downloads.count(), before + 1);
+    waitForDownloads();
+}
+
+void tst_Attacks::downloadAgain()
+{
+    const int last = m_session->downloads.count() - 1;
+    m_session->downloads.queue({ { last, last } });
+    waitForDownloads();
+}
+
+void tst_Attacks::waitForDownloads()
+{
+    QTRY_COMPARE(m_session->downloads.runningCount() + m_session->downloads.waitingCount(), 0);
+}
+
+void tst_Attacks::importCookies(const QByteArray& content)
+{
+    QVERIFY(writeFile(path("cookies.txt"), content));
+    m_dialogs.choice = path("cookies.txt");
+    m_session->requestPrefs.useCookies = true;
+    choose(*m_window, "m_requests");
+    click(control<QDialog>(*m_window, "dialog_requests"), "b_cookiesImportFF");
+    QTRY_COMPARE(m_messages.told.size(), 1);
+}
+
+QStringList tst_Attacks::downloaded() const
+{
+    QStringList files = filesBelow(path("1/2/3/4"));
+    for (const QString& file : filesBelow(path("1"))) {
+        if (!file.startsWith(QLatin1String("2/3/4/")))
+            files += QLatin1String("outside: ") + file;
+    }
+    return files;
+}
+
+/// Every line of every request is one that the program sends.
+void tst_Attacks::checkRequests() const
+{
+    for (const QByteArray& request : m_server->requests()) {
+        QVERIFY2(isWholeLines(request) && !request.contains('\t'), request.toPercentEncoding(" :/").constData());
+        static const QRegularExpression whole(QStringLiteral("^GET [^\r]+\r\n((Host|Accept|Connection|User-Agent"
+                                                             "|Accept-Language|Cookie|Referer): [^\r]*\r\n)+\r\n$"));
+        QVERIFY2(whole.match(QString::fromLatin1(request)).hasMatch(), request.constData());
+    }
+}
+
+/// What is found is the same after saving and reading it.
+void tst_Attacks::checkSearchFile()
+{
+    m_dialogs.choice = path("out.twk");
+    choose(*m_window, "m_searchSaveAs");
+    QVERIFY(isWholeLines(contentOf(m_dialogs.choice)));
+    StoredSearch read;
+    const SearchFile::LoadResult result = SearchFile::load(m_dialogs.choice, read);
+    QCOMPARE(result.skippedCount, 0);
+    QCOMPARE(read.list.getAnzahl(), m_session->foundItems.getAnzahl());
+    const FundKnoten* there = read.list.getStart();
+    for (const FundKnoten* here = m_session->foundItems.getStart(); here; here = here->naechster) {
+        for (const auto field : { &FundStück::adresse, &FundStück::mimeTyp, &FundStück::sprache, &FundStück::referer })
+            QCOMPARE(there->inhalt.*field, allgemein::onOneLine(here->inhalt.*field));
+        QVERIFY(allgemein::isOnOneLine(here->inhalt.adresse));
+        there = there->naechster;
+    }
+}
+
+void tst_Attacks::downloadsStayInTheirFolder_data()
+{
+    QTest::addColumn<QByteArray>("reference");
+    QTest::addColumn<bool>("relocates");
+    QTest::addColumn<NamingRules>("rules");
+    QTest::addColumn<QByteArray>("file"); // "@" is the folder of the host and port; empty where none may be
+    const auto row = [](const char* title, const QByteArray& reference, bool renames, const QByteArray& flat,
+                         const QByteArray& deep) {
+        const NamingRules inFolders { true, true, renames };
+        QTest::newRow(title) << reference << false << NamingRules { false, true, renames } << flat;
+        QTest::addRow("%s, in folders by the URL", title) << reference << false << inFolders << deep;
+        if (!reference.contains('\n'))
+            QTest::addRow("%s, after a relocation", title) << reference << true << inFolders << deep;
+    };
+    const QByteArray dots = "\xc0\xae\xc0\xae";
+    row("up from the root", "/../../../f", true, "f", "");
+    row("up from a folder", "/a/../../../f", true, "f", "");
+    row("up from the page", "../../../f", true, "f", "@/f");
+    row("the folder itself", "/./f", true, "f", "");
+    row("a name that is up", "/a/..", true, "", "");
+    row("a name that is the folder", "/a/.", true, "", "");
+    row("no name", "/a/", false, "", "");
+    row("encoded dots", "/%2e%2e/%2E%2E/f", true, "f", "@/%2e%2e/%2E%2E/f");
+    row("encoded separators", "/..%2f..%5cf", true, "..%2f..%5cf", "@/..%2f..%5cf");
+    row("overlong dots", '/' + dots + "/f", true, "f", "@/" + dots + "/f");
+    row("overlong separators", '/' + dots + "\xc0\xaf_", true, dots + "\xc0\xaf_", "@/" + dots + "\xc0\xaf_");
+    row("backslashes in the name", "/..\\..\\f", false, "", "");
+    row("backslashes that are renamed", "/..\\..\\f", true, "..%5C..%5Cf", "@/..%5C..%5Cf");
+    row("backslashes in a folder", "/a\\..\\..\\b/f", true, "f", "");
+    row("NUL", QByteArrayLiteral("/a\0b"), true, "a%00b", "@/a%00b");
+    row("a line end", "/a\r\nb", true, "a%0D%0Ab", "@/a%0D%0Ab");
+    row("too long a name", '/' + QByteArray(300, 'n'), true, "", "");
+    row("too long a folder", '/' + QByteArray(300, 'n') + "/f", true, "f", "");
+#ifdef Q_OS_WIN
+    row("a device", "/con", true, "", "");
+    row("a device with an extension behind blanks", "/a/nul .txt", true, "", "");
+    row("a device for a folder", "/aux/f", true, "f", "");
+    row("another stream of a file", "/a:b", false, "", "");
+    row("a folder of dots and a blank", "/a/.. /.. /f", true, "f", "");
+    row("a name of dots and a blank", "/a/.. ", true, "", "");
+#endif
+}
+
+void tst_Attacks::downloadsStayInTheirFolder()
+{
+    QFETCH(QByteArray, reference);
+    QFETCH(bool, relocates);
+    QFETCH(NamingRules, rules);
+    QFETCH(QByteArray, file);
+    m_server->page("/", relocates ? QByteArray("<a href='r'>") : "<a href='" + reference + "'>");
+    m_server->relocation("/r", reference);
+    // The type is hostile as well.
+    m_server->script(reference, { { okHeader("../../x;/../y") } });
+    m_session->search.setFollowRelocation(false);
+    downloads().naming = rules;
+    downloads().overwrite = true;
+    searchSite();
+    download(1);
+    if (relocates)
+        downloadAgain();
+    file.replace("@", QByteArray("1/0/0/127/" + QByteArray::number(m_server->serverPort())));
+    QCOMPARE(downloaded(),
+        file.isEmpty() ? QStringList() : QStringList(QString(QLatin1String("target/") + allgemein::fromSystem(file))));
+}
+
+void tst_Attacks::downloadsFollowNoLinks_data()
+{
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<bool>("dirByUrl");
+    const QString file = QStringLiteral("target/f");
+    QTest::newRow("the file is a link") << file << QStringLiteral("there") << false;
+    QTest::newRow("the file is a link to nothing") << file << QStringLiteral("nothing") << false;
+    QTest::newRow("a folder is a link") << QStringLiteral("target/1") << QStringLiteral("folder") << true;
+}
+
+void tst_Attacks::downloadsFollowNoLinks()
+{
+#ifdef Q_OS_WIN
+    QSKIP("Only an administrator makes links here.");
+#endif
+    QFETCH(QString, link);
+    QFETCH(QString, to);
+    QFETCH(bool, dirByUrl);
+    QVERIFY(writeFile(path("1/2/3/4/there"), "mine") && QDir().mkpath(path("1/2/3/4/folder")));
+    QVERIFY(QFile::link(path("1/2/3/4/") + to, path("1/2/3/4/") + link));
+    m_server->page("/", "<a href='f'>");
+    downloads().naming.dirByUrl = dirByUrl;
+    downloads().overwrite = true;
+    searchSite();
+    download(1);
+    QCOMPARE(contentOf(path("1/2/3/4/there")), "mine");
+    QCOMPARE(downloaded(), QStringList({ link, QStringLiteral("there") }));
+}
+
+void tst_Attacks::cookiesStayInTheirFolder_data()
+{
+    QTest::addColumn<QByteArray>("host");
+    QTest::newRow("above the folder") << QByteArray("../h");
+    QTest::newRow("above the folder, with a dot in front") << QByteArray("../../h");
+    QTest::newRow("backslashes") << QByteArray("..\\h");
+    QTest::newRow("an absolute path") << QByteArray("/h");
+    QTest::newRow("NUL") << QByteArrayLiteral("h\0");
+    QTest::newRow("no host") << QByteArray();
+#ifdef Q_OS_WIN
+    QTest::newRow("a device") << QByteArray("aux");
+    QTest::newRow("another stream of a file") << QByteArray("h:x");
+#endif
+}
+
+void tst_Attacks::cookiesStayInTheirFolder()
+{
+    QFETCH(QByteArray, host);
+    const QString planted = path("data/h.tkc");
+    QVERIFY(writeFile(planted, "/\ta\t1\r\n"));
+    importCookies("# cookies\n" + host + "\tTRUE\t/\tFALSE\t0\ta\t2\n");
+    QCOMPARE(filesBelow(path("data")), QStringList(QStringLiteral("h.tkc")));
+    QCOMPARE(contentOf(planted), "/\ta\t1\r\n");
+    // A URL with a ":" in its path has all that is before it for a host.
+    QCOMPARE(m_session->cookies.getCookieHeader("http://" + host + ":80/"), QByteArray());
+}
+
+void tst_Attacks::serversBreakNoLine_data()
+{
+    addBreaks();
+}
+
+void tst_Attacks::serversBreakNoLine()
+{
+    QFETCH(QByteArray, sign);
+    const QByteArray evil = sign + "Evil";
+    const QByteArray written = allgemein::onOneLine(evil);
+    m_server->page("/", "<a href='/a" + evil + "'><a href='/r'><a href='/t'>");
+    m_server->page("/a" + written, "<a href='/b'>");
+    m_server->script("/r",
+        { { "HTTP/1.1 302 Found\r\nLocation: /c" + evil + "\r\nSet-Cookie: a=1" + evil + "; path=/\r\nSet-Cookie: b"
+            + evil + "=2; path=/\r\nSet-Cookie: c=3; path=/" + evil + ";\r\nSet-Cookie: d=4; path=/\r\n\r\n" } });
+    m_server->script(
+        "/t", { { "HTTP/1.1 200 OK\r\nContent-Type: text/x" + evil + "\r\nContent-Language: l" + evil + "\r\n\r\n" } });
+    m_session->requestPrefs.useCookies = true;
+    m_session->search.setFollowRelocation(true);
+    searchSite();
+    m_session->downloads.addDL(m_server->origin() + "/r", -1, {});
+    waitForDownloads();
+    downloadAgain();
+    const QString file = downloaded().value(0);
+    QVERIFY2(file.startsWith(QLatin1String("target/c")) && allgemein::isOnOneLine(file.toLatin1()), qPrintable(file));
+    checkRequests();
+    QVERIFY(m_server->paths().contains("/a" + written));
+    const QByteArray referrer = "/a" + written + "\r\n\r\n";
+    QVERIFY(m_server->requests().join().contains(referrer));
+    const QByteArray cookies = contentOf(path("data/Cookies/127.0.0.1.tkc"));
+    QVERIFY2(cookies.endsWith("/\td\t4\r\n") && isWholeLines(cookies) && cookies.count('\t') == 2 * cookies.count('\n'),
+        cookies.constData());
+
+    checkSearchFile();
+    m_window->close();
+    QVERIFY(isWholeLines(contentOf(path("data/tarnwick.ini"))));
+    const size_t types = m_session->filter.mimeListe.entries().size();
+    start();
+    QCOMPARE(m_loaded.unknownCount, 0);
+    QCOMPARE(m_session->filter.mimeListe.entries().size(), types);
+}
+
+void tst_Attacks::filesBreakNoLine_data()
+{
+    addBreaks();
+}
+
+void tst_Attacks::filesBreakNoLine()
+{
+    QFETCH(QByteArray, sign);
+    const QByteArray evil = sign + "Evil";
+    const QByteArray origin = m_server->origin();
+    m_session->requestPrefs.useCookies = true;
+    importCookies("# cookies\n127.0.0.1\tTRUE\t/\tFALSE\t0\tb\t2" + evil + "\n");
+    QVERIFY(writeFile(path("data/Cookies/127.0.0.1.tkc"), "/\ta\t1" + evil + "\r\n/\tb" + evil + "\t2\r\n/\tc\t3\r\n"));
+    openFile("useCookies=1\r\nUseUserAgent=1\r\nUserAgent=u" + evil + "\r\nUseLanguage=1\r\nLanguage=" + evil
+        + "\r\nResults:\r\n" + origin + "/a" + evil + "\tm" + evil + "\t0\t0\t0\t0\t0\tl" + evil + "\thttp://r" + evil
+        + "\r\n" + origin + "/b\tm\t0\t0\t0\t0\t0\tl\thttp://r" + evil + "\r\n");
+    checkSearchFile();
+    choose(*m_window, "m_searchContinue");
+    QTRY_VERIFY(!m_session->search.isSearching());
+    QVERIFY(m_server->requests().size() >= 2);
+    QVERIFY(m_server->requests().join().contains("c=3\r\n"));
+    checkRequests();
+    m_window->close();
+    QVERIFY(isWholeLines(contentOf(path("data/tarnwick.ini"))));
+}
+
+/// Cuts the lines at every place where a spreadsheet program may begin a cell, and looks at how the cells begin.
+void tst_Attacks::exportsRunNothing()
+{
+    QByteArray content = "Results:\r\n";
+    for (const QByteArray formula : { "=cmd|' /C calc'!A0", "+1", "-1", "@SUM(1)", "\"=1\"", "'=1" }) {
+        for (const char* front : { "", "x,", "x;", "x ", "x\"", "http://h:80/" })
+            content += front + formula + '\t' + front + formula + "\t1\t1\t4\t200\t1\t" + front + formula + "\t\r\n";
+    }
+    openFile(content);
+    m_messages.answer = false; // all rows, not those that are selected
+    for (const char* entry : { "m_exportAsCsv", "m_exportAsUrlList" }) {
+        const bool csv = entry == QByteArray("m_exportAsCsv");
+        m_dialogs.choice = path("out");
+        choose(*m_window, entry);
+        QTRY_COMPARE(contentOf(m_dialogs.choice).count('\n'), content.count('\n') - (csv ? 0 : 1));
+        for (QByteArray cell : contentOf(m_dialogs.choice).replace("\r\n", "\t").split('\t'))
+            QVERIFY2(cell.isEmpty() || !QByteArrayView("=+-@\"").contains(cell.front()), cell.constData());
+        for (const char separator : { ',', ';', ' ' }) {
+            for (QByteArray cell : contentOf(m_dialogs.choice).split(csv ? separator : '\0')) {
+                while (cell.startsWith('"'))
+                    cell.remove(0, 1);
+                QVERIFY2(cell.isEmpty() || !QByteArrayView("=+-@").contains(cell.front()), cell.constData());
+            }
+        }
+        QVERIFY(QFile::remove(m_dialogs.choice));
+    }
+}
+
+void tst_Attacks::onlyTheWebIsOpened()
+{
+    const QByteArrayList harmless { "http://h:80/", "HTTPS://h:443/", "ftp://h:21/x", "http://h:80/a b\" \"c",
+        "http://h:80/a\xc2\xa0--x" };
+    const QByteArrayList hostile { "file:///etc/passwd", "file://h:80/x", "javascript:alert(1)",
+        "javascript://h:80/%0Ax", "http:x", "C:\\x.exe", "\\\\h\\x.exe", "://h", "-o", "-evil://h", "--evil=://h",
+        "/evil:x", "search-ms://h", " http://h", "data:text/html,x" };
+    openFile("Results:\r\n" + (hostile + harmless).join("\r\n") + "\r\n");
+    choose(*m_window, "m_selectedOpen");
+    QTRY_COMPARE(m_shell.openedUrls.size(), harmless.size());
+    for (const QUrl& url : m_shell.openedUrls)
+        QVERIFY2(
+            QByteArrayList({ "http", "https", "ftp" }).contains(url.scheme().toLatin1()), qPrintable(url.toString()));
+
+    choose(*m_window, "m_selectedOpenBy");
+    auto& dialog = control<QDialog>(*m_window, "dialog_openBy");
+    control<QLineEdit>(dialog, "programmPfad").setText(QStringLiteral("player"));
+    click(dialog, "b_ok");
+    QTRY_COMPARE(m_shell.started.size(), harmless.size() + 8);
+    for (const ProgramCommand& command : m_shell.started) {
+        const QStringList arguments = QProcess::splitCommand(command.arguments);
+        QVERIFY2(arguments == QStringList(command.arguments) && arguments.first().at(0).isLetter(),
+            qPrintable(command.arguments));
+    }
+}
+
+void tst_Attacks::namedFilesDoNoHarm_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("a folder for a language file") << QByteArray("langfile=.");
+    QTest::newRow("a disk image for a language file") << QByteArray("langfile=large");
+    QTest::newRow("downloads go above the program") << QByteArray("DLTarget=../evil");
+#ifdef Q_OS_UNIX
+    QTest::newRow("a language file that nobody writes") << QByteArray("langfile=pipe");
+#endif
+}
+
+void tst_Attacks::namedFilesDoNoHarm()
+{
+    QFETCH(QByteArray, line);
+    QFile large(path("large"));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(17 * 1024 * 1024));
+#ifdef Q_OS_UNIX
+    QCOMPARE(mkfifo(path("pipe").toLocal8Bit().constData(), 0600), 0);
+#endif
+    for (const char* name : { "large", "pipe" })
+        line.replace(name, path(name).toLocal8Bit());
+    QVERIFY(writeFile(path("data/tarnwick.ini"), "lang=-1\r\n" + line + "\r\n"));
+    start();
+    QVERIFY(QDir::isAbsolutePath(m_target) && !m_target.contains(QLatin1String("evil")));
+    QCOMPARE(m_messages.told.size(), line.startsWith("lang") ? 1 : 0);
+}
+
+QTEST_MAIN(tst_Attacks)
+#include "tst_Attacks.moc"
