@@ -21,3 +21,10 @@ if(TARNWICK_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(tarnwick_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# Inputs that teach the fuzzer something are told by the branches that they take. The library's assertions stay, since a
+# place beyond a text may well lie inside of the memory around it.
+if(TARNWICK_FUZZ)
+    target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_compile_definitions(tarnwick_options INTERFACE QT_FORCE_ASSERTS _GLIBCXX_ASSERTIONS)
+endif()

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "crawl/url.h"
+#include "fuzz/fuzz.h"
+#include "results/ListReader.h"
+
+using listFormat::Format;
+
+/// What is written of an item that was read is read as the same item again.
+static void checkItem(Format format, const FundStück& item)
+{
+    require(url::isValidUrl(item.adresse) && item.adresse.size() <= url::longest, "an item has a usable URL");
+    const QByteArray line = listFormat::itemLine(format, item);
+    require(!line.contains('\n') && !line.contains('\r'), "an item is written on one line");
+    const auto again = listFormat::itemFrom(format, line);
+    require(again && again->adresse == item.adresse, "an exported URL is imported unchanged");
+    require(listFormat::itemLine(format, *again) == line, "an exported item is imported unchanged");
+}
+
+/// The format in the first line (empty: URLs alone), and a list.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Input input(data, size);
+    const Format format = input.line().isEmpty() ? Format::Urls : Format::Csv;
+    ListReader reader(fileWith(input.rest()), format);
+    qint64 items = 0;
+    const auto take = [&](const FundStück& item) {
+        ++items;
+        checkItem(format, item);
+    };
+    qsizetype lines = 0;
+    while (reader.readLine(take))
+        ++lines;
+    require(reader.error().isEmpty(), "the file can be read");
+    require(lines == input.rest().count('\n') + (input.rest().isEmpty() || input.rest().endsWith('\n') ? 0 : 1),
+        "each line is read once");
+    require(items + reader.unusableCount() <= lines, "a line gives an item or is told as unusable");
+    return 0;
+}
