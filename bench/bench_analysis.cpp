@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How fast is a page analysed, and does it stay linear on pages made to be slow? The bytes per second of a shape must
 // not fall with its size.
+#include "Shapes.h"
 #include "crawl/HtmlAnalysis.h"
 
 #include <benchmark/benchmark.h>
@@ -10,16 +11,6 @@ namespace {
 constexpr qsizetype mebibyte = 1024 * 1024;
 constexpr AnalysisSwitches pageKinds { true, true, false, true, true, true };
 constexpr AnalysisSwitches anySrc { true, true, true, true, true, true };
-
-/// Text with a link every few hundred bytes, as most pages are.
-QByteArray realisticPage(qsizetype size)
-{
-    const QByteArray paragraph =
-        "<p class=\"text\">The tide turns twice a day, and the boats turn with it; whoever is "
-        "late waits six hours at the quay.</p>\n<a class=\"more\" href=\"/news/2024/tide.html\">"
-        "More</a> <img alt='' src='/images/tide.png'>\n";
-    return paragraph.repeated(size / paragraph.size());
-}
 
 QByteArray brackets(qsizetype size)
 {
@@ -47,8 +38,8 @@ void analyse(benchmark::State& state, QByteArray (*page)(qsizetype), const Analy
 
 } // namespace
 
-BENCHMARK_CAPTURE(analyse, realistic, realisticPage, pageKinds)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(analyse, realistic_any_src, realisticPage, anySrc)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(analyse, news, shapes::htmlPage, pageKinds)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(analyse, news_any_src, shapes::htmlPage, anySrc)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(analyse, brackets, brackets, anySrc)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(analyse, open_tags, openTags, pageKinds)->Arg(1)->Arg(50)->Unit(benchmark::kMillisecond);
 

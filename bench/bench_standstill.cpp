@@ -3,6 +3,7 @@
 // measures the longest time between two of its events, for each shape of page. The loop without a search, measured in
 // the same run, tells what the machine itself takes.
 #include "Heartbeat.h"
+#include "Shapes.h"
 #include "crawl/SearchRun.h"
 #include "support/PlainExtras.h"
 
@@ -26,19 +27,8 @@ struct Shape {
     bool allSrc;
 };
 
-QByteArray realistic()
-{
-    const QByteArray text =
-        "<p>The tide turns twice a day, and the boats turn with it; whoever is late waits six hours "
-        "at the quay.</p><a href=\"/news/";
-    QByteArray page;
-    for (int number = 0; page.size() < pageSize; ++number)
-        page += text + QByteArray::number(number) + ".html\">More</a>";
-    return page;
-}
-
-const Shape shapes[] = {
-    { "realistic", realistic, false },
+const Shape pages[] = {
+    { "news", [] { return shapes::htmlPage(pageSize); }, false },
     { "brackets, one src at the end", []() -> QByteArray { return QByteArray(pageSize, '<') + " src"; }, true },
     { "brackets, one value at the end", []() -> QByteArray { return QByteArray(pageSize, '<') + " srcset src >"; },
         true },
@@ -114,10 +104,10 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     if (argc > 1)
-        return serve(shapes[QByteArray(argv[1]).toInt()]);
+        return serve(pages[QByteArray(argv[1]).toInt()]);
     std::printf("%-32s longest standstill %6.1f ms\n", "no search", idleStandstill());
     int index = 0;
-    for (const Shape& shape : shapes)
+    for (const Shape& shape : pages)
         measure(shape, index++);
     return 0;
 }

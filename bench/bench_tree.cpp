@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What does the tree of hosts and directories cost for each URL: one that is added, and one that is looked for?
+#include "Shapes.h"
+#include "results/HostArena.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+QByteArrayList urls(qint64 items)
+{
+    return shapes::urlsFrom(0, items);
+}
+
+/// As a search brings them: neighbours are mostly from the same directory.
+void add(benchmark::State& state)
+{
+    const QByteArrayList added = urls(state.range(0));
+    for ([[maybe_unused]] auto round : state) {
+        HostArena arena;
+        for (const QByteArray& url : added)
+            arena.add(url);
+        state.counters["nodes"] = arena.count();
+    }
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * added.size());
+}
+
+/// From all over the tree.
+void find(benchmark::State& state)
+{
+    constexpr qint64 stride = 7919;
+    const QByteArrayList added = urls(state.range(0));
+    HostArena arena;
+    for (const QByteArray& url : added)
+        arena.add(url);
+    qint64 next = 0;
+    for ([[maybe_unused]] auto round : state) {
+        benchmark::DoNotOptimize(arena.find(added[next], 6));
+        next = (next + stride) % added.size();
+    }
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()));
+}
+
+} // namespace
+
+BENCHMARK(add)->Apply(shapes::sizes)->Unit(benchmark::kMillisecond)->MinTime(0.1);
+BENCHMARK(find)->Apply(shapes::sizes)->MinTime(0.1);
+
+BENCHMARK_MAIN();
