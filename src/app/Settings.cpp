@@ -3,6 +3,7 @@
 
 #include "app/Session.h"
 #include "base/ErrorReport.h"
+#include "base/LineReader.h"
 #include "base/allgemein.h"
 
 #include <QBuffer>
@@ -17,7 +18,7 @@
 namespace {
 
 /// In bytes. No setting is longer; the longest is a URL.
-constexpr qint64 longestLine = 1024 * 1024;
+constexpr qsizetype longestLine = 1024 * 1024;
 /// In bytes. What follows is not read: a program must start.
 constexpr qint64 largestFile = 16 * 1024 * 1024;
 
@@ -221,11 +222,12 @@ void readLines(Session& session, QFile& file, Settings::LoadResult& result)
 {
     QByteArray key;
     qint64 number = 0;
-    bool isRest = false; // of a line that is too long
-    while (const auto line = file.pos() < largestFile ? allgemein::readLine(file, longestLine) : std::nullopt) {
-        number += isRest ? 0 : 1;
-        const bool isUnknown = !isRest && !line->isPiece && !takeLine(session, line->text, key);
-        isRest = line->isPiece;
+    qint64 size = 0;
+    LineReader lines(file, longestLine);
+    while (const auto line = size < largestFile ? lines.next() : std::nullopt) {
+        size += line->text.size() + 1;
+        number += line->isRest ? 0 : 1;
+        const bool isUnknown = !line->isPiece && !takeLine(session, line->text.toByteArray(), key);
         if (isUnknown && result.unknownCount++ == 0) {
             result.firstUnknown = key;
             result.firstUnknownLine = number;
@@ -251,7 +253,7 @@ Settings::LoadResult readFile(Session& session)
     readLines(session, file, result);
     if (file.error() != QFile::NoError)
         result.failure = fileFailure(file);
-    result.isTooLarge = file.pos() >= largestFile;
+    result.isTooLarge = file.size() > largestFile;
     return result;
 }
 

@@ -10,6 +10,8 @@ namespace {
 
 /// In bytes. The built-in ones have some ten thousand.
 constexpr qint64 largestFile = 16 * 1024 * 1024;
+/// In bytes. No text of the program comes near it.
+constexpr qsizetype longestLine = 64 * 1024;
 
 constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
@@ -17,6 +19,7 @@ constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
 LanguageFile::LanguageFile(const QString& fileName, LanguageTable& table)
     : m_file(fileName)
+    , m_lines(m_file, longestLine)
     , m_table(table)
 {
     // The settings may name anything. A pipe would wait for a writer, and a device may never end.
@@ -45,8 +48,9 @@ QString LanguageFile::place() const
 
 LanguageFile::Step LanguageFile::readLines()
 {
-    while (const auto line = allgemein::readLine(m_file)) {
-        if (!takeLine(line->text))
+    while (const auto line = m_lines.next()) {
+        m_line += line->isRest ? 0 : 1;
+        if (!line->isPiece && !takeLine(line->text.toByteArray()))
             return Step::UnknownKey;
     }
     return m_file.error() == QFile::NoError ? Step::End : Step::Failed;
@@ -54,7 +58,6 @@ LanguageFile::Step LanguageFile::readLines()
 
 bool LanguageFile::takeLine(const QByteArray& line)
 {
-    ++m_line;
     const auto pair = allgemein::splitKeyValue(line);
     if (!pair || pair->key.startsWith("//"))
         return true;

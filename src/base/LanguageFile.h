@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/LineReader.h"
 #include "base/lang.h"
 
 #include <QFile>
 
 /// Lays the texts of a language file (`*.lng`) over those of a table, line by line. A line holds a key, "=" and the
-/// text; a key that begins with "//" makes it a comment; lines without "=" are passed over. The file is text in the
-/// system code page, or in UTF-8 if it begins with the mark of that encoding. What is no ordinary file, or larger than
-/// 16 MiB, cannot be read.
+/// text; a key that begins with "//" makes it a comment; lines without "=" and those that are too long are passed over.
+/// The file is text in the system code page, or in UTF-8 if it begins with the mark of that encoding. What is no
+/// ordinary file, or larger than 16 MiB, cannot be read.
 class LanguageFile {
 public:
     enum class Step {
@@ -33,6 +34,7 @@ private:
     [[nodiscard]] bool takeLine(const QByteArray& line);
 
     QFile m_file;
+    LineReader m_lines;
     LanguageTable& m_table;
     QByteArray m_key;
     qint64 m_line = 0;

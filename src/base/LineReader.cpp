@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/LineReader.h"
 
-#include "base/allgemein.h"
-
 #include <QIODevice>
-
-#include <utility>
 
 namespace {
 
@@ -30,14 +26,17 @@ std::optional<LineReader::Line> LineReader::next()
     }
     if (m_left.isEmpty())
         return {};
-    const QByteArrayView line = m_left.first(end + 1);
-    const QByteArrayView text = line.chopped(line.endsWith(allgemein::lineEnd) ? 2 : qMin<qsizetype>(end + 1, 1));
-    if (end < 0 || text.size() > m_longest) {
-        const qsizetype size = qMin(m_left.size(), m_longest);
-        return Line { std::exchange(m_left, m_left.sliced(size)).first(size), false };
+    const bool ended = end >= 0;
+    const QByteArrayView line = ended ? m_left.first(end) : m_left;
+    const QByteArrayView text = ended && line.endsWith('\r') ? line.chopped(1) : line;
+    const bool isRest = m_isInLongLine;
+    m_isInLongLine = text.size() > m_longest;
+    if (m_isInLongLine) {
+        m_left = m_left.sliced(m_longest);
+        return Line { text.first(m_longest), false, true, isRest };
     }
-    m_left = m_left.sliced(end + 1);
-    return Line { text, true };
+    m_left = m_left.sliced(ended ? end + 1 : line.size());
+    return Line { text, ended, isRest, isRest };
 }
 
 bool LineReader::refill()

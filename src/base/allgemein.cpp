@@ -181,37 +181,6 @@ QByteArray onOneLine(const QByteArray& bytes)
     return isOnOneLine(bytes) ? bytes : percentEncoded(bytes, breaksLine);
 }
 
-std::optional<Line> readLine(QIODevice& file, qint64 longest)
-{
-    QByteArray text;
-    std::array<char, 4096> buffer;
-    // Read in parts: most lines are short, and a buffer for the longest would be made for each.
-    while (!text.endsWith('\n') && (longest == 0 || text.size() < longest)) {
-        const auto room = static_cast<qint64>(buffer.size());
-        const qint64 read = file.readLine(buffer.data(), longest == 0 ? room : qMin(room, longest - text.size() + 1));
-        if (read <= 0)
-            break;
-        text.append(buffer.data(), read);
-    }
-    if (text.isEmpty())
-        return {};
-    const bool ended = text.endsWith('\n');
-    if (ended)
-        text.chop(text.endsWith(lineEnd) ? 2 : 1);
-    return Line { text, ended, !ended && !file.atEnd() };
-}
-
-std::optional<QByteArray> readLineUpTo(QIODevice& file, qint64 longest)
-{
-    bool isRest = false;
-    while (auto line = readLine(file, longest)) {
-        if (!isRest && !line->isPiece)
-            return std::move(line->text);
-        isRest = line->isPiece;
-    }
-    return {};
-}
-
 bool writeAll(QIODevice& file, const QByteArray& bytes)
 {
     return file.write(bytes) == bytes.size();

@@ -61,21 +61,6 @@ constexpr char lower(char c)
 /// How every persisted line ends.
 constexpr QByteArrayView lineEnd = "\r\n";
 
-/// One line of a file, without its end (CR LF or LF).
-struct Line {
-    QByteArray text;
-    /// False for a last line that breaks off without a line end, and for a piece of one that is too long.
-    bool ended = true;
-    /// There is more of the line.
-    bool isPiece = false;
-};
-/// The next line of `file`; nothing at its end or on a read error. Of a line of more than `longest` bytes (0: no bound)
-/// a piece of that length comes, and is no line.
-[[nodiscard]] std::optional<Line> readLine(QIODevice& file, qint64 longest = 0);
-/// The text of the next line of no more than `longest` bytes; longer ones are passed over. Nothing at the end of `file`
-/// or on a read error.
-[[nodiscard]] std::optional<QByteArray> readLineUpTo(QIODevice& file, qint64 longest);
-
 /// Writes all of `bytes`; false when not all could be written, as on a full disk. (A device may take a part of a long
 /// text and report no error.)
 [[nodiscard]] bool writeAll(QIODevice& file, const QByteArray& bytes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/lang.h"
 
+#include "base/LineReader.h"
 #include "base/allgemein.h"
 
 #include <QFile>
@@ -8,6 +9,9 @@
 #include <array>
 
 namespace {
+
+/// In bytes. No text comes near it.
+constexpr qsizetype longestLine = 64 * 1024;
 
 struct BuiltInLanguage {
     QLocale::Language language;
@@ -28,8 +32,9 @@ void readTexts(const char* fileName, QHash<QByteArray, QString>& texts)
     QFile file(QString::fromLatin1(fileName));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("The language file %s is missing from the program.", fileName);
-    while (const auto line = allgemein::readLine(file)) {
-        if (const auto pair = allgemein::splitKeyValue(line->text))
+    LineReader lines(file, longestLine);
+    while (const auto line = lines.next()) {
+        if (const auto pair = allgemein::splitKeyValue(line->text.toByteArray()))
             texts.insert(pair->key, QString::fromUtf8(pair->value));
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/CookieStore.h"
 
+#include "base/LineReader.h"
 #include "base/allgemein.h"
 #include "crawl/url.h"
 #include "requests/SetCookieValue.h"
@@ -17,6 +18,8 @@
 
 namespace {
 
+/// In bytes. Of a line that is longer nothing is sent.
+constexpr qsizetype longestLine = 64 * 1024;
 /// In bytes. No system takes a longer one.
 constexpr qsizetype longestFileName = 255;
 
@@ -205,8 +208,9 @@ QByteArray CookieStore::getCookieHeader(const QByteArray& url) const
         QFile file(fileFor(domain));
         if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
             continue;
-        while (const auto line = allgemein::readLine(file)) {
-            const auto cookie = fieldsOf(line->text);
+        LineReader lines(file, longestLine);
+        while (const auto line = lines.next()) {
+            const auto cookie = line->isPiece ? std::nullopt : fieldsOf(line->text);
             if (cookie && applies(*cookie, directory))
                 pairs.append(' ').append(cookie->name).append('=').append(cookie->value).append(';');
         }

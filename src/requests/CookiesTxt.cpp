@@ -2,14 +2,13 @@
 #include "requests/CookiesTxt.h"
 
 #include "base/ErrorReport.h"
-#include "base/allgemein.h"
 
 #include <QDir>
 
 namespace {
 
 /// In bytes. Browsers keep no cookie of more than some kilobytes.
-constexpr qint64 longestLine = 64 * 1024;
+constexpr qsizetype longestLine = 64 * 1024;
 
 constexpr QByteArrayView httpOnlyMark = "#HttpOnly_";
 
@@ -27,6 +26,7 @@ std::optional<ForeignCookie> cookieFrom(QByteArray line)
 
 CookiesTxt::CookiesTxt(const QString& fileName)
     : m_file(fileName)
+    , m_lines(m_file, longestLine)
 {
     if (m_file.size() > largestFile)
         fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
@@ -36,11 +36,13 @@ CookiesTxt::CookiesTxt(const QString& fileName)
 
 bool CookiesTxt::read(const Take& take)
 {
-    const auto line = m_file.isOpen() ? allgemein::readLineUpTo(m_file, longestLine) : std::nullopt;
+    const auto line = m_file.isOpen() ? m_lines.next() : std::nullopt;
     if (!line)
         return end();
-    const auto cookie = cookieFrom(*line);
-    m_looksRight = m_looksRight || cookie || line->trimmed().startsWith('#');
+    if (line->isPiece)
+        return true;
+    const auto cookie = cookieFrom(line->text.toByteArray());
+    m_looksRight = m_looksRight || cookie || line->text.trimmed().startsWith('#');
     if (cookie)
         take(*cookie);
     return true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/LineReader.h"
 #include "requests/CookieSource.h"
 
 #include <QFile>
@@ -18,5 +19,6 @@ private:
     [[nodiscard]] bool end();
 
     QFile m_file;
+    LineReader m_lines;
     bool m_looksRight = false; ///< something in it was a cookie or a comment
 };

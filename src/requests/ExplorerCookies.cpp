@@ -16,7 +16,7 @@ namespace {
 /// Name, value, host and path run together, then flags, times and a mark.
 constexpr size_t linesOfCookie = 9;
 /// In bytes. A file with a longer one holds no cookies.
-constexpr qint64 longestLine = 64 * 1024;
+constexpr qsizetype longestLine = 64 * 1024;
 
 std::optional<QString> cookieFolder(const Registry& registry)
 {
@@ -53,12 +53,12 @@ bool ExplorerCookies::read(const Take& take)
         return openNext();
     std::array<QByteArray, linesOfCookie> lines;
     for (QByteArray& text : lines) {
-        auto line = allgemein::readLine(m_file, longestLine);
+        const auto line = m_lines->next();
         if (!line || line->isPiece) {
             endFile();
             return true;
         }
-        text = std::move(line->text);
+        text = line->text.toByteArray();
     }
     const QByteArray& place = lines[2];
     take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), lines[0], lines[1] } });
@@ -74,6 +74,8 @@ bool ExplorerCookies::openNext()
         fail(ImportError::TooLarge, QDir::toNativeSeparators(m_file.fileName()));
     else if (!m_file.open(QIODevice::ReadOnly))
         fail(ImportError::File, fileFailure(m_file));
+    else
+        m_lines.emplace(m_file, longestLine);
     return true;
 }
 

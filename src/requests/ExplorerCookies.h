@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/LineReader.h"
 #include "requests/CookieSource.h"
 
 #include <QFile>
 #include <QStringList>
+
+#include <optional>
 
 class Registry;
 
@@ -25,4 +28,5 @@ private:
 
     QStringList m_files; ///< those that are still to be read
     QFile m_file; ///< the one that is being read
+    std::optional<LineReader> m_lines; ///< of that one
 };

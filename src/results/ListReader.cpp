@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/ListReader.h"
 
-#include "base/allgemein.h"
-
 namespace {
 
 /// In bytes. A URL may be 64 KiB long, and the name of its file as well.
-constexpr qint64 longestLine = 256 * 1024;
+constexpr qsizetype longestLine = 256 * 1024;
 
 constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
@@ -14,6 +12,7 @@ constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
 ListReader::ListReader(const QString& fileName, listFormat::Format format)
     : m_file(fileName)
+    , m_lines(m_file, longestLine)
     , m_format(format)
 {
     if (!m_file.open(QIODevice::ReadOnly))
@@ -22,14 +21,13 @@ ListReader::ListReader(const QString& fileName, listFormat::Format format)
 
 bool ListReader::readLine(const std::function<void(FundStück item)>& take)
 {
-    auto line = m_file.isOpen() ? allgemein::readLine(m_file, longestLine) : std::nullopt;
+    const auto line = m_file.isOpen() ? m_lines.next() : std::nullopt;
     if (!line)
         return end();
-    if (!m_isRest) {
+    if (!line->isRest) {
         ++m_number;
-        takeLine(line->isPiece ? QByteArray("too long") : line->text, take);
+        takeLine(line->isPiece ? QByteArray("too long") : line->text.toByteArray(), take);
     }
-    m_isRest = line->isPiece;
     return true;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/LineReader.h"
 #include "results/ListFormat.h"
 
 #include <QFile>
@@ -27,10 +28,10 @@ private:
     [[nodiscard]] bool end();
 
     QFile m_file;
+    LineReader m_lines;
     listFormat::Format m_format;
     QString m_error;
     qint64 m_number = 0;
-    bool m_isRest = false; ///< of a line that is too long
     QList<qint64> m_unusable;
     qint64 m_unusableCount = 0;
 };

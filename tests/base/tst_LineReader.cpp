@@ -15,7 +15,8 @@ private slots:
 void tst_LineReader::readsLines_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QByteArrayList>("lines"); // with "!" behind one that did not end
+    QTest::addColumn<QByteArrayList>(
+        "lines"); // "!" behind one that did not end, "+" behind and before the pieces of one
     const auto row = [](const char* name, const QByteArray& content, const QByteArrayList& lines) {
         QTest::newRow(name) << content << lines;
     };
@@ -26,7 +27,9 @@ void tst_LineReader::readsLines_data()
     row("a return at the end", "a\r", { "a\r!" });
     const QByteArray longest(10, 'x');
     row("of the longest length", longest + "\r\n" + longest + "\n", { longest, longest });
-    row("longer, in pieces", longest + "yz\r\na\n", { longest + '!', "yz", "a" });
+    row("longer, in pieces", longest + "yz\r\na\n", { longest + "!+", "+yz+", "a" });
+    row("longer than two pieces, and no end", longest + longest + "y",
+        { longest + "!+", '+' + longest + "!+", "+y!+" });
     // Ends that are cut by the end of the buffer.
     const QByteArray short5 = QByteArray("abcde\r\n").repeated(100'000);
     row("more than a buffer holds", short5, QByteArrayList(100'000, "abcde"));
@@ -40,7 +43,8 @@ void tst_LineReader::readsLines()
     LineReader reader(file, 10);
     QByteArrayList lines;
     while (const auto line = reader.next())
-        lines += line->text.toByteArray() + (line->ended ? "" : "!");
+        lines += (line->isRest ? "+" : "") + line->text.toByteArray() + (line->ended ? "" : "!")
+            + (line->isPiece ? "+" : "");
     QTEST(lines, "lines");
 }
 

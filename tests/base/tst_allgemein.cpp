@@ -16,7 +16,6 @@ private slots:
     void findsTextInAnyCase_data();
     void findsTextInAnyCase();
     void encodesWhatBreaksALine();
-    void readsLinesOfBothKinds();
     void writesValuesOnOneLine();
     void refusesNamesThatLeaveTheFolder();
 };
@@ -90,21 +89,6 @@ void tst_allgemein::encodesWhatBreaksALine()
 {
     QCOMPARE(onOneLine(QByteArrayLiteral("a\tb\rc\nd\0e")), "a%09b%0Dc%0Ad%00e");
     QCOMPARE(onOneLine("a b%09\x7f\xff"), "a b%09\x7f\xff");
-}
-
-void tst_allgemein::readsLinesOfBothKinds()
-{
-    QBuffer file;
-    file.setData("one\r\n\ntw\ro\nlast\r");
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QByteArrayList lines;
-    bool ended = true;
-    while (const auto line = readLine(file)) {
-        lines += line->text;
-        ended = line->ended;
-    }
-    QCOMPARE(lines, (QByteArrayList { "one", "", "tw\ro", "last\r" }));
-    QVERIFY(!ended);
 }
 
 void tst_allgemein::writesValuesOnOneLine()
