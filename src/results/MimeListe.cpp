@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/MimeListe.h"
 
-#include <algorithm>
-
 namespace {
 
 /// Types are mostly written alike, which is told many letters at a time.
@@ -13,35 +11,33 @@ int compare(const QByteArray& a, const QByteArray& b)
 
 } // namespace
 
-size_t MimeListe::placeOf(const QByteArray& type) const
+MimeListe::Place MimeListe::placeOf(const QByteArray& type) const
 {
-    const auto sortsBefore = [](const Entry& entry, const QByteArray& other) {
-        return compare(entry.type, other) < 0;
-    };
-    return static_cast<size_t>(
-        std::lower_bound(m_entries.begin(), m_entries.end(), type, sortsBefore) - m_entries.begin());
-}
-
-bool MimeListe::standsAt(size_t place, const QByteArray& type) const
-{
-    return place < m_entries.size() && compare(m_entries[place].type, type) == 0;
-}
-
-bool MimeListe::contains(const QByteArray& type) const
-{
-    return standsAt(placeOf(type), type);
+    size_t first = 0;
+    size_t end = m_entries.size();
+    while (first < end) {
+        const size_t middle = first + (end - first) / 2;
+        const int order = compare(m_entries[middle].type, type);
+        if (order == 0)
+            return { middle, true };
+        if (order < 0)
+            first = middle + 1;
+        else
+            end = middle;
+    }
+    return { first, false };
 }
 
 MimeListe::Entry& MimeListe::insert(const QByteArray& type)
 {
-    const size_t place = placeOf(type);
-    if (!standsAt(place, type))
-        m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(place), { type, false });
-    return m_entries[place];
+    const Place place = placeOf(type);
+    if (!place.isTaken)
+        m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(place.index), { type, false });
+    return m_entries[place.index];
 }
 
 bool MimeListe::isListed(const QByteArray& type) const
 {
-    const size_t place = placeOf(type);
-    return standsAt(place, type) && m_entries[place].listed;
+    const Place place = placeOf(type);
+    return place.isTaken && m_entries[place.index].listed;
 }

@@ -17,9 +17,13 @@ public:
     static constexpr size_t most = 5000;
     [[nodiscard]] bool isFull() const { return m_entries.size() >= most; }
 
-    /// The index of a type's entry, or of the place where it belongs.
-    [[nodiscard]] size_t placeOf(const QByteArray& type) const;
-    [[nodiscard]] bool contains(const QByteArray& type) const;
+    struct Place {
+        size_t index = 0;
+        bool isTaken = false;
+    };
+    /// Where a type's entry is, or where it belongs.
+    [[nodiscard]] Place placeOf(const QByteArray& type) const;
+    [[nodiscard]] bool contains(const QByteArray& type) const { return placeOf(type).isTaken; }
     /// Adds a type, unless it is in the list; returns its entry.
     Entry& insert(const QByteArray& type);
     void setListed(size_t index, bool listed) { m_entries[index].listed = listed; }
@@ -28,7 +32,5 @@ public:
     [[nodiscard]] const std::vector<Entry>& entries() const { return m_entries; }
 
 private:
-    [[nodiscard]] bool standsAt(size_t place, const QByteArray& type) const;
-
     std::vector<Entry> m_entries;
 };

@@ -13,7 +13,7 @@ void MimeModel::meet(const QByteArray& type)
 {
     if (type.isEmpty() || m_list.isFull() || m_list.contains(type))
         return;
-    const int row = static_cast<int>(m_list.placeOf(type));
+    const int row = static_cast<int>(m_list.placeOf(type).index);
     beginInsertRows({}, row, row);
     m_list.insert(type);
     endInsertRows();
