@@ -65,16 +65,10 @@ void ListFiles::takeImported(const QString& fileName, const ListReader& list)
 {
     if (!list.error().isEmpty())
         complain("lang.errWhileOpening", fileName, list.error());
-    if (list.unusableCount() == 0)
-        return;
-    QStringList numbers;
-    for (const qint64 number : list.unusable())
-        numbers += QString::number(number);
-    QString lines = text("more.unusableLines").arg(numbers.join(QLatin1String(", ")));
-    if (const qint64 more = list.unusableCount() - list.unusable().size(); more > 0)
-        lines += u' ' + text("more.andMore").arg(more);
-    m_seams.messages.tell(
-        { Messages::Sign::Warning, text("lang.note"), QDir::toNativeSeparators(fileName) + u'\n' + lines });
+    if (!list.unusable().isEmpty()) {
+        m_seams.messages.tell({ Messages::Sign::Warning, text("lang.note"),
+            list.unusable().note(fileName, "more.unusableLines", m_language) });
+    }
 }
 
 void ListFiles::askToExport(Format format, const Rows& rows)

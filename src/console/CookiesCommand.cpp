@@ -74,15 +74,14 @@ int import(const QStringList& arguments)
         CookieImport import(cookieImport::sourceFor(fileName), store);
         while (import.step()) { }
         count += import.count();
-        if (import.error()) {
-            QString text = cookieImport::report(0, import.error(), language).text;
+        for (QString& text : cookieImport::complaints(import, language))
             complain(text.replace(u'\n', QLatin1String(": ")));
+        if (import.error())
             status = qMax<int>(status, import.error()->where == ImportError::CookieFile ? PartlyFailed : Unusable);
-        }
     }
     if (count == 0 && status != Done)
         return status;
-    return qMax(status, print(cookieImport::report(count, {}, language).text.toUtf8() + '\n'));
+    return qMax(status, print(cookieImport::countText(count, language).toUtf8() + '\n'));
 }
 
 int clear(const QStringList& arguments)

@@ -62,6 +62,7 @@ void CookieImport::readNext()
         return;
     if (!m_error)
         m_error = m_source->error();
+    m_passedOver = m_source->passedOver();
     m_source.reset();
 }
 
@@ -90,14 +91,30 @@ void CookieImport::storeNext()
         m_bytes = 0;
 }
 
-Messages::Box cookieImport::report(qint64 count, const std::optional<ImportError>& error, const LanguageTable& language)
+QString cookieImport::countText(qint64 count, const LanguageTable& language)
 {
-    const QString counted = QString::number(count) + u' ' + language.text("lang.cookiesWereSet");
-    if (!error)
-        return { Messages::Sign::Information, language.text("lang.note"), counted };
-    const QString failed = errorText(*error, language);
-    return { Messages::Sign::Warning, language.text("lang.errTitle"),
-        count > 0 ? failed + QLatin1String("\n\n") + counted : failed };
+    return QString::number(count) + u' ' + language.text("lang.cookiesWereSet");
+}
+
+QStringList cookieImport::complaints(const CookieImport& import, const LanguageTable& language)
+{
+    QStringList complaints;
+    if (import.error())
+        complaints += errorText(*import.error(), language);
+    // A file without a single cookie was told of as a whole.
+    const bool isToldOf = import.error() && import.error()->where == ImportError::NotCookies;
+    if (const PassedOver& passedOver = import.passedOver(); !passedOver.lines.isEmpty() && !isToldOf)
+        complaints += passedOver.lines.note(passedOver.fileName, "more.unusableCookies", language);
+    return complaints;
+}
+
+Messages::Box cookieImport::report(const CookieImport& import, const LanguageTable& language)
+{
+    QStringList texts = complaints(import, language);
+    const Messages::Sign sign = texts.isEmpty() ? Messages::Sign::Information : Messages::Sign::Warning;
+    if (!import.error() || import.count() > 0)
+        texts += countText(import.count(), language);
+    return { sign, language.text(import.error() ? "lang.errTitle" : "lang.note"), texts.join(QLatin1String("\n\n")) };
 }
 
 std::unique_ptr<CookieSource> cookieImport::sourceFor(const QString& fileName)

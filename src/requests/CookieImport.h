@@ -24,6 +24,7 @@ public:
     /// How many cookies were taken over.
     [[nodiscard]] qint64 count() const { return m_count; }
     [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
+    [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
 private:
     void readNext();
@@ -39,13 +40,17 @@ private:
     bool m_isStoring = false;
     qint64 m_count = 0;
     std::optional<ImportError> m_error;
+    PassedOver m_passedOver;
 };
 
 namespace cookieImport {
 
-/// What is said at the end of an import: the count, or what failed and the count of what was taken over nevertheless.
-[[nodiscard]] Messages::Box report(
-    qint64 count, const std::optional<ImportError>& error, const LanguageTable& language);
+/// How many cookies were taken over, in words.
+[[nodiscard]] QString countText(qint64 count, const LanguageTable& language);
+/// What went wrong in an import: what failed, and which lines were passed over. Mostly nothing.
+[[nodiscard]] QStringList complaints(const CookieImport& import, const LanguageTable& language);
+/// What is said at the end of an import: the count, and what went wrong.
+[[nodiscard]] Messages::Box report(const CookieImport& import, const LanguageTable& language);
 
 /// The reader for a file that is a Firefox database or a "cookies.txt", told apart by its beginning.
 [[nodiscard]] std::unique_ptr<CookieSource> sourceFor(const QString& fileName);

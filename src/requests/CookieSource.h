@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/UnusableLines.h"
 #include "requests/CookieStore.h"
 
 #include <functional>
@@ -26,6 +27,12 @@ struct ImportError {
     QString text;
 };
 
+/// Lines of a browser's file that hold something else than a cookie.
+struct PassedOver {
+    QString fileName;
+    UnusableLines lines;
+};
+
 /// The cookies of a browser, read in small steps.
 class CookieSource {
 public:
@@ -37,6 +44,8 @@ public:
     [[nodiscard]] virtual bool read(const Take& take) = 0;
     /// The first failure, which may have left cookies out.
     [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
+    /// What was passed over in the first file in which anything was.
+    [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
 protected:
     /// In bytes. No file of a browser with cookies in it comes near.
@@ -48,6 +57,15 @@ protected:
             m_error = { where, text };
     }
 
+    void passOver(const QString& fileName, qint64 line)
+    {
+        if (m_passedOver.lines.isEmpty())
+            m_passedOver.fileName = fileName;
+        if (m_passedOver.fileName == fileName)
+            m_passedOver.lines.add(line);
+    }
+
 private:
     std::optional<ImportError> m_error;
+    PassedOver m_passedOver;
 };

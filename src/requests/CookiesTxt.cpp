@@ -39,12 +39,15 @@ bool CookiesTxt::read(const Take& take)
     const auto line = m_file.isOpen() ? m_lines.next() : std::nullopt;
     if (!line)
         return end();
-    if (line->isPiece)
-        return true;
-    const auto cookie = cookieFrom(line->text.toByteArray());
-    m_looksRight = m_looksRight || cookie || line->text.trimmed().startsWith('#');
+    m_number += line->isRest ? 0 : 1;
+    const QByteArrayView text = line->text.trimmed();
+    const auto cookie = line->isPiece ? std::nullopt : cookieFrom(line->text.toByteArray());
+    const bool isNothing = line->isRest || text.isEmpty() || text.startsWith('#');
+    m_looksRight = m_looksRight || cookie || text.startsWith('#');
     if (cookie)
         take(*cookie);
+    else if (!isNothing)
+        passOver(m_file.fileName(), m_number);
     return true;
 }
 

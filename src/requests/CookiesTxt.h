@@ -20,5 +20,6 @@ private:
 
     QFile m_file;
     LineReader m_lines;
+    qint64 m_number = 0; ///< of the line that was read last
     bool m_looksRight = false; ///< something in it was a cookie or a comment
 };

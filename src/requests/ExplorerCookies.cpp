@@ -51,14 +51,20 @@ bool ExplorerCookies::read(const Take& take)
 {
     if (!m_file.isOpen())
         return openNext();
+    const qint64 first = m_number + 1;
+    bool isNothing = true; // so far
     std::array<QByteArray, linesOfCookie> lines;
     for (QByteArray& text : lines) {
         const auto line = m_lines->next();
         if (!line || line->isPiece) {
+            if (line || !isNothing)
+                passOver(m_file.fileName(), first);
             endFile();
             return true;
         }
+        ++m_number;
         text = line->text.toByteArray();
+        isNothing = isNothing && text.isEmpty();
     }
     const QByteArray& place = lines[2];
     take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), lines[0], lines[1] } });
@@ -76,6 +82,7 @@ bool ExplorerCookies::openNext()
         fail(ImportError::File, fileFailure(m_file));
     else
         m_lines.emplace(m_file, longestLine);
+    m_number = 0;
     return true;
 }
 

@@ -29,4 +29,5 @@ private:
     QStringList m_files; ///< those that are still to be read
     QFile m_file; ///< the one that is being read
     std::optional<LineReader> m_lines; ///< of that one
+    qint64 m_number = 0; ///< of its line that was read last
 };

@@ -222,7 +222,7 @@ void dialog_requests::startImport(std::unique_ptr<CookieSource> source)
     m_importing.add([this, import] {
         if (import->step())
             return true;
-        m_messages.tell(cookieImport::report(import->count(), import->error(), m_language));
+        m_messages.tell(cookieImport::report(*import, m_language));
         return false;
     });
 }

@@ -33,15 +33,14 @@ bool ListReader::readLine(const std::function<void(FundStück item)>& take)
 
 void ListReader::takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take)
 {
-    constexpr qsizetype most = 20;
     const QByteArray text = m_number == 1 && line.startsWith(utf8Mark) ? line.sliced(utf8Mark.size()) : line;
     const bool isNothing = text.trimmed().isEmpty() || (m_number == 1 && listFormat::isHeaderLine(m_format, text));
     if (isNothing)
         return;
     if (auto item = listFormat::itemFrom(m_format, text))
         take(std::move(*item));
-    else if (++m_unusableCount <= most)
-        m_unusable += m_number;
+    else
+        m_unusable.add(m_number);
 }
 
 bool ListReader::end()

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "base/LineReader.h"
+#include "base/UnusableLines.h"
 #include "results/ListFormat.h"
 
 #include <QFile>
-#include <QList>
 
 #include <functional>
 
@@ -19,9 +19,8 @@ public:
 
     /// What the system says if the file cannot be read (to its end); empty otherwise.
     [[nodiscard]] const QString& error() const { return m_error; }
-    /// The numbers, from 1, of the first lines without a usable URL. Empty lines do not count.
-    [[nodiscard]] const QList<qint64>& unusable() const { return m_unusable; }
-    [[nodiscard]] qint64 unusableCount() const { return m_unusableCount; }
+    /// The lines without a usable URL. Empty lines do not count.
+    [[nodiscard]] const UnusableLines& unusable() const { return m_unusable; }
 
 private:
     void takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take);
@@ -32,6 +31,5 @@ private:
     listFormat::Format m_format;
     QString m_error;
     qint64 m_number = 0;
-    QList<qint64> m_unusable;
-    qint64 m_unusableCount = 0;
+    UnusableLines m_unusable;
 };

@@ -21,7 +21,7 @@ inline void importAll(std::unique_ptr<CookieSource> source, qint64 most)
     while (import.step())
         require(--stepsLeft > 0, "an import ends");
     require(import.count() <= most, "no cookie comes from nowhere");
-    (void)cookieImport::report(import.count(), import.error(), language);
+    (void)cookieImport::report(import, language);
 
     qint64 stored = 0;
     for (QDirIterator files(folder, QDir::Files | QDir::Hidden); files.hasNext();) {

@@ -33,6 +33,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     require(reader.error().isEmpty(), "the file can be read");
     require(lines == input.rest().count('\n') + (input.rest().isEmpty() || input.rest().endsWith('\n') ? 0 : 1),
         "each line is read once");
-    require(items + reader.unusableCount() <= lines, "a line gives an item or is told as unusable");
+    require(items + reader.unusable().count() <= lines, "a line gives an item or is told as unusable");
     return 0;
 }
