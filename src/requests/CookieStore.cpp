@@ -6,6 +6,7 @@
 #include "crawl/url.h"
 #include "requests/SetCookieValue.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -109,7 +110,7 @@ bool writeFile(const QString& fileName, const QString& by, const QByteArray& con
 {
     QFile next(by);
     next.remove(); // one that is left over has its own permissions
-    if (!next.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner))
+    if (!next.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
         return false;
     bool written = allgemein::writeAll(next, content) && next.flush();
     next.close();
@@ -178,7 +179,9 @@ bool CookieStore::replace(const QByteArray& host, const QList<Cookie>& cookies, 
         content.append(lines[line]).append(allgemein::lineEnd);
     if (content == *old && QFile::exists(fileName))
         return true;
-    return writeFile(fileName, m_folder + allgemein::fromSystem(host) + QLatin1String(".tmp"), content);
+    // Named by the process, since the console program may write the same cookies as the window.
+    return writeFile(
+        fileName, m_folder + QString::number(QCoreApplication::applicationPid()) + QLatin1String(".tmp"), content);
 }
 
 QStringList CookieStore::deleteAll() const
@@ -186,8 +189,9 @@ QStringList CookieStore::deleteAll() const
     if (m_folder.isEmpty())
         return {};
     QStringList kept;
-    for (const QFileInfo& file :
-        QDir(m_folder).entryInfoList({ QStringLiteral("*.tkc") }, QDir::Files | QDir::Hidden)) {
+    // Cookies are also in what a killed program was writing.
+    const QStringList names { QStringLiteral("*.tkc"), QStringLiteral("*.tmp") };
+    for (const QFileInfo& file : QDir(m_folder).entryInfoList(names, QDir::Files | QDir::Hidden)) {
         if (!QFile::remove(file.filePath()))
             kept += file.filePath();
     }
