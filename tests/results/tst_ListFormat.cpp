@@ -2,11 +2,9 @@
 #include "results/ListFormat.h"
 #include "base/lang.h"
 #include "results/ListReader.h"
-#include "results/ListWriter.h"
 #include "results/SearchFile.h"
 #include "support/Text.h"
 
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -21,10 +19,8 @@ private slots:
     void readsLines();
     void writesColumns();
     void roundTrips();
-    void anyTextComesBack();
     void readsFiles_data();
     void readsFiles();
-    void tellsWhatCannotBeWritten();
 
 private:
     QTemporaryDir m_folder;
@@ -39,23 +35,19 @@ void tst_ListFormat::readsLines_data()
     const auto url = [](const char* name, const QByteArray& line, const char* expected) {
         QTest::newRow(name) << Format::Urls << line << QByteArray(expected);
     };
-    url("a URL", "http://h/a b?c=d", "http://h/a b?c=d");
-    url("blanks around it", "  http://h/ \t", "http://h/");
+    url("blanks around it and in it", "  http://h/a b?c=d \t", "http://h/a b?c=d");
     url("no protocol", "www.example.org/x", "http://www.example.org/x");
-    url("another protocol", "ftp://h/x", "ftp://h/x");
     url("a port", "h:8080/x", "http://h:8080/x");
     url("a byte that would break the line", QByteArrayLiteral("http://h/a\0b"), "http://h/a%00b");
     url("a mail address", "mailto:a@example.org", "");
-    url("a script", "javascript:alert(1)", "");
     url("a sentence", "see also the other list", "");
-    url("a comment", "# http://h/", "");
     url("no host", "http:///x", "");
+    url("no protocol before its colon", "://h/", "");
     url("nothing", "", "");
     url("too long", "http://h/" + QByteArray(100'000, 'x'), "");
     const auto csv = [](const char* name, const char* line, const char* expected) {
         QTest::newRow(name) << Format::Csv << QByteArray(line) << QByteArray(expected);
     };
-    csv("all columns", "x\ttext/html\t1\t2\t200\tanchor\tde\thttp://h/x", "http://h/x");
     csv("more columns", "x\ttext/html\t1\t2\t200\tanchor\tde\thttp://h/x\tmore", "http://h/x");
     csv("two columns", "x\thttp://h/x", "http://h/x");
     csv("the URL alone", "http://h/x", "http://h/x");
@@ -98,7 +90,7 @@ void tst_ListFormat::roundTrips()
     const QByteArray lines = "http://h:80/a\ttext/html\t5000000000\t1\t4\t200\t1\tde\t\n"
                              "http://h:80/b?x,=1\t=cmd\t-1\t2\t4\t404\t4\t+x\t\n"
                              "https://h:80/'@c\t\t0\t3\t0\t0\t0\t\t\n"
-                             "ftp://h:80/\xff\t?\t-1\t0\t4\t200\t5\t-\t";
+                             "ftp://h:80/'=\xff\t''=,;\" @\t-1\t0\t4\t200\t5\t-\t";
     for (const QByteArray& line : lines.split('\n')) {
         const FundStück item = *SearchFile::itemFrom(line);
         const auto read = listFormat::itemFrom(Format::Csv, listFormat::itemLine(Format::Csv, item));
@@ -108,40 +100,23 @@ void tst_ListFormat::roundTrips()
     }
 }
 
-void tst_ListFormat::anyTextComesBack()
-{
-    QRandomGenerator random(1);
-    constexpr QByteArrayView signs = "'''==+-@\",; x";
-    for (int turn = 0; turn < 20'000; ++turn) {
-        FundStück item;
-        item.adresse = "http://h:80/";
-        for (qint64 count = random.bounded(8); count > 0; --count)
-            item.mimeTyp += signs[random.bounded(static_cast<int>(signs.size()))];
-        const QByteArray line = listFormat::itemLine(Format::Csv, item);
-        QCOMPARE(listFormat::itemFrom(Format::Csv, line)->mimeTyp, item.mimeTyp);
-    }
-}
-
 void tst_ListFormat::readsFiles_data()
 {
     QTest::addColumn<Format>("format");
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("count");
     QTest::addColumn<QList<qint64>>("unusable");
-    QTest::newRow("URLs") << Format::Urls << QByteArray("http://h/\r\n\r\nmailto:x\nh/2") << 2 << QList<qint64> { 3 };
-    QTest::newRow("with the mark of UTF-8")
-        << Format::Urls << QByteArray("\xef\xbb\xbfhttp://h/\n") << 1 << QList<qint64>();
-    QTest::newRow("columns with their names")
-        << Format::Csv << QByteArray("a\tb\tc\td\te\tf\tg\tUrl\r\n\t\t\t\t\t\t\thttp://h/\r\nx\n") << 2
-        << QList<qint64>();
-    QTest::newRow("columns without names")
-        << Format::Csv << QByteArray("http://h/\n\tjavascript:x\n") << 1 << QList<qint64> { 2 };
-    QTest::newRow("a line that is too long")
-        << Format::Urls << "http://h/1\nhttp://h/" + QByteArray(1'000'000, 'x') + "\nhttp://h/3\n"
-        << 2 << QList<qint64> { 2 };
-    QTest::newRow("only rubbish") << Format::Urls << QByteArray("mailto:\n").repeated(30) << 0
-                                  << QList<qint64> { 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19,
-                                         20 };
+    const auto row = [](const char* title, Format format, const QByteArray& content, int count,
+                         const QList<qint64>& unusable) {
+        QTest::newRow(title) << format << content << count << unusable;
+    };
+    row("URLs", Format::Urls, "http://h/\r\n\r\nmailto:x\nh/2", 2, { 3 });
+    row("with the mark of UTF-8", Format::Urls, "\xef\xbb\xbfhttp://h/\n", 1, {});
+    row("columns with their names", Format::Csv, "a\tb\tc\td\te\tf\tg\tUrl\r\n\t\t\t\t\t\t\thttp://h/\r\nx\n", 2, {});
+    row("columns without names", Format::Csv, "http://h/\n\tjavascript:x\n", 1, { 2 });
+    row("a line that is too long", Format::Urls, "h/1\nhttp://h/" + QByteArray(1'000'000, 'x') + "\nh/3\n", 2, { 2 });
+    row("only rubbish", Format::Urls, QByteArray("mailto:\n").repeated(30), 0,
+        { 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20 });
 }
 
 void tst_ListFormat::readsFiles()
@@ -156,16 +131,6 @@ void tst_ListFormat::readsFiles()
     QTEST(count, "count");
     QTEST(reader.unusable().first(), "unusable");
     QVERIFY(reader.error().isEmpty());
-    ListReader none(m_folder.filePath(QStringLiteral("none")), format);
-    QVERIFY(!none.readLine([](const FundStück&) {}));
-    QVERIFY(!none.error().isEmpty());
-}
-
-void tst_ListFormat::tellsWhatCannotBeWritten()
-{
-    ListWriter writer(m_folder.filePath(QStringLiteral("no/folder.csv")), Format::Csv, m_language);
-    writer.write({});
-    QVERIFY(writer.commit().has_value());
 }
 
 QTEST_GUILESS_MAIN(tst_ListFormat)
