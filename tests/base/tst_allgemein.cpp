@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
 
-#include <QBuffer>
 #include <QTest>
 
 using namespace allgemein;
@@ -12,34 +11,31 @@ class tst_allgemein : public QObject {
 private slots:
     void readsLeadingNumber_data();
     void readsLeadingNumber();
-    void numberBeyond32BitsIsNone();
     void findsTextInAnyCase_data();
     void findsTextInAnyCase();
-    void encodesWhatBreaksALine();
-    void writesValuesOnOneLine();
-    void refusesNamesThatLeaveTheFolder();
 };
 
 void tst_allgemein::readsLeadingNumber_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<qint64>("number");
-    QTest::newRow("plain digits") << QByteArray("1234") << qint64 { 1234 };
-    QTest::newRow("blanks and TABs in front") << QByteArray(" \t 17") << qint64 { 17 };
-    QTest::newRow("text behind") << QByteArray("200 OK") << qint64 { 200 };
-    QTest::newRow("negative") << QByteArray("-1") << qint64 { -1 };
-    QTest::newRow("plus sign") << QByteArray("+5") << qint64 { 5 };
-    QTest::newRow("half rounds down to even") << QByteArray("12.5") << qint64 { 12 };
-    QTest::newRow("half rounds up to even") << QByteArray("13.5") << qint64 { 14 };
-    QTest::newRow("fraction without digits in front") << QByteArray(".6") << qint64 { 1 };
-    QTest::newRow("exponents are none") << QByteArray("2e3") << qint64 { 2 };
-    QTest::newRow("beyond 32 bits") << QByteArray("5000000000") << qint64 { 5'000'000'000 };
-    QTest::newRow("exact beyond 53 bits") << QByteArray("9007199254740993") << qint64 { 9'007'199'254'740'993 };
-    QTest::newRow("beyond 64 bits") << QByteArray("9223372036854775808") << qint64 { 0 };
-    QTest::newRow("beyond 64 bits with a fraction") << QByteArray("9223372036854775808.5") << qint64 { 0 };
-    QTest::newRow("empty") << QByteArray() << qint64 { 0 };
-    QTest::newRow("no digits") << QByteArray("-.e5") << qint64 { 0 };
-    QTest::newRow("text in front") << QByteArray("x7") << qint64 { 0 };
+    const auto row = [](const char* title, const char* text, qint64 number) {
+        QTest::newRow(title) << QByteArray(text) << number;
+    };
+    row("blanks and TABs in front", " \t 17", 17);
+    row("text behind", "200 OK", 200);
+    row("negative", "-1", -1);
+    row("plus sign", "+5", 5);
+    row("half rounds down to even", "12.5", 12);
+    row("half rounds up to even", "13.5", 14);
+    row("fraction without digits in front", ".6", 1);
+    row("exponents are none", "2e3", 2);
+    row("exact beyond 53 bits", "9007199254740993", 9'007'199'254'740'993);
+    row("beyond 64 bits", "9223372036854775808", 0);
+    row("beyond 64 bits with a fraction", "9223372036854775808.5", 0);
+    row("empty", "", 0);
+    row("no digits", "-.e5", 0);
+    row("text in front", "x7", 0);
 }
 
 void tst_allgemein::readsLeadingNumber()
@@ -48,33 +44,23 @@ void tst_allgemein::readsLeadingNumber()
     QTEST(leadingNumber(text), "number");
 }
 
-void tst_allgemein::numberBeyond32BitsIsNone()
-{
-    QCOMPARE(leadingNumber32("2147483647"), 2147483647);
-    QCOMPARE(leadingNumber32("2147483648"), 0);
-    QCOMPARE(leadingNumber32("-2147483649"), 0);
-}
-
 void tst_allgemein::findsTextInAnyCase_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("needle");
     QTest::addColumn<qsizetype>("from");
     QTest::addColumn<qsizetype>("place");
-    QTest::newRow("needle's own case") << QByteArray("a path=x") << QByteArray("path=") << qsizetype { 0 }
-                                       << qsizetype { 2 };
-    QTest::newRow("other case") << QByteArray("a PaTH=x") << QByteArray("path=") << qsizetype { 0 } << qsizetype { 2 };
-    QTest::newRow("the first of both cases")
-        << QByteArray("PATH=path=") << QByteArray("path=") << qsizetype { 0 } << qsizetype { 0 };
-    QTest::newRow("small candidate fails first")
-        << QByteArray("pa PATH=") << QByteArray("path=") << qsizetype { 0 } << qsizetype { 3 };
-    QTest::newRow("behind the start") << QByteArray("path=PATH=") << QByteArray("path=") << qsizetype { 1 }
-                                      << qsizetype { 5 };
-    QTest::newRow("cut off at the end") << QByteArray("xx path") << QByteArray("path=") << qsizetype { 0 } << notFound;
-    QTest::newRow("shorter than the needle") << QByteArray("pa") << QByteArray("path=") << qsizetype { 0 } << notFound;
-    QTest::newRow("the whole text") << QByteArray("<A ") << QByteArray("<a ") << qsizetype { 0 } << qsizetype { 0 };
-    QTest::newRow("no letters beyond ASCII")
-        << QByteArray("\xc4=") << QByteArray("\xe4=") << qsizetype { 0 } << notFound;
+    const auto row = [](const char* title, const char* text, const char* needle, qsizetype from, qsizetype place) {
+        QTest::newRow(title) << QByteArray(text) << QByteArray(needle) << from << place;
+    };
+    row("in both cases", "a PaTH=x", "path=", 0, 2);
+    row("the first of both cases", "PATH=path=", "path=", 0, 0);
+    row("small candidate fails first", "pa PATH=", "path=", 0, 3);
+    row("behind the start", "path=PATH=", "path=", 1, 5);
+    row("cut off at the end", "xx path", "path=", 0, notFound);
+    row("shorter than the needle", "pa", "path=", 0, notFound);
+    row("the whole text", "<A ", "<a ", 0, 0);
+    row("no letters beyond ASCII", "\xc4=", "\xe4=", 0, notFound);
 }
 
 void tst_allgemein::findsTextInAnyCase()
@@ -83,31 +69,6 @@ void tst_allgemein::findsTextInAnyCase()
     QFETCH(QByteArray, needle);
     QFETCH(qsizetype, from);
     QTEST(indexOfNoCase(text, needle, from), "place");
-}
-
-void tst_allgemein::encodesWhatBreaksALine()
-{
-    QCOMPARE(onOneLine(QByteArrayLiteral("a\tb\rc\nd\0e")), "a%09b%0Dc%0Ad%00e");
-    QCOMPARE(onOneLine("a b%09\x7f\xff"), "a b%09\x7f\xff");
-}
-
-void tst_allgemein::writesValuesOnOneLine()
-{
-    QBuffer file;
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    writeKeyValue(file, "UserAgent", "a=b\r\nSub=x");
-    QCOMPARE(file.data(), "UserAgent=a=b%0D%0ASub=x\r\n");
-    const auto pair = splitKeyValue("UserAgent=a=b");
-    QCOMPARE(pair->key, "UserAgent");
-    QCOMPARE(pair->value, "a=b");
-    QVERIFY(!splitKeyValue("Results:"));
-}
-
-void tst_allgemein::refusesNamesThatLeaveTheFolder()
-{
-    QVERIFY(isPlainFileName("a..b"));
-    for (const QByteArray& name : { QByteArray(), QByteArray("."), QByteArray("../x"), QByteArrayLiteral("a\0b") })
-        QVERIFY(!isPlainFileName(name));
 }
 
 QTEST_GUILESS_MAIN(tst_allgemein)
