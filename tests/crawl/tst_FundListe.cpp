@@ -2,17 +2,14 @@
 #include "crawl/FundListe.h"
 #include "support/Text.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 class tst_FundListe : public QObject {
     Q_OBJECT
 
 private slots:
-    void linksNodesInOrder();
-    void removesAnyNode_data();
-    void removesAnyNode();
-    void removedNodeLivesOn();
-    void clearedListStartsAnew();
+    void agreesWithAPlainList();
 };
 
 static FundKnoten* addUrl(FundListe& list, const QByteArray& url)
@@ -22,74 +19,55 @@ static FundKnoten* addUrl(FundListe& list, const QByteArray& url)
     return list.add(item);
 }
 
-/// The URLs by a walk from the end, so that the links backwards are seen too.
-static QByteArrayList urlsBackwards(const FundListe& list)
+/// The nodes by a walk from the end, so that the links backwards are seen too.
+static QList<FundKnoten*> nodesBackwards(const FundListe& list)
 {
-    QByteArrayList urls;
-    for (const FundKnoten* knoten = list.getLetzter(); knoten; knoten = knoten->vorheriger)
-        urls.prepend(knoten->inhalt.adresse);
-    return urls;
-}
-
-void tst_FundListe::linksNodesInOrder()
-{
-    FundListe list;
-    QVERIFY(!list.getStart() && !list.getRoot() && !list.getLetzter());
-    FundKnoten* const a = addUrl(list, "a");
-    QVERIFY(list.getStart() == a && list.getLetzter() == a && !a->naechster && !a->vorheriger);
-    addUrl(list, "b");
-    addUrl(list, "c");
-    QCOMPARE(urlsOf(list), (QByteArrayList { "a", "b", "c" }));
-    QCOMPARE(urlsBackwards(list), urlsOf(list));
-    QCOMPARE(list.getAnzahl(), 3);
-}
-
-void tst_FundListe::removesAnyNode_data()
-{
-    QTest::addColumn<int>("place");
-    QTest::newRow("first") << 0;
-    QTest::newRow("middle") << 1;
-    QTest::newRow("last") << 2;
-}
-
-void tst_FundListe::removesAnyNode()
-{
-    QFETCH(int, place);
-    FundListe list;
-    QByteArrayList urls { "a", "b", "c" };
     QList<FundKnoten*> nodes;
-    for (const QByteArray& url : urls)
-        nodes += addUrl(list, url);
-    list.remove(nodes[place]);
-    const QByteArray removed = urls.takeAt(place);
-    QCOMPARE(urlsOf(list), urls);
-    QCOMPARE(urlsBackwards(list), urls);
-    QCOMPARE(list.getAnzahl(), 2);
-    QVERIFY(!list.istBekannt(removed));
-    QVERIFY(list.istBekannt(urls[0]) && list.istBekannt(urls[1]));
+    for (FundKnoten* knoten = list.getLetzter(); knoten; knoten = knoten->vorheriger)
+        nodes.prepend(knoten);
+    return nodes;
 }
 
-void tst_FundListe::removedNodeLivesOn()
+/// Thousands of additions and removals, with URLs that come more than once, and a new beginning.
+void tst_FundListe::agreesWithAPlainList()
 {
+    constexpr int steps = 60'000;
+    constexpr int kinds = 3000;
+    QRandomGenerator random(7);
     FundListe list;
-    FundKnoten* const only = addUrl(list, "a");
-    list.remove(only);
-    QVERIFY(!list.getStart() && !list.getLetzter());
-    QCOMPARE(list.getAnzahl(), 0);
-    QCOMPARE(only->inhalt.adresse, "a");
-}
-
-void tst_FundListe::clearedListStartsAnew()
-{
-    FundListe list;
-    addUrl(list, "a");
-    list.remove(addUrl(list, "b"));
-    list.clear();
-    QVERIFY(!list.istBekannt("a"));
-    addUrl(list, "c");
-    QCOMPARE(urlsOf(list), QByteArrayList { "c" });
-    QCOMPARE(urlsBackwards(list), QByteArrayList { "c" });
-    QCOMPARE(list.getAnzahl(), 1);
+    QList<FundKnoten*> nodes;
+    QByteArrayList urls;
+    QHash<QByteArray, int> copies;
+    const auto anyUrl = [&random]() -> QByteArray {
+        return "http://h:80/" + QByteArray::number(random.bounded(kinds));
+    };
+    for (int step = 0; step < steps || !nodes.isEmpty(); ++step) {
+        if (step == 10'000) {
+            list.clear();
+            nodes.clear();
+            urls.clear();
+            copies.clear();
+        }
+        // Mostly growing at first, mostly shrinking in the end, and down to nothing.
+        if (random.bounded(steps) > step) {
+            urls += anyUrl();
+            nodes += addUrl(list, urls.constLast());
+            ++copies[urls.constLast()];
+        } else if (!nodes.isEmpty()) {
+            const int place = random.bounded(static_cast<int>(nodes.size()));
+            FundKnoten* const gone = nodes.takeAt(place);
+            list.remove(gone);
+            QCOMPARE(gone->inhalt.adresse, urls[place]);
+            --copies[urls.takeAt(place)];
+        }
+        QCOMPARE(list.getAnzahl(), nodes.size());
+        const QByteArray url = anyUrl();
+        QCOMPARE(list.istBekannt(url), copies.value(url) > 0);
+        if (step % 1000 == 0 || nodes.size() < 4) {
+            QCOMPARE(urlsOf(list), urls);
+            QCOMPARE(nodesBackwards(list), nodes);
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_FundListe)

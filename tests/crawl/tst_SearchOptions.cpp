@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchOptions.h"
 
-#include <QBuffer>
 #include <QTest>
-
-#include <algorithm>
 
 class tst_SearchOptions : public QObject {
     Q_OBJECT
@@ -16,7 +13,6 @@ private slots:
     void followsByMode();
     void confirms_data();
     void confirms();
-    void survivesItsLines();
 };
 
 void tst_SearchOptions::givesEntryItsLevel_data()
@@ -28,14 +24,10 @@ void tst_SearchOptions::givesEntryItsLevel_data()
         QTest::newRow(typed) << QByteArray(typed) << QByteArray(text) << level;
     };
     row("example.org", "http://example.org", 2);
-    row("http://example.org", "http://example.org", 2);
-    row("https://example.org", "https://example.org", 2);
     row("http://example.org/", "http://example.org:80/", 3);
     row("http://h:8080", "http://h:8080/", 2);
     row("http://h/a/x.html", "http://h:80/a/", 3);
-    row("http://h/a/b/", "http://h:80/a/b/", 4);
     row("127.0.0.1:8080/a", "http://127.0.0.1:8080/", 5);
-    row("http://h/a:b", "http://h/a:0/", 2);
     row("http://h/a/b:c/d", "http://h/a/b:0/a/b:c/", 4);
     row("h/go?to=http://i", "http://h/go?to=http:0/go?to=http://", 4);
 }
@@ -58,15 +50,12 @@ void tst_SearchOptions::followsByMode_data()
     QTest::addColumn<bool>("inside");
     QTest::newRow("the host itself") << QByteArray("http://example.org/x") << true;
     QTest::newRow("a host below, on another port") << QByteArray("http://www.example.org:8080/x") << true;
-    QTest::newRow("another host") << QByteArray("http://example.com/x") << false;
+    QTest::newRow("a host that breaks off") << QByteArray("http://example.or/x") << false;
     QTest::newRow("another protocol") << QByteArray("https://example.org/x") << false;
-    QTest::newRow("the directory") << QByteArray("http://h:80/a/y.html") << true;
-    QTest::newRow("a directory below") << QByteArray("http://h/a/b/c/y.html") << true;
-    QTest::newRow("the directory's other case") << QByteArray("http://h:80/A/y.html") << false;
+    QTest::newRow("below the directory, the port not written") << QByteArray("http://h/a/b/y.html") << true;
     QTest::newRow("the directory on another port") << QByteArray("http://h:81/a/y.html") << false;
     QTest::newRow("above the directory") << QByteArray("http://h:80/y.html") << false;
     QTest::newRow("a TAB as it is recorded") << QByteArray("http://h:80/b\tc/y.html") << true;
-    QTest::newRow("an address") << QByteArray("mailto:me@example.org") << false;
 }
 
 void tst_SearchOptions::followsByMode()
@@ -103,7 +92,8 @@ void tst_SearchOptions::confirms_data()
     row("a host", "srv.example.org", true, FollowMode::All, Limited, "http://srv.example.org");
     row("a whole URL", "http://h:8080/a", true, FollowMode::All, Limited, "http://h:8080/a");
     row("capitals are another protocol", "HTTP://h/", true, FollowMode::All, Limited, "http://HTTP://h/");
-    row("no host", "http://.org", true, FollowMode::All, InvalidStartUrl, "http://.org");
+    row("a host that begins with a dot", "http://.org", true, FollowMode::All, InvalidStartUrl, "http://.org");
+    row("a host that ends with a dot", "http://h./", true, FollowMode::All, InvalidStartUrl, "http://h./");
     row("nothing", "", true, FollowMode::All, InvalidStartUrl, "");
     const QByteArray endless = "http://h/" + QByteArray(64 * 1024, 'x');
     row("too long to be recorded", endless, true, FollowMode::All, InvalidStartUrl, endless);
@@ -123,39 +113,6 @@ void tst_SearchOptions::confirms()
     options.followSub = mode;
     QTEST(options.confirm(), "confirmation");
     QTEST(options.startUrl, "startUrl");
-}
-
-static QByteArray linesOf(const SearchOptions& options)
-{
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    options.speicherOpts(file);
-    return file.data();
-}
-
-void tst_SearchOptions::survivesItsLines()
-{
-    SearchOptions options;
-    options.startUrl = "http://h/a=b";
-    options.maxDepth = false;
-    options.tiefe = 7;
-    options.followSub = FollowMode::Outside;
-    options.unterpfade = { SubUrl::fromText("h/a/"), SubUrl::fromText("example.org") };
-    options.analysis = { false, true, true, false, true, true };
-    const QByteArray lines = linesOf(options);
-    QCOMPARE(lines,
-        "StartUrl=http://h/a=b\r\nMaxDepth=0\r\nDepth=7\r\nFollowSub=2\r\nSub=http://h:80/a/\r\n"
-        "Sub=http://example.org\r\nAnalyseAnchors=0\r\nAnalyseLink=1\r\nAnalyseAllSrc=1\r\nAnalyseFrames=0\r\n"
-        "AnalyseEPic=1\r\nAnalyseForms=1\r\n");
-
-    SearchOptions read;
-    for (const QByteArray& line : lines.split('\n').first(lines.count('\n'))) {
-        const qsizetype equals = line.indexOf('=');
-        QVERIFY(read.initOpt(line.first(equals), line.sliced(equals + 1).chopped(1)));
-    }
-    QCOMPARE(linesOf(read), lines);
-    QVERIFY(std::equal(read.unterpfade.begin(), read.unterpfade.end(), options.unterpfade.begin(),
-        options.unterpfade.end(), [](const SubUrl& a, const SubUrl& b) { return a.level == b.level; }));
 }
 
 QTEST_GUILESS_MAIN(tst_SearchOptions)

@@ -1,137 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/SearchFixture.h"
 
+/// What a search does. What it makes of the many forms of pages and answers is judged by the independent walk.
 class tst_SearchRun : public SearchFixture {
     Q_OBJECT
 
 private slots:
-    void recordsInOrderOfDiscovery();
-    void speaksAsAgreed();
-    void recordsWhatTheServerSays_data();
-    void recordsWhatTheServerSays();
-    void readsPagesWithinDepth_data();
-    void readsPagesWithinDepth();
-    void recordsEachUrlOnce();
+    void takesTheFirstCookieOfAnAnswer();
     void recordsUrlsUpToTheirLimit();
-    void followsRelocation_data();
-    void followsRelocation();
-    void relocationTargetTakesThePlace();
-    void relocationWithoutTargetLeadsToTheDirectory();
     void relocationAtTheEndOfTheListLosesNothing();
     void manyFailuresDoNotNest();
+    void stopLeavesTheRestForContinue();
+    void stopHandsOnWhatAPageHeld();
+    void stopEndsAnalysis();
+    void abandonedFetchIsDoneByContinue();
+    void continueWithNothingLeftFinishesOnce();
+    void newSearchDropsTheOld();
+    void finishedMayStartAnother();
+    void unsupportedStartUrlWaitsForStop();
+
+private:
+    [[nodiscard]] bool continueToEnd();
 };
 
-void tst_SearchRun::recordsInOrderOfDiscovery()
+void tst_SearchRun::takesTheFirstCookieOfAnAnswer()
 {
-    m_server->page("/", "<img src='i.png'><a href='a'><link href='l.css'>");
-    m_server->page("/a", "<a href='/'><a href='c'><a href='b/'>");
-    m_server->page("/b/", "<a href='c'><a href='../c'>");
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/a", "/l.css", "/i.png", "/c", "/b/", "/b/c" }));
-    QCOMPARE(item("/b/c").tiefe, 3);
-    QCOMPARE(item("/b/c").referer, url("/b/"));
-    QCOMPARE(item("/c").referer, url("/a"));
-    QCOMPARE(item("/i.png").referenzTyp, ReferenzTyp::Img);
-    QCOMPARE(item("/").referenzTyp, ReferenzTyp::Unbekannt);
-}
-
-void tst_SearchRun::speaksAsAgreed()
-{
-    m_extras.referer = true;
-    m_extras.userAgent = "Tarnwick test";
-    m_options.quellUrl = "http://from/";
     m_server->script(
-        "/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\nContent-Type: text/html\r\n\r\n<a href='x?y=1'>" } });
-    m_server->script("/x?y=1", { { "HTTP/1.1 200 OK\r\nSet-Cookie: b=2;\r\nSet-Cookie: c=3;\r\n\r\n" } });
+        "/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\nContent-Type: text/html\r\n\r\n<a href='x'>" } });
+    // A relocation without a place leads to the directory, which is the page.
+    m_server->script("/x", { { "HTTP/1.1 302 Found\r\nSet-Cookie: b=2;\r\nSet-Cookie: c=3;\r\n\r\n" } });
     QVERIFY(searchToEnd());
-    const QByteArray common = " HTTP/1.1\r\nHost: 127.0.0.1\r\nAccept: */*\r\nConnection: close\r\n"
-                              "User-Agent: Tarnwick test\r\nReferer: ";
-    QCOMPARE(m_server->requests(),
-        (QByteArrayList { "GET /" + common + "http://from/\r\n\r\n", "GET /x?y=1" + common + url("/") + "\r\n\r\n" }));
+    QCOMPARE(urlsOf(m_list), urls({ "/" }));
     QCOMPARE(m_extras.takenCookies, (QByteArrayList { "a=1; path=/", "b=2;" }));
     QCOMPARE(eventsOf("/"), (QList { FetchEvent::Connecting, FetchEvent::Requesting }));
-}
-
-void tst_SearchRun::recordsWhatTheServerSays_data()
-{
-    QTest::addColumn<QByteArrayList>("pieces");
-    QTest::addColumn<qint32>("status");
-    QTest::addColumn<QByteArray>("type");
-    QTest::addColumn<qint64>("size");
-    QTest::addColumn<QByteArray>("language");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("analysed");
-    const auto row = [](const char* title, const QByteArrayList& pieces, qint32 status, const char* type, qint64 size,
-                         const char* language, Zustand state, bool analysed) {
-        QTest::newRow(title) << pieces << status << QByteArray(type) << size << QByteArray(language)
-                             << static_cast<int>(state) << analysed;
-    };
-    const QByteArray html = "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n";
-    const QByteArray link = "<a href='/found'>";
-    row("a page", { html + link }, 200, "text/html", -1, "", Zustand::LaedtHtml, true);
-    row("a page of an error", { "HTTP/1.0 404 No\r\nContent-Type: text/html; charset=x\r\n\r\n" + link }, 404,
-        "text/html; charset=x", -1, "", Zustand::LaedtHtml, true);
-    row("a file",
-        { "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nContent-Length: 5000000000\r\nContent-Language: de\r\n\r\n"
-            + link },
-        200, "image/png", 5'000'000'000, "de", Zustand::Fertig, false);
-    row("capital type", { "HTTP/1.1 200 OK\r\nContent-Type: TEXT/HTML\r\n\r\n" + link }, 200, "TEXT/HTML", -1, "",
-        Zustand::Fertig, false);
-    row("no fields", { "HTTP/1.1 200 OK\r\n\r\n" + link }, 200, "?", -1, "", Zustand::Fertig, false);
-}
-
-void tst_SearchRun::recordsWhatTheServerSays()
-{
-    QFETCH(QByteArrayList, pieces);
-    QFETCH(bool, analysed);
-    m_server->script("/", { pieces });
-    QVERIFY(searchToEnd());
-    const FundStück start = item("/");
-    QTEST(start.statusCode, "status");
-    QTEST(start.mimeTyp, "type");
-    QTEST(start.groesse, "size");
-    QTEST(start.sprache, "language");
-    QTEST(static_cast<int>(start.zustand), "state");
-    QCOMPARE(m_list.getAnzahl(), analysed ? 2 : 1);
-}
-
-void tst_SearchRun::readsPagesWithinDepth_data()
-{
-    QTest::addColumn<bool>("limited");
-    QTest::addColumn<int>("limit");
-    QTest::addColumn<QByteArrayList>("found");
-    QTest::newRow("limit 0") << true << 0 << QByteArrayList { "/" };
-    QTest::newRow("limit 1") << true << 1 << QByteArrayList { "/", "/1" };
-    QTest::newRow("limit 2") << true << 2 << QByteArrayList { "/", "/1", "/2" };
-    QTest::newRow("no limit") << false << 0 << QByteArrayList { "/", "/1", "/2", "/3" };
-}
-
-void tst_SearchRun::readsPagesWithinDepth()
-{
-    QFETCH(bool, limited);
-    QFETCH(int, limit);
-    QFETCH(QByteArrayList, found);
-    m_server->page("/", "<a href='1'>");
-    m_server->page("/1", "<a href='2'>");
-    m_server->page("/2", "<a href='3'>");
-    m_options.maxDepth = limited;
-    m_options.tiefe = limit;
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls(found));
-    QCOMPARE(m_server->paths(), found);
-}
-
-void tst_SearchRun::recordsEachUrlOnce()
-{
-    const QByteArray body =
-        "<a href='/a'><a href='ORIGIN/a'><a href='ORIGIN/A'><a href='#x'><a href='a#x'><a href=':x'>"
-        "<a href='http://'><a href='mailto:me@h'><a href='mailto:you@h'><a href='https://127.0.0.1/'>";
-    m_server->page("/", QByteArray(body).replace("ORIGIN", m_server->origin()));
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/a", "/A", "/a#x", "mailto://mailto:0/", "https://127.0.0.1:80/" }));
-    QCOMPARE(sorted(m_server->paths()), (QByteArrayList { "/", "/A", "/a", "/a#x" }));
-    QCOMPARE(item("mailto://mailto:0/").zustand, Zustand::NichtGeholt);
-    QCOMPARE(eventsOf("mailto://mailto:0/"), QList { FetchEvent::UnsupportedProtocol });
 }
 
 void tst_SearchRun::recordsUrlsUpToTheirLimit()
@@ -140,55 +41,6 @@ void tst_SearchRun::recordsUrlsUpToTheirLimit()
     m_server->page("/", "<a href='" + longest + "'><a href='" + longest + "x'>");
     QVERIFY(searchToEnd());
     QCOMPARE(urlsOf(m_list), (QByteArrayList { url("/"), longest }));
-}
-
-void tst_SearchRun::followsRelocation_data()
-{
-    QTest::addColumn<int>("status");
-    QTest::addColumn<bool>("switchedOn");
-    QTest::addColumn<bool>("followed");
-    QTest::newRow("301") << 301 << true << true;
-    QTest::newRow("302") << 302 << true << true;
-    QTest::newRow("307") << 307 << true << true;
-    QTest::newRow("303") << 303 << true << false;
-    QTest::newRow("308") << 308 << true << false;
-    QTest::newRow("302, not to be followed") << 302 << false << false;
-}
-
-void tst_SearchRun::followsRelocation()
-{
-    QFETCH(int, status);
-    QFETCH(bool, switchedOn);
-    QFETCH(bool, followed);
-    m_run->setFollowRelocation(switchedOn);
-    m_server->relocation("/", "/new", status);
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ followed ? "/new" : "/" }));
-    QCOMPARE(eventsOf("/").contains(FetchEvent::Relocated), followed);
-}
-
-void tst_SearchRun::relocationTargetTakesThePlace()
-{
-    m_server->page("/", "<img src='old'><img src='self'><img src='back'><a href='other'>");
-    m_server->relocation("/old", "sub/new");
-    m_server->relocation("/self", "/self");
-    m_server->relocation("/back", url("/other"));
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/", "/other", "/sub/new" }));
-    const FundStück target = item("/sub/new");
-    QCOMPARE(target.tiefe, 1);
-    QCOMPARE(target.referer, url("/"));
-    QCOMPARE(target.referenzTyp, ReferenzTyp::Img);
-    QCOMPARE(detailsOf("/old").constLast(), "sub/new");
-}
-
-void tst_SearchRun::relocationWithoutTargetLeadsToTheDirectory()
-{
-    m_options.startUrl = url("/a/b.html");
-    m_server->script("/a/b.html", { { "HTTP/1.1 302 Found\r\nSet-Cookie: a=1;\r\n\r\n" } });
-    QVERIFY(searchToEnd());
-    QCOMPARE(urlsOf(m_list), urls({ "/a/" }));
-    QCOMPARE(m_extras.takenCookies, QByteArrayList { "a=1;" });
 }
 
 void tst_SearchRun::relocationAtTheEndOfTheListLosesNothing()
@@ -214,6 +66,137 @@ void tst_SearchRun::manyFailuresDoNotNest()
     QVERIFY(searchToEnd());
     QCOMPARE(m_list.getAnzahl(), 20'001);
     QCOMPARE(m_list.getLetzter()->inhalt.zustand, Zustand::Fehlgeschlagen);
+}
+
+bool tst_SearchRun::continueToEnd()
+{
+    QSignalSpy finished(m_run.get(), &SearchRun::finished);
+    m_run->continueSearch(m_options);
+    return finished.count() == 1 || finished.wait();
+}
+
+void tst_SearchRun::stopLeavesTheRestForContinue()
+{
+    m_server->page("/", "<a href='1'><a href='2'><a href='3'><a href='4'><a href='5'>");
+    for (const char* path : { "/1", "/2", "/3" })
+        m_server->script(path, { {}, Afterwards::Stall });
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(m_server->paths().size(), 3);
+
+    // Each of the two connections may begin one more fetch.
+    QSignalSpy finished(m_run.get(), &SearchRun::finished);
+    m_run->stopSearch();
+    QVERIFY(!m_run->isSearching());
+    QCOMPARE(item("/1").zustand, Zustand::Fehlgeschlagen);
+    QCOMPARE(eventsOf("/2").constLast(), FetchEvent::EarlyDisconnect);
+    QTRY_VERIFY(m_server->paths().contains("/3") && item("/4").zustand == Zustand::Fertig);
+    QCOMPARE(item("/5").zustand, Zustand::NichtGeholt);
+
+    // The connection that has run dry is there for the rest, while the other is still busy.
+    m_run->continueSearch(m_options);
+    QTRY_COMPARE(item("/5").zustand, Zustand::Fertig);
+    QCOMPARE(finished.count(), 0);
+    m_server->release("/3", okHeader("text/html") + "<a href='6'>");
+    QVERIFY(finished.wait());
+    QCOMPARE(item("/6").statusCode, 404);
+    QCOMPARE(m_server->paths().count("/1"), 1);
+}
+
+void tst_SearchRun::stopHandsOnWhatAPageHeld()
+{
+    m_server->script("/", { { okHeader("text/html") + "<a href='1'><a href='2'><a hr" }, Afterwards::Stall });
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(item("/").zustand, Zustand::LaedtHtml);
+    m_run->stopSearch();
+    QCOMPARE(urlsOf(m_list), urls({ "/", "/1", "/2" }));
+    // Both connections may begin a fetch; neither is cut off before it has asked.
+    QTRY_COMPARE(item("/1").zustand, Zustand::Fertig);
+    QTRY_COMPARE(item("/2").zustand, Zustand::Fertig);
+}
+
+void tst_SearchRun::stopEndsAnalysis()
+{
+    m_server->page("/", "<a href='x'>" + QByteArray(8'000'000, '<') + "<a href='last'>");
+    // Queued, the stop comes between the slice that found "x" and the next one.
+    const auto stop = [this](const FundKnoten* knoten) {
+        if (knoten->inhalt.tiefe == 1)
+            m_run->stopSearch();
+    };
+    QObject context;
+    connect(m_run.get(), &SearchRun::recorded, &context, stop, Qt::QueuedConnection);
+    m_run->starteSuche(m_options);
+    QTRY_VERIFY(!m_run->isSearching());
+
+    QTimer eachPass;
+    QSignalSpy passes(&eachPass, &QTimer::timeout);
+    eachPass.start(0);
+    QTRY_VERIFY(passes.count() >= 3);
+    QVERIFY(continueToEnd());
+    QCOMPARE(urlsOf(m_list), urls({ "/", "/x" }));
+}
+
+void tst_SearchRun::abandonedFetchIsDoneByContinue()
+{
+    m_server->page("/", "<a href='1'><a href='2'>");
+    m_server->script("/1", { {}, Afterwards::Stall });
+    m_server->script("/2", { {}, Afterwards::Stall });
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(m_server->paths().size(), 3);
+    m_run->abandon();
+    QCOMPARE(item("/1").zustand, Zustand::NichtGeholt);
+    m_server->page("/1", "");
+    m_server->page("/2", "");
+    QVERIFY(continueToEnd());
+    QCOMPARE(item("/1").statusCode, 200);
+    QCOMPARE(item("/2").statusCode, 200);
+}
+
+void tst_SearchRun::continueWithNothingLeftFinishesOnce()
+{
+    QVERIFY(searchToEnd());
+    QSignalSpy finished(m_run.get(), &SearchRun::finished);
+    m_run->continueSearch(m_options);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(m_server->paths(), QByteArrayList { "/" });
+}
+
+void tst_SearchRun::newSearchDropsTheOld()
+{
+    m_server->page("/", "<a href='1'><a href='2'>");
+    m_server->script("/1", { {}, Afterwards::Stall });
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(m_server->paths().size(), 3);
+    m_options.startUrl = url("/fresh");
+    QSignalSpy cleared(m_run.get(), &SearchRun::cleared);
+    QVERIFY(searchToEnd());
+    QCOMPARE(cleared.count(), 1);
+    QCOMPARE(urlsOf(m_list), urls({ "/fresh" }));
+}
+
+void tst_SearchRun::finishedMayStartAnother()
+{
+    m_server->page("/", "<a href='1'>");
+    QByteArrayList found;
+    connect(m_run.get(), &SearchRun::finished, this, [&] {
+        found += urlsOf(m_list);
+        if (m_options.startUrl == m_server->origin()) {
+            m_options.startUrl = url("/fresh");
+            m_run->starteSuche(m_options);
+        }
+    });
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(found, urls({ "/", "/1", "/fresh" }));
+    QVERIFY(!m_run->isSearching());
+}
+
+void tst_SearchRun::unsupportedStartUrlWaitsForStop()
+{
+    m_options.startUrl = "https://h/";
+    m_run->starteSuche(m_options);
+    QVERIFY(m_run->isSearching());
+    QCOMPARE(eventsOf("https://h:80/"), QList { FetchEvent::UnsupportedProtocol });
+    m_run->stopSearch();
+    QVERIFY(!m_run->isSearching());
 }
 
 QTEST_GUILESS_MAIN(tst_SearchRun)
