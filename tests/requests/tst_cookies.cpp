@@ -23,8 +23,9 @@ private slots:
     void leavesAFileThatWouldNotChange();
 
 private:
-    [[nodiscard]] QByteArray stored(const QString& host = QStringLiteral("h")) const;
-    [[nodiscard]] QString fileFor(const QString& host) const;
+    /// The cookies of the host "h".
+    [[nodiscard]] QString file() const { return m_folder->filePath(QStringLiteral("h.tkc")); }
+    [[nodiscard]] QByteArray stored() const { return contentOf(file()); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     CookieStore m_store;
@@ -36,16 +37,6 @@ void tst_cookies::init()
     m_store.setCookieFolder(m_folder->path());
 }
 
-QString tst_cookies::fileFor(const QString& host) const
-{
-    return m_folder->filePath(host + QLatin1String(".tkc"));
-}
-
-QByteArray tst_cookies::stored(const QString& host) const
-{
-    return contentOf(fileFor(host));
-}
-
 void tst_cookies::takesSetCookie_data()
 {
     QTest::addColumn<QByteArray>("value");
@@ -54,21 +45,18 @@ void tst_cookies::takesSetCookie_data()
         QTest::newRow(title) << QByteArray(value) << QByteArray(line);
     };
     row("path behind", "a=1; path=/", "/\ta\t1\r\n");
-    row("path in the middle", "a=1; path=/x/; secure", "/x/\ta\t1\r\n");
+    row("path in the middle", "a=1; expires=Thu; path=/x/; secure", "/x/\ta\t1\r\n");
     row("capital attribute", "a=1; PATH=/", "/\ta\t1\r\n");
     row("quotes", "a=\"1 2\"; path=\"/\"", "/\ta\t1 2\r\n");
     row("a quote that nothing closes loses its last byte", "a=\"12; path=/", "/\ta\t1\r\n");
-    row("other attributes are ignored", "a=1; expires=Thu; domain=.x; path=/; HttpOnly", "/\ta\t1\r\n");
     row("no attribute at all", "a=1", "");
     row("the first sign behind the name ends nothing", "a; path=/", "");
-    row("no sign", "a; b;", "");
     row("no path: the text from the fifth byte", "SID=abc; x", "abc\tSID\tabc\r\n");
     row("a short one without path", "a=1;", "\ta\t1\r\n");
     row("an empty value", "a=; path=/", "");
     row("a lone quote", "a=\"; path=/", "");
     row("the name is not trimmed", " a =1; path=/", "/\t a \t1\r\n");
     row("empty", "", "");
-    row("a TAB", "a=1\t2; path=/", "");
 }
 
 void tst_cookies::takesSetCookie()
@@ -88,7 +76,7 @@ void tst_cookies::replacesByName()
     m_store.takeSetCookies({ "b=; path=/" }, "h");
     QCOMPARE(stored(), "/x/\ta\t3\r\n");
     m_store.takeSetCookies({ "a=; path=/" }, "h");
-    QVERIFY(QFile::exists(fileFor(QStringLiteral("h"))));
+    QVERIFY(QFile::exists(file()));
     QCOMPARE(stored(), "");
 }
 
@@ -98,14 +86,12 @@ void tst_cookies::sendsWherePathMatches_data()
     QTest::addColumn<QByteArray>("url");
     QTest::addColumn<bool>("sent");
     QTest::newRow("the root matches every path") << QByteArray("/") << QByteArray("http://h/a/b/c.html") << true;
-    QTest::newRow("the directory") << QByteArray("/shop/") << QByteArray("http://h/shop/x.html") << true;
     QTest::newRow("a directory below") << QByteArray("/shop/") << QByteArray("http://h:8080/shop/a/") << true;
     QTest::newRow("a file of the name") << QByteArray("/shop/") << QByteArray("http://h/shop") << false;
     QTest::newRow("no slash at the end") << QByteArray("/shop") << QByteArray("http://h/shop/x.html") << false;
     QTest::newRow("another directory") << QByteArray("/shop/") << QByteArray("http://h/shed/") << false;
     QTest::newRow("deeper than the request") << QByteArray("/a/b/") << QByteArray("http://h/a/") << false;
     QTest::newRow("no path") << QByteArray() << QByteArray("http://h/") << false;
-    QTest::newRow("another host") << QByteArray("/") << QByteArray("http://i/") << false;
 }
 
 void tst_cookies::sendsWherePathMatches()
@@ -126,7 +112,7 @@ void tst_cookies::readsBroadDomainsFirst()
 
 void tst_cookies::survivesDamagedFile()
 {
-    QVERIFY(writeFile(fileFor(QStringLiteral("h")), "garbage\r\n/\tonly\r\n/\ta\t1\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3"));
+    QVERIFY(writeFile(file(), "garbage\r\n/\tonly\r\n/\ta\t1\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3"));
     QCOMPARE(m_store.getCookieHeader("http://h/"), "Cookie: a=1; c=3\r\n");
     m_store.saveCookie("h", "/", "a", "4");
     QCOMPARE(stored(), "garbage\r\n/\tonly\r\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3\r\n/\ta\t4\r\n");
@@ -152,10 +138,10 @@ void tst_cookies::boundsWhatAHostCanPile()
 void tst_cookies::keepsFilesFromOthers()
 {
 #ifdef Q_OS_UNIX
-    QVERIFY(writeFile(fileFor(QStringLiteral("h")), {}));
+    QVERIFY(writeFile(file(), {}));
     m_store.takeSetCookies({ "a=1; path=/" }, "h");
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    QVERIFY(!(QFile::permissions(fileFor(QStringLiteral("h"))) & others));
+    QVERIFY(!(QFile::permissions(file()) & others));
 #else
     QSKIP("What others may do with a file is not among its own marks on Windows.");
 #endif
@@ -166,11 +152,11 @@ void tst_cookies::leavesAFileThatWouldNotChange()
     m_store.takeSetCookies({ "a=1; path=/", "b=2; path=/" }, "h");
     const auto writtenAnewBy = [this](const QByteArray& value) {
         const QDateTime past = QDateTime::fromSecsSinceEpoch(1'000'000'000);
-        QFile file(fileFor(QStringLiteral("h")));
-        const bool dated = file.open(QIODevice::ReadWrite) && file.setFileTime(past, QFile::FileModificationTime);
-        file.close();
+        QFile written(file());
+        const bool dated = written.open(QIODevice::ReadWrite) && written.setFileTime(past, QFile::FileModificationTime);
+        written.close();
         m_store.takeSetCookies({ value }, "h");
-        return dated && QFileInfo(file).lastModified() != past;
+        return dated && QFileInfo(written).lastModified() != past;
     };
     QVERIFY(!writtenAnewBy("b=2; path=/"));
     QVERIFY(!writtenAnewBy("c=; path=/"));
