@@ -229,18 +229,6 @@ def receive_rest(connection):
 
 # ---- the page
 
-class Ahead:
-    """The next place of a text at or behind a position that only grows: searched for once per place."""
-
-    def __init__(self, text, wanted):
-        self.text, self.wanted, self.at = text, wanted, text.find(wanted)
-
-    def of(self, position):
-        if 0 <= self.at < position:
-            self.at = self.text.find(self.wanted, position)
-        return self.at
-
-
 def value_at(body, position, tag_end):
     """The quoted value behind the attribute name that ends at `position`, if it closes before the tag does.
 
@@ -270,14 +258,13 @@ def values(body, tag, attribute):
     ">" is -1 too, before everything.
     """
     lower = body.lower()
-    tags, attributes, ends = Ahead(lower, tag), Ahead(lower, attribute), Ahead(body, b">")
-    at = tags.of(0)
+    at = lower.find(tag)
     while at >= 0:
         at += len(tag) - 1
-        value = value_at(body, attributes.of(at) + len(attribute), ends.of(at))
+        value = value_at(body, lower.find(attribute, at) + len(attribute), body.find(b">", at))
         if value is not None:
             yield value
-        at = tags.of(at + 1)
+        at = lower.find(tag, at + 1)
 
 
 # ---- the walk
