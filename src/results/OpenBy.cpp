@@ -21,7 +21,8 @@ bool isOfProtocol(char c)
 
 bool partsArguments(char c)
 {
-    return c <= ' ' || c == '"' || c >= '\x7f';
+    const auto code = static_cast<unsigned char>(c);
+    return code <= ' ' || c == '"' || code >= 0x7f;
 }
 
 QString argumentFrom(const QByteArray& url)

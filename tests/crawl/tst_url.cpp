@@ -12,6 +12,10 @@ private slots:
     void resolvesReference_data();
     void resolvesReference();
     void resolvesEndlessParents();
+    void cutsToLevel_data();
+    void cutsToLevel();
+    void givesComponentOfLevel_data();
+    void givesComponentOfLevel();
 };
 
 void tst_url::takesUrlsApart_data()
@@ -75,9 +79,11 @@ void tst_url::resolvesReference_data()
     row("a fragment", page, "#top", page);
     row("empty", page, "", "http://h:80/a/b/");
     row("a query", page, "?q=1", "http://h:80/a/b/?q=1");
+    row("the root behind a parent", page, "..//x", "http://h:80/x");
     row("another protocol", page, "https://other/y", "https://other/y");
     row("a colon in a relative reference", page, "p.php?t=12:00", "p.php?t=12:00");
     row("http is forced", "https://h/a/", "x", "http://h:80/a/x");
+    row("a fragment keeps the protocol", "https://h/a/", "#x", "https://h/a/");
     row("the port is kept", "http://h:8080/a", "x", "http://h:8080/x");
     row("the query of the page counts as directory", "http://h:80/a?b=/c", "x", "http://h:80/a?b=/x");
 }
@@ -96,6 +102,62 @@ void tst_url::resolvesEndlessParents()
     const QByteArray ups = QByteArray("../").repeated(199'999);
     QCOMPARE(url::resolveReference(base, ups + "x"), "http://h:80/a/x");
     QCOMPARE(url::resolveReference(base, ups + "../../x"), "http://h:80/x");
+}
+
+void tst_url::cutsToLevel_data()
+{
+    QTest::addColumn<QByteArray>("url");
+    QTest::addColumn<qint32>("level");
+    QTest::addColumn<QByteArray>("prefix");
+    const auto row = [](const char* url, qint32 level, const char* prefix) {
+        QTest::addRow("%s at %d", url, level) << QByteArray(url) << level << QByteArray(prefix);
+    };
+    const char* const page = "http://srv.example.org:80/a/b/c.html";
+    row(page, 0, "http://");
+    row(page, 1, "http://org");
+    row(page, 2, "http://example.org");
+    row(page, 3, "http://srv.example.org");
+    row(page, 4, "http://srv.example.org:80/");
+    row(page, 5, "http://srv.example.org:80/a/");
+    row(page, 6, "http://srv.example.org:80/a/b/");
+    row(page, 99, "http://srv.example.org:80/a/b/");
+    row("https://h/x/y", 2, "https://h:80/");
+    row("mailto:me", 1, "mailto://mailto");
+    row("mailto:me", 2, "mailto://mailto:0/");
+}
+
+void tst_url::cutsToLevel()
+{
+    QFETCH(QByteArray, url);
+    QFETCH(qint32, level);
+    const QByteArray cut = url::subUrl(url, level);
+    QTEST(cut, "prefix");
+    QVERIFY(url::isSubUrl(cut, url, level));
+    for (const QByteArray& other :
+        QByteArrayList { cut + 'x', 'x' + cut, cut.chopped(qMin(cut.size(), qsizetype { 1 })) })
+        QVERIFY(other == cut || !url::isSubUrl(other, url, level));
+}
+
+void tst_url::givesComponentOfLevel_data()
+{
+    QTest::addColumn<qint32>("level");
+    QTest::addColumn<bool>("withColon");
+    QTest::addColumn<QByteArray>("component");
+    QTest::newRow("top label") << 0 << false << QByteArray("org");
+    QTest::newRow("middle label") << 1 << true << QByteArray("example");
+    QTest::newRow("first label") << 2 << false << QByteArray("srv");
+    QTest::newRow("port") << 3 << false << QByteArray("8080");
+    QTest::newRow("port with colon") << 3 << true << QByteArray(":8080");
+    QTest::newRow("first directory") << 4 << false << QByteArray("a");
+    QTest::newRow("last directory") << 5 << false << QByteArray("b");
+    QTest::newRow("beyond") << 6 << false << QByteArray();
+}
+
+void tst_url::givesComponentOfLevel()
+{
+    QFETCH(qint32, level);
+    QFETCH(bool, withColon);
+    QTEST(url::urlComponent("http://srv.example.org:8080/a/b/c.html", level, withColon), "component");
 }
 
 QTEST_GUILESS_MAIN(tst_url)
