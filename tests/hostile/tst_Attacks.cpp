@@ -1,26 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/MainWindow.h"
-#include "app/Session.h"
-#include "app/Settings.h"
 #include "base/allgemein.h"
 #include "results/FoundsView.h"
 #include "results/SearchFile.h"
 #include "results/SearchFileReader.h"
-#include "support/ScriptedServer.h"
-#include "support/TestSeams.h"
-#include "support/Text.h"
-#include "support/WindowDriver.h"
+#include "support/WindowFixture.h"
 
-#include <QDialog>
-#include <QDir>
 #include <QDirIterator>
-#include <QLineEdit>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <memory>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -29,21 +17,20 @@
 
 /// What a hostile server, or whoever made a file, might try. Each attack comes in where it would: in an answer or in a
 /// file that the user opens. What counts is what there is at the end: files, requests, command lines.
-class tst_Attacks : public QObject, AnsweredSeams {
+class tst_Attacks : public WindowFixture {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
     void downloadsStayInTheirFolder_data();
     void downloadsStayInTheirFolder();
     void downloadsFollowNoLinks_data();
     void downloadsFollowNoLinks();
     void cookiesStayInTheirFolder_data();
     void cookiesStayInTheirFolder();
-    void serversBreakNoLine_data();
+    void serversBreakNoLine_data() { addBreaks(); }
     void serversBreakNoLine();
-    void filesBreakNoLine_data();
+    void filesBreakNoLine_data() { addBreaks(); }
     void filesBreakNoLine();
     void exportsRunNothing();
     void onlyTheWebIsOpened();
@@ -51,7 +38,8 @@ private slots:
     void namedFilesDoNoHarm();
 
 private:
-    void start();
+    void restart();
+    static void addBreaks();
     void searchSite();
     void openFile(const QByteArray& content);
     void download(int row);
@@ -62,16 +50,9 @@ private:
     void checkSearchFile();
     /// The files that are beside and in the target folder, from the folder above.
     [[nodiscard]] QStringList downloaded() const;
-    [[nodiscard]] QString path(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
     [[nodiscard]] FoundsView& rows() const { return *m_window->findChild<FoundsView*>(); }
-    [[nodiscard]] DownloadSettings& downloads() const { return m_session->downloads.settings(); }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<ScriptedServer> m_server;
-    Settings::LoadResult m_loaded;
     QString m_target; ///< of downloads, as it was loaded
-    std::unique_ptr<Session> m_session;
-    std::unique_ptr<MainWindow> m_window;
 };
 
 namespace {
@@ -100,8 +81,25 @@ bool isWholeLines(QByteArray text)
     return !text.contains('\r') && !text.contains('\n') && !text.contains('\0');
 }
 
+} // namespace
+
+void tst_Attacks::init()
+{
+    WindowFixture::init();
+    QVERIFY(QDir().mkpath(file("1/2/3/4/target")));
+    restart();
+}
+
+void tst_Attacks::restart()
+{
+    start();
+    // Deep enough that a way up ends in the test's own folder.
+    m_target = std::exchange(downloads().target, allgemein::withTrailingSeparator(file("1/2/3/4/target")));
+    m_session->windows.autoOpenDLM = false;
+}
+
 /// Rows with what might end a line, a field or a text, and something to be taken for the next one.
-void addBreaks()
+void tst_Attacks::addBreaks()
 {
     QTest::addColumn<QByteArray>("sign");
     QTest::newRow("CR") << QByteArray("\r");
@@ -109,40 +107,6 @@ void addBreaks()
     QTest::newRow("CR LF") << QByteArray("\r\n");
     QTest::newRow("TAB") << QByteArray("\t");
     QTest::newRow("NUL") << QByteArray(1, '\0');
-}
-
-} // namespace
-
-void tst_Attacks::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_server = std::make_unique<ScriptedServer>();
-    m_messages = {};
-    m_dialogs = {};
-    m_shell = {};
-    qputenv("TARNWICK_DATA", path("data").toLocal8Bit());
-    QVERIFY(QDir().mkpath(path("data")));
-    QVERIFY(QDir().mkpath(path("1/2/3/4/target")));
-    start();
-}
-
-void tst_Attacks::start()
-{
-    cleanup();
-    m_session = std::make_unique<Session>();
-    m_session->cookies.setCookieFolder(path("data/Cookies"));
-    m_loaded = Settings::loadSettings(*m_session, m_folder->path());
-    // Deep enough that a way up ends in the test's own folder.
-    m_target = std::exchange(downloads().target, allgemein::withTrailingSeparator(path("1/2/3/4/target")));
-    m_window = std::make_unique<MainWindow>(*m_session, seams());
-    m_session->windows.autoOpenDLM = false;
-    m_window->resumeLanguage();
-}
-
-void tst_Attacks::cleanup()
-{
-    m_window.reset();
-    m_session.reset();
 }
 
 void tst_Attacks::searchSite()
@@ -154,17 +118,17 @@ void tst_Attacks::searchSite()
 
 void tst_Attacks::openFile(const QByteArray& content)
 {
-    QVERIFY(writeFile(path("in.twk"), content));
-    m_window->open(path("in.twk"));
-    QTRY_VERIFY(control<QAction>(*m_window, "m_requests").isEnabled());
-    choose(*m_window, "m_selectAll");
+    QVERIFY(writeFile(file("in.twk"), content));
+    m_window->open(file("in.twk"));
+    QTRY_VERIFY(the<QAction>("m_requests").isEnabled());
+    choose("m_selectAll");
 }
 
 void tst_Attacks::download(int row)
 {
     rows().selectRows({ { row, row } }, QItemSelectionModel::ClearAndSelect);
     const int before = m_session->downloads.count();
-    choose(*m_window, "m_selectedDownload");
+    choose("m_selectedDownload");
     QCOMPARE(m_session->downloads.count(), before + 1);
     waitForDownloads();
 }
@@ -183,18 +147,18 @@ void tst_Attacks::waitForDownloads()
 
 void tst_Attacks::importCookies(const QByteArray& content)
 {
-    QVERIFY(writeFile(path("cookies.txt"), content));
-    m_dialogs.choice = path("cookies.txt");
+    QVERIFY(writeFile(file("cookies.txt"), content));
+    m_dialogs.choice = file("cookies.txt");
     m_session->requestPrefs.useCookies = true;
-    choose(*m_window, "m_requests");
-    click(control<QDialog>(*m_window, "dialog_requests"), "b_cookiesImportFF");
+    choose("m_requests");
+    click("b_cookiesImportFF");
     QTRY_COMPARE(m_messages.told.size(), 1);
 }
 
 QStringList tst_Attacks::downloaded() const
 {
-    QStringList files = filesBelow(path("1/2/3/4"));
-    for (const QString& file : filesBelow(path("1"))) {
+    QStringList files = filesBelow(file("1/2/3/4"));
+    for (const QString& file : filesBelow(file("1"))) {
         if (!file.startsWith(QLatin1String("2/3/4/")))
             files += QLatin1String("outside: ") + file;
     }
@@ -215,8 +179,8 @@ void tst_Attacks::checkRequests() const
 /// What is found is the same after saving and reading it.
 void tst_Attacks::checkSearchFile()
 {
-    m_dialogs.choice = path("out.twk");
-    choose(*m_window, "m_searchSaveAs");
+    m_dialogs.choice = file("out.twk");
+    choose("m_searchSaveAs");
     QVERIFY(isWholeLines(contentOf(m_dialogs.choice)));
     StoredSearch read;
     const SearchFile::LoadResult result = SearchFile::load(m_dialogs.choice, read);
@@ -315,14 +279,14 @@ void tst_Attacks::downloadsFollowNoLinks()
     QFETCH(QString, link);
     QFETCH(QString, to);
     QFETCH(bool, dirByUrl);
-    QVERIFY(writeFile(path("1/2/3/4/there"), "mine") && QDir().mkpath(path("1/2/3/4/folder")));
-    QVERIFY(QFile::link(path("1/2/3/4/") + to, path("1/2/3/4/") + link));
+    QVERIFY(writeFile(file("1/2/3/4/there"), "mine") && QDir().mkpath(file("1/2/3/4/folder")));
+    QVERIFY(QFile::link(file("1/2/3/4/") + to, file("1/2/3/4/") + link));
     m_server->page("/", "<a href='f'>");
     downloads().naming.dirByUrl = dirByUrl;
     downloads().overwrite = true;
     searchSite();
     download(1);
-    QCOMPARE(contentOf(path("1/2/3/4/there")), "mine");
+    QCOMPARE(contentOf(file("1/2/3/4/there")), "mine");
     QCOMPARE(downloaded(), QStringList({ link, QStringLiteral("there") }));
 }
 
@@ -344,18 +308,13 @@ void tst_Attacks::cookiesStayInTheirFolder_data()
 void tst_Attacks::cookiesStayInTheirFolder()
 {
     QFETCH(QByteArray, host);
-    const QString planted = path("data/h.tkc");
+    const QString planted = file("data/h.tkc");
     QVERIFY(writeFile(planted, "/\ta\t1\r\n"));
     importCookies("# cookies\n" + host + "\tTRUE\t/\tFALSE\t0\ta\t2\n");
-    QCOMPARE(filesBelow(path("data")), QStringList(QStringLiteral("h.tkc")));
+    QCOMPARE(filesBelow(file("data")), QStringList(QStringLiteral("h.tkc")));
     QCOMPARE(contentOf(planted), "/\ta\t1\r\n");
     // A URL with a ":" in its path has all that is before it for a host.
     QCOMPARE(m_session->cookies.getCookieHeader("http://" + host + ":80/"), QByteArray());
-}
-
-void tst_Attacks::serversBreakNoLine_data()
-{
-    addBreaks();
 }
 
 void tst_Attacks::serversBreakNoLine()
@@ -376,28 +335,23 @@ void tst_Attacks::serversBreakNoLine()
     m_session->downloads.addDL(m_server->origin() + "/r", -1, {});
     waitForDownloads();
     downloadAgain();
-    const QString file = downloaded().value(0);
-    QVERIFY2(file.startsWith(QLatin1String("target/c")) && allgemein::isOnOneLine(file.toLatin1()), qPrintable(file));
+    const QString name = downloaded().value(0);
+    QVERIFY2(name.startsWith(QLatin1String("target/c")) && allgemein::isOnOneLine(name.toLatin1()), qPrintable(name));
     checkRequests();
     QVERIFY(m_server->paths().contains("/a" + written));
     const QByteArray referrer = "/a" + written + "\r\n\r\n";
     QVERIFY(m_server->requests().join().contains(referrer));
-    const QByteArray cookies = contentOf(path("data/Cookies/127.0.0.1.tkc"));
+    const QByteArray cookies = contentOf(file("data/Cookies/127.0.0.1.tkc"));
     QVERIFY2(cookies.endsWith("/\td\t4\r\n") && isWholeLines(cookies) && cookies.count('\t') == 2 * cookies.count('\n'),
         cookies.constData());
 
     checkSearchFile();
     m_window->close();
-    QVERIFY(isWholeLines(contentOf(path("data/tarnwick.ini"))));
+    QVERIFY(isWholeLines(contentOf(settingsFile())));
     const size_t types = m_session->filter.mimeListe.entries().size();
-    start();
+    restart();
     QCOMPARE(m_loaded.unknownCount, 0);
     QCOMPARE(m_session->filter.mimeListe.entries().size(), types);
-}
-
-void tst_Attacks::filesBreakNoLine_data()
-{
-    addBreaks();
 }
 
 void tst_Attacks::filesBreakNoLine()
@@ -407,18 +361,18 @@ void tst_Attacks::filesBreakNoLine()
     const QByteArray origin = m_server->origin();
     m_session->requestPrefs.useCookies = true;
     importCookies("# cookies\n127.0.0.1\tTRUE\t/\tFALSE\t0\tb\t2" + evil + "\n");
-    QVERIFY(writeFile(path("data/Cookies/127.0.0.1.tkc"), "/\ta\t1" + evil + "\r\n/\tb" + evil + "\t2\r\n/\tc\t3\r\n"));
+    QVERIFY(writeFile(file("data/Cookies/127.0.0.1.tkc"), "/\ta\t1" + evil + "\r\n/\tb" + evil + "\t2\r\n/\tc\t3\r\n"));
     openFile("useCookies=1\r\nUseUserAgent=1\r\nUserAgent=u" + evil + "\r\nUseLanguage=1\r\nLanguage=" + evil
         + "\r\nResults:\r\n" + origin + "/a" + evil + "\tm" + evil + "\t0\t0\t0\t0\t0\tl" + evil + "\thttp://r" + evil
         + "\r\n" + origin + "/b\tm\t0\t0\t0\t0\t0\tl\thttp://r" + evil + "\r\n");
     checkSearchFile();
-    choose(*m_window, "m_searchContinue");
+    choose("m_searchContinue");
     QTRY_VERIFY(!m_session->search.isSearching());
     QVERIFY(m_server->requests().size() >= 2);
     QVERIFY(m_server->requests().join().contains("c=3\r\n"));
     checkRequests();
     m_window->close();
-    QVERIFY(isWholeLines(contentOf(path("data/tarnwick.ini"))));
+    QVERIFY(isWholeLines(contentOf(settingsFile())));
 }
 
 /// Cuts the lines at every place where a spreadsheet program may begin a cell, and looks at how the cells begin.
@@ -433,8 +387,8 @@ void tst_Attacks::exportsRunNothing()
     m_messages.answer = false; // all rows, not those that are selected
     for (const char* entry : { "m_exportAsCsv", "m_exportAsUrlList" }) {
         const bool csv = entry == QByteArray("m_exportAsCsv");
-        m_dialogs.choice = path("out");
-        choose(*m_window, entry);
+        m_dialogs.choice = file("out");
+        choose(entry);
         QTRY_COMPARE(contentOf(m_dialogs.choice).count('\n'), content.count('\n') - (csv ? 0 : 1));
         for (QByteArray cell : contentOf(m_dialogs.choice).replace("\r\n", "\t").split('\t'))
             QVERIFY2(cell.isEmpty() || !QByteArrayView("=+-@\"").contains(cell.front()), cell.constData());
@@ -457,16 +411,15 @@ void tst_Attacks::onlyTheWebIsOpened()
         "javascript://h:80/%0Ax", "http:x", "C:\\x.exe", "\\\\h\\x.exe", "://h", "-o", "-evil://h", "--evil=://h",
         "/evil:x", "search-ms://h", " http://h", "data:text/html,x" };
     openFile("Results:\r\n" + (hostile + harmless).join("\r\n") + "\r\n");
-    choose(*m_window, "m_selectedOpen");
+    choose("m_selectedOpen");
     QTRY_COMPARE(m_shell.openedUrls.size(), harmless.size());
     for (const QUrl& url : m_shell.openedUrls)
         QVERIFY2(
             QByteArrayList({ "http", "https", "ftp" }).contains(url.scheme().toLatin1()), qPrintable(url.toString()));
 
-    choose(*m_window, "m_selectedOpenBy");
-    auto& dialog = control<QDialog>(*m_window, "dialog_openBy");
-    control<QLineEdit>(dialog, "programmPfad").setText(QStringLiteral("player"));
-    click(dialog, "b_ok");
+    choose("m_selectedOpenBy");
+    the<QLineEdit>("programmPfad").setText(QStringLiteral("player"));
+    confirm("dialog_openBy");
     QTRY_COMPARE(m_shell.started.size(), harmless.size() + 8);
     for (const ProgramCommand& command : m_shell.started) {
         const QStringList arguments = QProcess::splitCommand(command.arguments);
@@ -489,15 +442,15 @@ void tst_Attacks::namedFilesDoNoHarm_data()
 void tst_Attacks::namedFilesDoNoHarm()
 {
     QFETCH(QByteArray, line);
-    QFile large(path("large"));
+    QFile large(file("large"));
     QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(17 * 1024 * 1024));
 #ifdef Q_OS_UNIX
-    QCOMPARE(mkfifo(path("pipe").toLocal8Bit().constData(), 0600), 0);
+    QCOMPARE(mkfifo(file("pipe").toLocal8Bit().constData(), 0600), 0);
 #endif
     for (const char* name : { "large", "pipe" })
-        line.replace(name, path(name).toLocal8Bit());
-    QVERIFY(writeFile(path("data/tarnwick.ini"), "lang=-1\r\n" + line + "\r\n"));
-    start();
+        line.replace(name, file(name).toLocal8Bit());
+    QVERIFY(writeFile(settingsFile(), "lang=-1\r\n" + line + "\r\n"));
+    restart();
     QVERIFY(QDir::isAbsolutePath(m_target) && !m_target.contains(QLatin1String("evil")));
     QCOMPARE(m_messages.told.size(), line.startsWith("lang") ? 1 : 0);
 }

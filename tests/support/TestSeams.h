@@ -20,6 +20,10 @@ struct AnsweredMessages final : Messages {
     bool answer = true;
     QStringList typed; ///< into the input boxes, one after the other
 
+    /// Of a box that was told, and of one that was asked; empty if there was none.
+    [[nodiscard]] QByteArray toldText(qsizetype box = 0) const { return told.value(box).text.toUtf8(); }
+    [[nodiscard]] QByteArray askedText(qsizetype box = 0) const { return asked.value(box).text.toUtf8(); }
+
     using Messages::tell;
     void tell(const Box& box, std::function<void()> closed) override
     {

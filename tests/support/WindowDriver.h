@@ -5,9 +5,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCoreApplication>
+#include <QDropEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
+#include <QUrl>
 #include <QWidget>
 
 /// The control of a window by its name; ends the test program when there is none.
@@ -27,6 +31,20 @@ inline void click(const QObject& window, const char* button)
 inline void choose(const QObject& window, const char* entry)
 {
     control<QAction>(window, entry).trigger();
+}
+
+/// Drops URLs on a window; false if it takes none of them.
+inline bool drop(QWidget& window, const QList<QUrl>& urls)
+{
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QCoreApplication::sendEvent(&window, &enter);
+    QDropEvent drop({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
+    if (enter.isAccepted())
+        QCoreApplication::sendEvent(&window, &drop);
+    return enter.isAccepted();
 }
 
 /// What a control shows for a caption; null for a control that has none.

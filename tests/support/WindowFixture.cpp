@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/WindowFixture.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLabel>
+
+void WindowFixture::initTestCase()
+{
+    QGuiApplication::setApplicationName(QStringLiteral("Tarnwick"));
+    // Windows must fit the screen, whatever fonts the system has.
+    QFont small;
+    small.setPixelSize(6);
+    QApplication::setFont(small);
+}
+
+void WindowFixture::init()
+{
+    m_messages = {};
+    m_dialogs = {};
+    m_shell = {};
+    m_server = std::make_unique<ScriptedServer>();
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("TARNWICK_DATA", file("data").toLocal8Bit());
+    QVERIFY(QDir().mkpath(file("data")));
+    QVERIFY(writeFile(file("default_lang.ini"), "0")); // whatever language the system has
+}
+
+void WindowFixture::cleanup()
+{
+    m_window.reset();
+    m_session.reset();
+}
+
+void WindowFixture::start()
+{
+    cleanup();
+    m_session = std::make_unique<Session>();
+    m_session->cookies.setCookieFolder(file("data/Cookies"));
+    m_loaded = Settings::loadSettings(*m_session, m_folder->path());
+    m_window = std::make_unique<MainWindow>(*m_session, seams());
+    m_window->restoreState();
+    m_window->show();
+    m_window->resumeLanguage();
+}
+
+void WindowFixture::quit()
+{
+    m_window->close();
+    cleanup();
+}
+
+void WindowFixture::beginSearch()
+{
+    choose("m_searchNew");
+    the<QLineEdit>("startlink").setText(QString::fromLatin1(m_server->origin()));
+    confirm("dialog_getSearch");
+}
+
+void WindowFixture::searchToEnd()
+{
+    beginSearch();
+    QTRY_COMPARE(m_session->search.isSearching(), false);
+}
+
+QByteArray WindowFixture::cell(int row, int column) const
+{
+    return details().model()->index(row, column).data().toByteArray();
+}
+
+QMainWindow* WindowFixture::downloadManager()
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QLatin1String("DLManager"))
+            return qobject_cast<QMainWindow*>(window);
+    }
+    return nullptr;
+}
+
+QByteArray WindowFixture::panel(int number) const
+{
+    return the<QLabel>(QByteArray("panel_" + QByteArray::number(number)).constData()).text().toUtf8();
+}
