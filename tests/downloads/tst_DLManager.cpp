@@ -12,17 +12,15 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QDropEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
 
-class tst_DLManager : public QObject {
+class tst_DLManager : public QObject, AnsweredSeams {
     Q_OBJECT
 
 private slots:
@@ -45,19 +43,23 @@ private slots:
 
 private:
     [[nodiscard]] QWidget& window() const { return *m_window; }
-    [[nodiscard]] QString cell(int row, int column) const
-    {
-        return m_window->list().model()->index(row, column).data().toString();
-    }
+    [[nodiscard]] QAbstractItemModel& rows() const { return *m_window->list().model(); }
+    [[nodiscard]] QByteArray cell(int row, int column) const { return rows().index(row, column).data().toByteArray(); }
     void add(const QByteArray& path) { m_queue->addDL(m_server->origin() + path, -1, {}); }
+    /// Fills in a field of the dialog for numbered URLs.
+    void type(const char* field, const char* text) const
+    {
+        control<QLineEdit>(*m_numbered, field).setText(QString::fromLatin1(text));
+    }
+    void number(const char* field, int value) const { control<QSpinBox>(*m_numbered, field).setValue(value); }
+    [[nodiscard]] QString firstExample() const
+    {
+        return control<QListWidget>(*m_numbered, "beispiele").item(0)->text();
+    }
 
     QTemporaryDir m_folder;
     PlainExtras m_extras;
     LanguageTable m_language;
-    AnsweredMessages m_messages;
-    AnsweredFileDialogs m_dialogs;
-    RecordingShell m_shell;
-    AnsweredPicker m_picker;
     std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<DownloadQueue> m_queue;
     std::unique_ptr<DLManager> m_window;
@@ -77,6 +79,7 @@ void tst_DLManager::init()
     m_window = std::make_unique<DLManager>(*m_queue, m_language, m_messages, m_dialogs, m_shell);
     m_window->show();
     m_numbered = std::make_unique<getDLStack>(*m_queue, m_language, m_messages, m_picker, nullptr);
+    m_numbered->show();
 }
 
 void tst_DLManager::cleanup()
@@ -89,25 +92,24 @@ void tst_DLManager::cleanup()
 
 void tst_DLManager::showsEachDownload()
 {
-    QAbstractItemModelTester tester(m_window->list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester tester(&rows(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     add("/f.zip");
     m_queue->addDL("https://h/x", 7, {});
-    QTRY_COMPARE(cell(0, DownloadModel::Status), QStringLiteral("Finished"));
-    const QStringList expected { QStringLiteral("f.zip"), QStringLiteral("Finished"), QStringLiteral("4"),
-        QStringLiteral("4"), QStringLiteral("100%"), m_folder.filePath(QStringLiteral("f.zip")),
-        QString::fromLatin1(m_server->origin() + "/f.zip") };
+    QTRY_COMPARE(cell(0, DownloadModel::Status), "Finished");
+    const QByteArrayList expected { "f.zip", "Finished", "4", "4", "100%",
+        m_folder.filePath(QStringLiteral("f.zip")).toUtf8(), m_server->origin() + "/f.zip" };
     for (int column = 0; column < DownloadModel::ColumnCount; ++column)
         QCOMPARE(cell(0, column), expected[column]);
-    QCOMPARE(m_window->list().model()->index(0, 0).data(DownloadModel::percentRole).toInt(), 100);
-    QCOMPARE(cell(1, DownloadModel::Status), QStringLiteral("Unsupported protocol"));
-    QCOMPARE(cell(1, DownloadModel::Size), QStringLiteral("7"));
+    QCOMPARE(rows().index(0, 0).data(DownloadModel::percentRole).toInt(), 100);
+    QCOMPARE(cell(1, DownloadModel::Status), "Unsupported protocol");
+    QCOMPARE(cell(1, DownloadModel::Size), "7");
     QTRY_VERIFY(control<QLabel>(window(), "summary").text().startsWith(QLatin1String("Running: 0   Waiting: 0")));
     QVERIFY(!m_window->grab().isNull()); // the progress bar is drawn
     QVERIFY(!m_window->list().actions().isEmpty());
     choose(window(), "c_usePercent");
-    QCOMPARE(cell(0, DownloadModel::Progress), QStringLiteral("1.00"));
+    QCOMPARE(cell(0, DownloadModel::Progress), "1.00");
     m_language.selectBuiltIn(LanguageTable::German);
-    QCOMPARE(cell(0, DownloadModel::Status), QStringLiteral("Fertig"));
+    QCOMPARE(cell(0, DownloadModel::Status), "Fertig");
     m_language.selectBuiltIn(LanguageTable::English);
 }
 
@@ -116,10 +118,12 @@ void tst_DLManager::commandsWorkOnSelectedRows()
     m_server->script("/stalls", { { okHeader("x/y") }, Afterwards::Stall });
     add("/stalls");
     add("/f.zip");
-    QTRY_COMPARE(cell(1, DownloadModel::Status), QStringLiteral("Finished"));
+    QTRY_COMPARE(cell(1, DownloadModel::Status), "Finished");
     m_window->list().selectRow(0);
+    QSignalSpy changed(m_queue.get(), &DownloadQueue::changed);
     choose(window(), "m_stopSel");
     QCOMPARE(m_queue->runningCount(), 0);
+    QCOMPARE(changed.count(), 1);
     m_window->list().selectRow(1);
     choose(window(), "m_startSel");
     QCOMPARE(m_queue->runningCount(), 1);
@@ -129,13 +133,13 @@ void tst_DLManager::commandsWorkOnSelectedRows()
     m_messages.answer = false;
     choose(window(), "m_RemoveSel");
     QCOMPARE(m_queue->count(), 2);
-    QCOMPARE(m_messages.asked.first().text, QStringLiteral("Are you sure?"));
+    QCOMPARE(m_messages.askedText(), "Are you sure?");
     m_messages.answer = true;
     QApplication::setActiveWindow(m_window.get());
     QTRY_VERIFY(m_window->isActiveWindow());
     QTest::keyClick(&m_window->list(), Qt::Key_Delete);
     QCOMPARE(m_queue->count(), 0);
-    QCOMPARE(m_window->list().model()->rowCount(), 0);
+    QCOMPARE(rows().rowCount(), 0);
 
     choose(window(), "m_DLactive");
     QCOMPARE(m_messages.told.last().text, QStringLiteral("coming soon"));
@@ -167,53 +171,49 @@ void tst_DLManager::asksForTheMaximum()
     choose(window(), "m_maxDL");
     QTEST(m_queue->settings().maxDL, "maximum");
     QTEST(static_cast<int>(m_messages.told.size()), "asked");
-    QCOMPARE(m_messages.told.first().text, QStringLiteral("3"));
+    QCOMPARE(m_messages.toldText(), "3");
 }
 
 void tst_DLManager::optionsAreThoseOfTheQueue()
 {
-    const DownloadSettings before = m_queue->settings();
-    for (const char* const name : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles",
-             "c_startImm", "c_usePercent", "m_relHTMLref", "m_removeFinished" })
-        choose(window(), name);
-    const DownloadSettings& now = m_queue->settings();
-    QVERIFY(now.naming.dirByUrl != before.naming.dirByUrl && now.naming.renameForMS != before.naming.renameForMS);
-    QVERIFY(now.naming.extByMIME != before.naming.extByMIME && now.overwrite != before.overwrite);
-    QVERIFY(now.startImmediately != before.startImmediately && now.usePercent != before.usePercent);
-    QVERIFY(now.relHTMLref != before.relHTMLref && now.removeFinished != before.removeFinished);
-    m_queue->settings() = before;
-    m_window->showSettings();
-    QCOMPARE(control<QAction>(window(), "c_startImm").isChecked(), before.startImmediately);
+    DownloadSettings& settings = m_queue->settings();
+    const QString target = settings.target;
+    const std::pair<const char*, bool&> options[] = { { "c_DirByUrl", settings.naming.dirByUrl },
+        { "c_RenameForMS", settings.naming.renameForMS }, { "c_extByMIME", settings.naming.extByMIME },
+        { "m_overwriteExistingFiles", settings.overwrite }, { "c_startImm", settings.startImmediately },
+        { "c_usePercent", settings.usePercent }, { "m_relHTMLref", settings.relHTMLref },
+        { "m_removeFinished", settings.removeFinished } };
+    for (const auto& [entry, option] : options) {
+        const bool before = option;
+        choose(window(), entry);
+        QVERIFY2(option != before, entry);
+        option = before;
+        m_window->showSettings();
+        QCOMPARE(control<QAction>(window(), entry).isChecked(), before);
+    }
 
     m_dialogs.choice = QStringLiteral("/chosen/folder");
     choose(window(), "m_targetSel");
-    QCOMPARE(m_dialogs.requests.first().proposal, before.target);
-    QCOMPARE(m_queue->settings().target, QDir::toNativeSeparators(QStringLiteral("/chosen/folder/")));
+    QCOMPARE(m_dialogs.requests.first().proposal, target);
+    QCOMPARE(settings.target, QDir::toNativeSeparators(QStringLiteral("/chosen/folder/")));
 }
 
 void tst_DLManager::opensWhatIsFinished()
 {
     add("/f.zip");
     m_queue->addDL("https://h/x", -1, {});
-    QTRY_COMPARE(cell(0, DownloadModel::Status), QStringLiteral("Finished"));
+    QTRY_COMPARE(cell(0, DownloadModel::Status), "Finished");
     choose(window(), "m_selectAll");
     choose(window(), "m_openCompletedSelected");
     choose(window(), "m_openTarget");
-    emit m_window->list().doubleClicked(m_window->list().model()->index(0, 0));
-    QCOMPARE(m_shell.openedFiles,
-        (QStringList {
-            m_folder.filePath(QStringLiteral("f.zip")), m_folder.path(), m_folder.filePath(QStringLiteral("f.zip")) }));
+    emit m_window->list().doubleClicked(rows().index(0, 0));
+    const QString file = m_folder.filePath(QStringLiteral("f.zip"));
+    QCOMPARE(m_shell.openedFiles, (QStringList { file, m_folder.path(), file }));
 }
 
 void tst_DLManager::takesDroppedUrls()
 {
-    QMimeData data;
-    data.setUrls({ QUrl(QStringLiteral("http://127.0.0.1:1/a b")), QUrl(QStringLiteral("file:///etc/passwd")) });
-    QDragEnterEvent enter({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(m_window.get(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop({ 5, 5 }, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(m_window.get(), &drop);
+    QVERIFY(drop(window(), { QUrl(QStringLiteral("http://127.0.0.1:1/a b")), QUrl(QStringLiteral("file:///etc/x")) }));
     QCOMPARE(m_queue->count(), 1);
     QCOMPARE(m_queue->entryAt(0).url, "http://127.0.0.1:1/a%20b");
 }
@@ -233,38 +233,37 @@ void tst_DLManager::everyCaptionHasItsKey()
 void tst_DLManager::keepsUpWithManyRows()
 {
     m_queue->settings().startImmediately = false;
-    QSignalSpy inserted(m_window->list().model(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy inserted(&rows(), &QAbstractItemModel::rowsInserted);
     for (int number = 0; number < 100'000; ++number)
         add('/' + QByteArray::number(number));
-    QTRY_COMPARE(m_window->list().model()->rowCount(), 100'000);
+    QTRY_COMPARE(rows().rowCount(), 100'000);
     QCOMPARE(inserted.count(), 1);
     m_queue->remove({ { 10, 99'989 } });
-    QCOMPARE(m_window->list().model()->rowCount(), 20);
-    QCOMPARE(cell(10, DownloadModel::Filename), QStringLiteral("99990"));
+    QCOMPARE(rows().rowCount(), 20);
+    QCOMPARE(cell(10, DownloadModel::Filename), "99990");
     // Rows here and there: all at once.
     for (int number = 0; number < 20'000; ++number)
         add("/more" + QByteArray::number(number));
-    QTRY_COMPARE(m_window->list().model()->rowCount(), 20'020);
+    QTRY_COMPARE(rows().rowCount(), 20'020);
     RowRuns odd;
     for (int row = 1; row < 20'020; row += 2)
         odd.push_back({ row, row });
     m_queue->remove(odd);
-    QCOMPARE(m_window->list().model()->rowCount(), 10'010);
-    QCOMPARE(cell(10'009, DownloadModel::Filename), QStringLiteral("more19998"));
+    QCOMPARE(rows().rowCount(), 10'010);
+    QCOMPARE(cell(10'009, DownloadModel::Filename), "more19998");
     QCOMPARE(m_queue->rowOf(m_queue->entryAt(5000).id), 5000);
 }
 
 void tst_DLManager::addsARunOfNumberedUrls()
 {
     m_queue->settings().startImmediately = false;
-    m_numbered->show();
-    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("x.y.z/img.jpg"));
-    control<QLineEdit>(*m_numbered, "quellUrl").setText(QStringLiteral("http://r/"));
-    control<QSpinBox>(*m_numbered, "Pos").setValue(16);
-    control<QSpinBox>(*m_numbered, "min").setValue(9);
-    control<QSpinBox>(*m_numbered, "max").setValue(11);
-    control<QSpinBox>(*m_numbered, "minStellen").setValue(2);
-    QCOMPARE(control<QListWidget>(*m_numbered, "beispiele").item(0)->text(), QStringLiteral("http://x.y.z/img09.jpg"));
+    type("startUrl", "x.y.z/img.jpg");
+    type("quellUrl", "http://r/");
+    number("Pos", 16);
+    number("min", 9);
+    number("max", 11);
+    number("minStellen", 2);
+    QCOMPARE(firstExample(), QStringLiteral("http://x.y.z/img09.jpg"));
     QSignalSpy confirmed(m_numbered.get(), &getDLStack::confirmed);
     click(*m_numbered, "b_ok");
     QCOMPARE(confirmed.count(), 1);
@@ -275,17 +274,16 @@ void tst_DLManager::addsARunOfNumberedUrls()
     QCOMPARE(m_queue->entryAt(2).size, -1);
 
     // A long run comes in parts, all the same.
-    control<QSpinBox>(*m_numbered, "max").setValue(50'008);
+    number("max", 50'008);
     click(*m_numbered, "b_ok");
     QTRY_COMPARE(m_queue->count(), 50'000);
-    control<QSpinBox>(*m_numbered, "max").setValue(1);
+    number("max", 1);
     click(*m_numbered, "b_ok");
     QCOMPARE(m_queue->count(), 50'000);
 }
 
 void tst_DLManager::theIndexFollowsTheCursor()
 {
-    m_numbered->show();
     QApplication::setActiveWindow(m_numbered.get());
     auto& url = control<QLineEdit>(*m_numbered, "startUrl");
     url.setFocus();
@@ -298,7 +296,7 @@ void tst_DLManager::theIndexFollowsTheCursor()
     for (int step = 0; step < 4; ++step)
         QTest::keyClick(&url, Qt::Key_Left);
     QCOMPARE(pos(), 10);
-    QCOMPARE(control<QListWidget>(*m_numbered, "beispiele").item(0)->text(), QStringLiteral("http://h/a1.jpg"));
+    QCOMPARE(firstExample(), QStringLiteral("http://h/a1.jpg"));
     url.setText(QStringLiteral("http://h/"));
     url.setCursorPosition(9);
     QCOMPARE(pos(), 9);
@@ -307,27 +305,25 @@ void tst_DLManager::theIndexFollowsTheCursor()
 void tst_DLManager::asksBeforeAVeryLongRun()
 {
     m_queue->settings().startImmediately = false;
-    m_numbered->show();
-    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("h/"));
-    control<QSpinBox>(*m_numbered, "max").setValue(2'000'000'000);
+    type("startUrl", "h/");
+    number("max", 2'000'000'000);
     m_messages.answer = false;
     click(*m_numbered, "b_ok");
     QCOMPARE(m_messages.asked.size(), 1);
     QVERIFY(m_numbered->isVisible());
     QCOMPARE(m_queue->count(), 0);
     // Two runs one after the other: the second waits for the first.
-    control<QSpinBox>(*m_numbered, "max").setValue(40'000);
+    number("max", 40'000);
     click(*m_numbered, "b_ok");
-    control<QSpinBox>(*m_numbered, "min").setValue(100'001);
-    control<QSpinBox>(*m_numbered, "max").setValue(100'002);
+    number("min", 100'001);
+    number("max", 100'002);
     click(*m_numbered, "b_ok");
     QTRY_COMPARE(m_queue->count(), 40'002);
 }
 
 void tst_DLManager::refusesAnInvalidUrl()
 {
-    m_numbered->show();
-    control<QLineEdit>(*m_numbered, "startUrl").setText(QStringLiteral("http://.z/"));
+    type("startUrl", "http://.z/");
     click(*m_numbered, "b_ok");
     QVERIFY(m_numbered->isVisible());
     QCOMPARE(m_messages.told.first().title, QStringLiteral("Invalid user input"));

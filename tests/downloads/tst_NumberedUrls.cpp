@@ -12,7 +12,6 @@ class tst_NumberedUrls : public QObject {
 private slots:
     void writesIndexes_data();
     void writesIndexes();
-    void insertsTheIndex_data();
     void insertsTheIndex();
     void confirms();
     void keepsOneSampleInSix();
@@ -54,24 +53,15 @@ void tst_NumberedUrls::writesIndexes()
         QCOMPARE(letterNumbers::number(written, letterNumbers::Letters::Capital), index);
 }
 
-void tst_NumberedUrls::insertsTheIndex_data()
-{
-    QTest::addColumn<int>("pos");
-    QTest::addColumn<QByteArray>("url");
-    QTest::newRow("in front") << 0 << QByteArray("5http://h/a");
-    QTest::newRow("in the middle") << 9 << QByteArray("http://h/5a");
-    QTest::newRow("at the end") << 10 << QByteArray("http://h/a5");
-    QTest::newRow("beyond the end") << 99 << QByteArray("http://h/a5");
-    QTest::newRow("before the start") << -1 << QByteArray("5http://h/a");
-}
-
 void tst_NumberedUrls::insertsTheIndex()
 {
-    QFETCH(int, pos);
     NumberedUrls run;
     run.startUrl = "http://h/a";
-    run.pos = pos;
-    QTEST(run.urlFor(5), "url");
+    for (const auto& [pos, url] : { std::pair(0, "5http://h/a"), { 9, "http://h/5a" }, { 10, "http://h/a5" },
+             { 99, "http://h/a5" }, { -1, "5http://h/a" } }) {
+        run.pos = pos;
+        QCOMPARE(run.urlFor(5), url);
+    }
 }
 
 void tst_NumberedUrls::confirms()
@@ -95,10 +85,8 @@ void tst_NumberedUrls::keepsOneSampleInSix()
 {
     DLGeschwindigkeitsmessung meter;
     QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
-    meter.push(1000, 0);
-    QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
-    for (int passedOver = 0; passedOver < 5; ++passedOver) {
-        meter.push(1500, 999'999);
+    for (int offer = 0; offer < 6; ++offer) {
+        meter.push(offer == 0 ? 1000 : 1500, offer == 0 ? 0 : 999'999);
         QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);
     }
     meter.push(2000, 51'200);

@@ -19,6 +19,7 @@ class tst_Faults : public SearchFixture {
     Q_OBJECT
 
 private slots:
+    void init();
     void searchGoesOn_data() { faults(); }
     void searchGoesOn();
     void downloadsGoOn_data() { faults(); }
@@ -29,12 +30,20 @@ private slots:
 
 private:
     static void faults();
-    [[nodiscard]] static bool isBeyondWine();
     /// Makes `server` answer as the row says; gives the URL of the fault.
     static QByteArray faultAt(ScriptedServer& server);
     [[nodiscard]] QString toldOf(const FundStück& item, const ScriptedServer& server) const;
     [[nodiscard]] static QString toldOf(const DownloadEntry& entry);
 };
+
+void tst_Faults::init()
+{
+    SearchFixture::init();
+    static const QByteArrayList beyondWine { "reset before it is asked", "reset when it is asked",
+        "answered before it is asked", "a page without end", "a file without end" };
+    if (isOnWine() && beyondWine.contains(QTest::currentDataTag()))
+        QSKIP("Wine does not tell of a reset before a byte is read, nor of anything else while bytes come endlessly.");
+}
 
 /// The expected outcome of a search is its item's state, and the text of its failure, or status, size and whether the
 /// link of the page was found; that of a download its tag, text and file. A download of "V" runs until it is stopped.
@@ -147,13 +156,6 @@ void tst_Faults::faults()
         "F: Relocated");
 }
 
-bool tst_Faults::isBeyondWine()
-{
-    static const QByteArrayList titles { "reset before it is asked", "reset when it is asked",
-        "answered before it is asked", "a page without end", "a file without end" };
-    return isOnWine() && titles.contains(QTest::currentDataTag());
-}
-
 QByteArray tst_Faults::faultAt(ScriptedServer& server)
 {
     QFETCH(QByteArray, url);
@@ -188,9 +190,6 @@ void tst_Faults::searchGoesOn()
 {
     QFETCH(Answer, answer);
     QFETCH(QString, search);
-    if (isBeyondWine())
-        QSKIP(
-            "Wine does not tell of a reset before a byte is read, nor of anything else while bytes come without end.");
     ScriptedServer server;
     m_server->page("/", "<a href='" + faultAt(server) + "'><a href='good'>");
     m_run->setBodyLimit(1'000'000);
@@ -215,9 +214,6 @@ void tst_Faults::searchGoesOn()
 void tst_Faults::downloadsGoOn()
 {
     QFETCH(QString, download);
-    if (isBeyondWine())
-        QSKIP(
-            "Wine does not tell of a reset before a byte is read, nor of anything else while bytes come without end.");
     QFETCH(QByteArray, file);
     ScriptedServer server;
     const QTemporaryDir folder;
@@ -276,36 +272,22 @@ void tst_Faults::cookiesDoNotPileUp()
     RequestPrefs prefs;
     prefs.useCookies = true;
     RequestProfile extras(prefs, store);
-    const auto setCookie = [](int number) -> QByteArray {
-        return "Set-Cookie: c" + QByteArray::number(number) + "=1; path=/\r\n";
-    };
-    const QString file = folder.filePath(QStringLiteral("127.0.0.1.tkc"));
-
-    constexpr int answers = 300;
-    QByteArray links;
-    for (int number = 0; number < answers; ++number) {
-        const QByteArray path = '/' + QByteArray::number(number);
-        links += "<a href='" + path + "'>";
-        m_server->script(path, { { "HTTP/1.1 200 OK\r\n" + setCookie(number) + "\r\n" } });
-    }
-    m_server->page("/", links);
-    m_run = std::make_unique<SearchRun>(m_list, extras);
-    QVERIFY(searchToEnd());
-    QCOMPARE(contentOf(file).count('\n'), CookieStore::mostOfAHost);
-    QVERIFY(contentOf(file).contains("\tc298\t"));
-    QVERIFY(m_server->requests().constLast().size() < 5000);
-
     QByteArray header = "HTTP/1.1 200 OK\r\n";
-    int number = answers;
-    for (; header.size() < AnswerSplitter::headerLimit - 100; ++number)
-        header += setCookie(number);
+    for (int number = 0; header.size() < AnswerSplitter::headerLimit - 100; ++number)
+        header += "Set-Cookie: c" + QByteArray::number(number) + "=1; path=/\r\n";
     m_server->script("/full", { { header + "\r\n" } });
     DownloadQueue queue(extras);
     queue.settings().target = allgemein::withTrailingSeparator(folder.path());
     queue.addDL(url("/full"), -1, {});
     QTRY_COMPARE(toldOf(queue.entryAt(0)), QStringLiteral("C: Finished"));
-    QCOMPARE(contentOf(file).count('\n'), CookieStore::mostOfAHost);
-    QVERIFY(contentOf(file).endsWith(QByteArray("\tc" + QByteArray::number(number - 1) + "\t1\r\n")));
+    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: last=1; path=/\r\n\r\n" } });
+    m_run = std::make_unique<SearchRun>(m_list, extras);
+    QVERIFY(searchToEnd());
+    const QByteArray request = m_server->requests().constLast();
+    QVERIFY(request.contains("\r\nCookie: ") && request.size() < 5000);
+    const QByteArray kept = contentOf(folder.filePath(QStringLiteral("127.0.0.1.tkc")));
+    QCOMPARE(kept.count('\n'), CookieStore::mostOfAHost);
+    QVERIFY(kept.endsWith("/\tlast\t1\r\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_Faults)

@@ -16,7 +16,7 @@
 class SearchFixture : public QObject {
     Q_OBJECT
 
-private slots:
+protected slots:
     void init();
     void cleanup();
 
