@@ -4,6 +4,7 @@
 #include "base/lang.h"
 #include "support/ScriptedServer.h"
 #include "support/TestSeams.h"
+#include "support/Text.h"
 #include "support/WindowDriver.h"
 
 #include <QApplication>
@@ -160,10 +161,7 @@ void tst_BrowserPicker::isOffWithoutItsLibrary()
 
 void tst_BrowserPicker::tellsOfALibraryThatIsNone()
 {
-    QFile file(m_home.filePath(QStringLiteral("tarnwick_browser.so")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("nothing");
-    file.close();
+    QVERIFY(writeFile(m_home.filePath(QStringLiteral("tarnwick_browser.so")), "nothing"));
     BrowserPicker picker(m_language, m_messages, { m_home.path() });
     picker.pickUrl("http://h/", [this](const QByteArray& url) { m_picked += url; });
     QVERIFY(m_messages.told.value(0).text.startsWith(m_language.text("more.pickerFailed")));
