@@ -265,6 +265,7 @@ void tst_Settings::takesWhatItCan_data()
     row("an unknown key", "Tree=0", "tree=1", "Tree\n@:3");
     row("several unknown keys", "x=0\r\ny=1\r\ntree=0\r\nx=2\r\n", "tree=0", "x\n@:3\n... and 2 more");
     row("a line without a key", "rubbish\r\n", "tree=1", "rubbish\n@:3");
+    row("a very long key", QByteArray(100, 'x') + "=1", "tree=1", QByteArray(60, 'x') + "\n@:3");
 }
 
 void tst_Settings::takesWhatItCan()
