@@ -3,6 +3,7 @@
 #include "app/LanguageChoice.h"
 #include "app/Session.h"
 #include "support/ScriptedServer.h"
+#include "support/Table.h"
 #include "support/TestSeams.h"
 #include "support/Text.h"
 
@@ -182,11 +183,9 @@ void tst_CurrentSearch::nothingElseBeginsWhileAFileIsRead()
 
 void tst_CurrentSearch::asksOfEachUnknownLine_data()
 {
-    QTest::addColumn<bool>("goOn");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("going on") << true << 2 << QStringLiteral("later");
-    QTest::newRow("stopping") << false << 1 << QStringLiteral("&Beenden");
+    const auto row = table<bool, int, QString>("goOn", "asked", "caption");
+    row("going on", true, 2, QStringLiteral("later"));
+    row("stopping", false, 1, QStringLiteral("&Beenden"));
 }
 
 void tst_CurrentSearch::asksOfEachUnknownLine()

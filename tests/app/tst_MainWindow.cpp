@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Table.h"
 #include "support/WindowFixture.h"
 
 #include <QApplication>
@@ -307,18 +308,10 @@ void tst_MainWindow::downloadsRows()
 
 void tst_MainWindow::speaksEveryLanguage_data()
 {
-    QTest::addColumn<QByteArray>("finished");
-    QTest::addColumn<QString>("sizeHeader");
-    QTest::addColumn<QString>("clashes");
-    QTest::addColumn<QString>("page");
-    const auto row = [](const char* entry, const char* finished, const char* size, const char* clashes,
-                         const char* page) {
-        QTest::newRow(entry) << QByteArray(finished) << QString::fromUtf8(size) << QString::fromUtf8(clashes)
-                             << QString::fromUtf8(page);
-    };
-    row("m_lang(0)", "Search finished", "Size", "m_selectedDemark", "english.html");
-    row("m_lang(1)", "Suche abgeschlossen", "Größe", "", "deutsch.html");
-    row("m_lang(2)", "Recherche terminée", "Taille", "", "français.html");
+    const auto row = table<QByteArray, QString, QByteArray, QString>("finished", "sizeHeader", "clashes", "page");
+    row("m_lang(0)", "Search finished", QStringLiteral("Size"), "m_selectedDemark", QStringLiteral("english.html"));
+    row("m_lang(1)", "Suche abgeschlossen", QStringLiteral("Größe"), "", QStringLiteral("deutsch.html"));
+    row("m_lang(2)", "Recherche terminée", QStringLiteral("Taille"), "", QStringLiteral("français.html"));
 }
 
 /// The entries whose access key another one of the same menu has already.
@@ -352,7 +345,7 @@ void tst_MainWindow::speaksEveryLanguage()
         fixed += QStringLiteral("panel_%1").arg(number);
     }
     QCOMPARE(wrongCaptions(*m_window, m_session->language, fixed).join(u'\n'), QString());
-    QTEST(accessKeyClashes(m_window->menuBar()->actions()).join(u' '), "clashes");
+    QTEST(accessKeyClashes(m_window->menuBar()->actions()).join(u' ').toUtf8(), "clashes");
 
     choose("m_goHelpfile");
     const QString page = QFileInfo(m_shell.openedFiles.value(0)).fileName();
@@ -381,12 +374,7 @@ void tst_MainWindow::loadsALanguageFile()
 
 void tst_MainWindow::opensFiles_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QByteArray>("told");
-    const auto row = [](const char* title, const QByteArray& content, int rows, const QByteArray& told) {
-        QTest::newRow(title) << content << rows << told;
-    };
+    const auto row = table<QByteArray, int, QByteArray>("content", "rows", "told");
     row("parameters alone", "StartUrl=http://h/\r\n", 0, {});
     row("two lines that are not understood", "StartUrl=x\r\nFoo=1\r\nbar\r\nResults:\r\nhttp://h:80/\r\n", 1,
         "o.twk\n2: Invalid attribut:: Foo\n3: Invalid attribut:: bar");

@@ -3,6 +3,7 @@
 #include "app/WindowPlace.h"
 #include "base/allgemein.h"
 #include "results/MimeModel.h"
+#include "support/Table.h"
 #include "support/WindowFixture.h"
 
 #include <QCheckBox>
@@ -47,36 +48,17 @@ private:
 
 namespace {
 
-/// What a control that a user can change is set to; null for others.
-QString stateOf(const QObject* object)
-{
-    if (const auto* const action = qobject_cast<const QAction*>(object))
-        return action->isCheckable() ? QString::number(action->isChecked()) : QString();
-    if (const auto* const button = qobject_cast<const QAbstractButton*>(object))
-        return button->isCheckable() ? QString::number(button->isChecked()) : QString();
-    if (const auto* const box = qobject_cast<const QSpinBox*>(object))
-        return QString::number(box->value());
-    if (const auto* const field = qobject_cast<const QLineEdit*>(object))
-        return field->isReadOnly() || field->objectName().startsWith(QLatin1String("qt_")) ? QString() : field->text();
-    if (const auto* const list = qobject_cast<const QListWidget*>(object)) {
-        QStringList texts;
-        for (int row = 0; row < list->count(); ++row)
-            texts += list->item(row)->text();
-        return texts.join(u'|');
-    }
-    return {};
-}
-
-/// The controls of a window and of its dialogs with their states.
+/// The controls of a window and of its dialogs with what they hold.
 QStringList statesOf(const QWidget& window)
 {
     QStringList states;
     for (const QObject* const object : window.findChildren<QObject*>()) {
         // The combo box for the User-Agent text begins anew with each start of the program.
-        const QString state =
-            object->parent()->objectName() == QLatin1String("t_userAgent") ? QString() : stateOf(object);
-        if (!object->objectName().isEmpty() && !state.isNull())
-            states += object->objectName() + u'=' + state;
+        const bool isNew = object->parent()->objectName() == QLatin1String("t_userAgent");
+        for (const char* const property : { "checked", "value", "text", "count" }) {
+            if (!isNew && !object->objectName().isEmpty())
+                states += object->objectName() + u'=' + object->property(property).toString();
+        }
     }
     return states;
 }
@@ -219,12 +201,11 @@ void tst_Settings::everySettingSurvives()
 
 void tst_Settings::startsWithoutFiles_data()
 {
-    QTest::addColumn<QByteArray>("defaultLanguage");
-    QTest::addColumn<int>("language");
-    QTest::newRow("nothing at all") << QByteArray() << LanguageTable::builtInFor(QLocale::system());
-    QTest::newRow("a language for the first start") << QByteArray("2\r\n") << int { LanguageTable::French };
-    QTest::newRow("no number") << QByteArray("x") << int { LanguageTable::English };
-    QTest::newRow("a number of no language") << QByteArray("7") << int { LanguageTable::English };
+    const auto row = table<QByteArray, int>("defaultLanguage", "language");
+    row("nothing at all", {}, LanguageTable::builtInFor(QLocale::system()));
+    row("a language for the first start", "2\r\n", LanguageTable::French);
+    row("no number", "x", LanguageTable::English);
+    row("a number of no language", "7", LanguageTable::English);
 }
 
 void tst_Settings::startsWithoutFiles()
@@ -243,13 +224,10 @@ void tst_Settings::startsWithoutFiles()
 
 void tst_Settings::takesWhatItCan_data()
 {
-    QTest::addColumn<QByteArray>("lines");
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("told");
-    const auto row = [](const char* name, const QByteArray& lines, const QByteArray& line,
+    const auto table = ::table<QByteArray, QByteArray, QByteArray>("lines", "line", "told");
+    const auto row = [table](const char* name, const QByteArray& lines, const QByteArray& line,
                          const QByteArray& told = {}) {
-        QTest::newRow(name) << lines << line
-                            << (told.isEmpty() ? told : "Error while loading preferences\nInvalid attribut:: " + told);
+        table(name, lines, line, told.isEmpty() ? told : "Error while loading preferences\nInvalid attribut:: " + told);
     };
     row("no number for a number", "Filter_maxSize=x", "Filter_maxSize=0");
     row("a negative bound", "Filter_maxDepth=-5", "Filter_maxDepth=0");
@@ -392,12 +370,11 @@ void tst_Settings::remembersTheSplitterOfAHiddenTree()
 
 void tst_Settings::fitsWindowsOnTheScreen_data()
 {
-    QTest::addColumn<QRect>("wanted");
-    QTest::addColumn<QRect>("fitted");
-    QTest::newRow("inside") << QRect(200, 50, 300, 200) << QRect(200, 50, 300, 200);
-    QTest::newRow("too far to the right and down") << QRect(950, 550, 300, 200) << QRect(800, 420, 300, 200);
-    QTest::newRow("too far to the left and up") << QRect(-50, -50, 300, 200) << QRect(100, 20, 300, 200);
-    QTest::newRow("larger than the screen") << QRect(500, 500, 5000, 200) << QRect(100, 420, 1000, 200);
+    const auto row = table<QRect, QRect>("wanted", "fitted");
+    row("inside", { 200, 50, 300, 200 }, { 200, 50, 300, 200 });
+    row("too far to the right and down", { 950, 550, 300, 200 }, { 800, 420, 300, 200 });
+    row("too far to the left and up", { -50, -50, 300, 200 }, { 100, 20, 300, 200 });
+    row("larger than the screen", { 500, 500, 5000, 200 }, { 100, 420, 1000, 200 });
 }
 
 void tst_Settings::fitsWindowsOnTheScreen()

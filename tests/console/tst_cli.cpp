@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
 #include "support/ScriptedServer.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QDir>
@@ -158,10 +159,9 @@ void tst_cli::savesWhatListPrints()
 
 void tst_cli::filters_data()
 {
-    QTest::addColumn<QByteArray>("options");
-    QTest::addColumn<QByteArray>("found");
-    const auto row = [](const char* options, const char* found) {
-        QTest::newRow(options) << QByteArray(options) << QByteArray(found);
+    const auto addRow = table<QByteArray, QByteArray>("options", "found");
+    const auto row = [addRow](const char* options, const char* found) {
+        addRow(options, options, found);
     };
     row("--mime TEXT/html", "http://h:80/\nhttp://h:80/d/a\n");
     row("--mime text/html --mime image/png", "http://h:80/\nhttp://h:80/d/a\nhttp://h:80/d/b\n");
@@ -321,12 +321,7 @@ void tst_cli::jsonLeadsToTheSamePlace()
 
 void tst_cli::downloads_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("out");
-    QTest::addColumn<int>("status");
-    const auto row = [](const char* title, const char* line, const char* out, int status) {
-        QTest::newRow(title) << QByteArray(line) << QByteArray(out) << status;
-    };
+    const auto row = table<QByteArray, QByteArray, int>("line", "out", "status");
     row("a URL", "download @t URL/c.bin", "C @t/c.bin URL/c.bin\n", 0);
     row("what is too short", "download @t URL/a.html", "S @t/a.html URL/a.html\n", 2);
     row("what fails", "download @t https://h/ URL/c.bin", "F - https://h/\nC @t/c.bin URL/c.bin\n", 2);

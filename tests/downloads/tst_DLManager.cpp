@@ -7,6 +7,7 @@
 #include "downloads/getDLStack.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
+#include "support/Table.h"
 #include "support/TestSeams.h"
 #include "support/WindowDriver.h"
 
@@ -150,12 +151,7 @@ void tst_DLManager::commandsWorkOnSelectedRows()
 
 void tst_DLManager::asksForTheMaximum_data()
 {
-    QTest::addColumn<QStringList>("typed");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<int>("asked");
-    const auto row = [](const char* title, const char* typed, int maximum, int asked) {
-        QTest::newRow(title) << QString::fromLatin1(typed).split(u' ', Qt::SkipEmptyParts) << maximum << asked;
-    };
+    const auto row = table<QByteArray, int, int>("typed", "maximum", "asked");
     row("a number", "7", 7, 1);
     row("a half goes to the even one", "2.5", 2, 1);
     row("out of range, then cancelled", "0 11", 3, 3);
@@ -166,8 +162,8 @@ void tst_DLManager::asksForTheMaximum_data()
 
 void tst_DLManager::asksForTheMaximum()
 {
-    QFETCH(QStringList, typed);
-    m_messages.typed = typed;
+    QFETCH(QByteArray, typed);
+    m_messages.typed = QString::fromLatin1(typed).split(u' ', Qt::SkipEmptyParts);
     choose(window(), "m_maxDL");
     QTEST(m_queue->settings().maxDL, "maximum");
     QTEST(static_cast<int>(m_messages.told.size()), "asked");

@@ -6,6 +6,7 @@
 #include "support/FileSizeLimit.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QDir>
@@ -14,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <map>
 #include <memory>
 
 #ifdef Q_OS_UNIX
@@ -228,52 +230,38 @@ void tst_DownloadQueue::aRunningEntryBeginsAnew()
 
 namespace {
 
-/// The download list as a plain walk over its rows would have it.
-class ListModel {
-public:
-    struct Row {
-        int id = 0;
-        char tag = 'W';
-    };
+bool isSilent(const DownloadEntry* entry)
+{
+    return entry->status == DownloadStatus::Loading;
+}
 
-    std::vector<Row> rows;
+/// The download list as a plain walk over its rows would have it.
+struct ListModel {
+    std::map<int, char> rows; ///< tags, by ids
     std::array<int, DownloadSettings::mostSlots> slotItems {}; ///< ids; 0 for a free slot
     int maximum = DownloadSettings::mostSlots;
 
-    void add(int id)
-    {
-        rows.push_back({ id, 'W' });
-        startWaiting();
-    }
     void queue(const QList<int>& ids)
     {
         for (int& item : slotItems)
             item = ids.contains(item) ? 0 : item;
-        for (Row& row : rows)
-            row.tag = ids.contains(row.id) ? 'W' : row.tag;
+        for (const int id : ids)
+            rows[id] = 'W';
         startWaiting();
     }
-    void stop(const QList<int>& ids)
-    {
-        const std::vector<size_t> freed = slotsOf(ids);
-        for (const size_t slot : freed)
-            goOn(slot);
-    }
+    void stop(const QList<int>& ids) { goOn(slotsOf(ids)); }
     void remove(const QList<int>& ids)
     {
-        const std::vector<size_t> freed = slotsOf(ids);
-        std::erase_if(rows, [&](const Row& row) { return ids.contains(row.id); });
-        for (const size_t slot : freed)
-            goOn(slot);
+        for (const int id : ids)
+            rows.erase(id);
+        goOn(slotsOf(ids));
     }
     void end(int id, char tag, bool removes)
     {
-        const size_t slot = slotsOf({ id }).front();
-        for (Row& row : rows)
-            row.tag = row.id == id ? tag : row.tag;
+        rows[id] = tag;
         if (tag == 'C' && removes)
-            std::erase_if(rows, [id](const Row& row) { return row.id == id; });
-        goOn(slot);
+            rows.erase(id);
+        goOn(slotsOf({ id }));
     }
 
 private:
@@ -286,10 +274,12 @@ private:
         }
         return found;
     }
-    void goOn(size_t slot)
+    void goOn(const std::vector<size_t>& freed)
     {
-        startNext(slot);
-        startWaiting();
+        for (const size_t slot : freed) {
+            startNext(slot);
+            startWaiting();
+        }
     }
     void startWaiting()
     {
@@ -301,15 +291,12 @@ private:
     void startNext(size_t slot)
     {
         const int from = std::exchange(slotItems[slot], 0);
-        if (slot >= static_cast<size_t>(maximum))
+        const auto next = std::find_if(
+            rows.begin(), rows.end(), [from](const auto& row) { return row.first >= from && row.second == 'W'; });
+        if (slot >= static_cast<size_t>(maximum) || next == rows.end())
             return;
-        for (Row& row : rows) {
-            if (row.id >= from && row.tag == 'W') {
-                row.tag = 'V';
-                slotItems[slot] = row.id;
-                return;
-            }
-        }
+        next->second = 'V';
+        slotItems[slot] = next->first;
     }
 };
 
@@ -320,11 +307,12 @@ private:
 void tst_DownloadQueue::nothingLosesItsSlot()
 {
     QRandomGenerator random(4711);
-    m_queue->settings().maxDL = DownloadSettings::mostSlots;
-    m_queue->settings().overwrite = true;
+    DownloadSettings& settings = m_queue->settings();
+    settings.maxDL = DownloadSettings::mostSlots;
+    settings.overwrite = true;
     ListModel model;
     connect(m_queue.get(), &DownloadQueue::ended, this, [&](const DownloadEntry& entry) {
-        model.end(static_cast<int>(entry.id), letterOf(entry.tag).at(0), m_queue->settings().removeFinished);
+        model.end(static_cast<int>(entry.id), letterOf(entry.tag).at(0), settings.removeFinished);
     });
     const QList<Answer> answers { { { okHeader("x/y") }, Afterwards::Stall },
         { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } }, {}, { { okHeader("x/y") }, Afterwards::Reset },
@@ -340,6 +328,7 @@ void tst_DownloadQueue::nothingLosesItsSlot()
                 ids += static_cast<int>(m_queue->entryAt(row).id);
             }
         }
+        const auto running = m_queue->running();
         switch (random.bounded(7)) {
         case 0:
             model.remove(ids);
@@ -353,30 +342,25 @@ void tst_DownloadQueue::nothingLosesItsSlot()
             model.queue(ids);
             m_queue->queue(mergedRuns(rows));
             break;
-        case 3: {
+        case 3:
             // Those that are not silent yet will tell of something.
-            const auto running = m_queue->running();
-            const bool allSilent = std::all_of(running.begin(), running.end(),
-                [](const DownloadEntry* entry) { return entry->status == DownloadStatus::Loading; });
-            QVERIFY(allSilent || changed.wait());
-            m_queue->settings().removeFinished = random.bounded(2) == 0;
+            QVERIFY(std::all_of(running.begin(), running.end(), isSilent) || changed.wait());
+            settings.removeFinished = random.bounded(2) == 0;
             break;
-        }
         case 4:
-            model.maximum = m_queue->settings().maxDL = 1 + random.bounded(int { DownloadSettings::mostSlots });
+            model.maximum = settings.maxDL = 1 + random.bounded(int { DownloadSettings::mostSlots });
             break;
-        default: {
+        default:
             const QByteArray path = '/' + QByteArray::number(++added);
             m_server->script(path, answers[random.bounded(answers.size())]);
             const int count = m_queue->count();
             add(path);
             if (m_queue->count() > count)
-                model.add(static_cast<int>(m_queue->entryAt(count).id));
-        }
+                model.queue({ static_cast<int>(m_queue->entryAt(count).id) });
         }
         QByteArray expected;
-        for (const ListModel::Row& row : model.rows)
-            expected += row.tag;
+        for (const auto& [id, tag] : model.rows)
+            expected += tag;
         QCOMPARE(tags(), expected);
         for (const int item : model.slotItems)
             QVERIFY(item == 0 || m_queue->isRunning(static_cast<quint64>(item)));
@@ -389,12 +373,7 @@ void tst_DownloadQueue::nothingLosesItsSlot()
 
 void tst_DownloadQueue::showsProgress_data()
 {
-    QTest::addColumn<qint64>("received");
-    QTest::addColumn<qint64>("size");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char* title, qint64 received, qint64 size, const char* shown) {
-        QTest::newRow(title) << received << size << QString::fromLatin1(shown);
-    };
+    const auto row = table<qint64, qint64, QByteArray>("received", "size", "shown");
     row("a third", 1, 3, "33% 0.33");
     row("a half is rounded up", 57, 200, "29% 0.29");
     row("a small half as well", 3, 200, "2% 0.02");
@@ -416,7 +395,8 @@ void tst_DownloadQueue::showsProgress()
     entry.received = received;
     entry.size = size;
     entry.speed = 1536;
-    QTEST(QString(downloadText::progress(entry, true) + u' ' + downloadText::progress(entry, false)), "shown");
+    const QString shown = downloadText::progress(entry, true) + u' ' + downloadText::progress(entry, false);
+    QTEST(shown.toLatin1(), "shown");
     QCOMPARE(downloadText::received(entry), QString::number(received));
     QCOMPARE(downloadText::status(entry, LanguageTable()), QStringLiteral("Loading: 1.5 kiB/s"));
 }

@@ -3,6 +3,7 @@
 #include "base/allgemein.h"
 #include "downloads/DLGeschwindigkeitsmessung.h"
 #include "downloads/NumberedUrls.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -21,13 +22,7 @@ private slots:
 
 void tst_NumberedUrls::writesIndexes_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("digits");
-    QTest::addColumn<QByteArray>("text");
-    const auto row = [](const char* title, int index, IndexType type, int digits, const char* text) {
-        QTest::newRow(title) << index << static_cast<int>(type) << digits << QByteArray(text);
-    };
+    const auto row = table<int, IndexType, int, QByteArray>("index", "type", "digits", "text");
     row("decimal", 7, IndexType::Decimal, 3, "007");
     row("decimal, more digits than asked for", 1234, IndexType::Decimal, 2, "1234");
     row("decimal, no digits asked for", 0, IndexType::Decimal, 0, "0");
@@ -44,12 +39,11 @@ void tst_NumberedUrls::writesIndexes_data()
 void tst_NumberedUrls::writesIndexes()
 {
     QFETCH(int, index);
-    QFETCH(int, type);
+    QFETCH(IndexType, type);
     QFETCH(int, digits);
-    const IndexType how = static_cast<IndexType>(type);
-    const QByteArray written = indexText(index, how, digits);
+    const QByteArray written = indexText(index, type, digits);
     QTEST(written, "text");
-    if (how == IndexType::CapitalLetters)
+    if (type == IndexType::CapitalLetters)
         QCOMPARE(letterNumbers::number(written, letterNumbers::Letters::Capital), index);
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "downloads/TargetName.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -31,12 +32,7 @@ constexpr NamingRules all { true, true, true };
 
 void tst_TargetName::names_data()
 {
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<QByteArray>("contentType");
-    QTest::addColumn<QByteArray>("target");
-    const auto row = [](const char* title, const QByteArray& url, const char* type, const char* target) {
-        QTest::newRow(title) << url << QByteArray(type) << QByteArray(target);
-    };
+    const auto row = table<QByteArray, QByteArray, QByteArray>("url", "contentType", "target");
     row("host, port and path", "http://x.y.z:8080/a/f.zip", "?", "z/y/x/8080/a/f.zip");
     row("without a port it is 80", "http://x.y.z/a/b/f.zip", "?", "z/y/x/80/a/b/f.zip");
     row("a query, its extension before its question mark", "http://h/f.cgi?id=1", "application/zip; x=y",
@@ -68,15 +64,10 @@ void tst_TargetName::names()
 
 void tst_TargetName::rulesStandForThemselves_data()
 {
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<QByteArray>("directories");
-    QTest::addColumn<QByteArrayList>("names"); // as it is, with an extension, renamed, both
+    // Names as they are, with an extension, renamed, both.
+    const auto row = table<QByteArray, QByteArray, QByteArrayList>("url", "directories", "names");
     const QByteArray refused = "(name)";
     const QByteArray longName(300, 'n');
-    const auto row = [](const char* title, const QByteArray& url, const char* directories,
-                         const QByteArrayList& names) {
-        QTest::newRow(title) << url << QByteArray(directories) << names;
-    };
     row("a plain name", "http://h/f", "h/80/", { "f", "f.zip", "f", "f.zip" });
     row("an extension", "http://h/f.zip", "h/80/", { "f.zip", "f.zip", "f.zip", "f.zip" });
     row("a query", "http://h/f?x", "h/80/", { "f?x", "f?x.zip", "f%3Fx", "f%3Fx.zip" });

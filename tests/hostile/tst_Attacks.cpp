@@ -3,6 +3,7 @@
 #include "results/FoundsView.h"
 #include "results/SearchFile.h"
 #include "results/SearchFileReader.h"
+#include "support/Table.h"
 #include "support/WindowFixture.h"
 
 #include <QDirIterator>
@@ -101,12 +102,12 @@ void tst_Attacks::restart()
 /// Rows with what might end a line, a field or a text, and something to be taken for the next one.
 void tst_Attacks::addBreaks()
 {
-    QTest::addColumn<QByteArray>("sign");
-    QTest::newRow("CR") << QByteArray("\r");
-    QTest::newRow("LF") << QByteArray("\n");
-    QTest::newRow("CR LF") << QByteArray("\r\n");
-    QTest::newRow("TAB") << QByteArray("\t");
-    QTest::newRow("NUL") << QByteArray(1, '\0');
+    const auto row = table<QByteArray>("sign");
+    row("CR", "\r");
+    row("LF", "\n");
+    row("CR LF", "\r\n");
+    row("TAB", "\t");
+    row("NUL", QByteArray(1, '\0'));
 }
 
 void tst_Attacks::searchSite()
@@ -262,13 +263,10 @@ void tst_Attacks::downloadsStayInTheirFolder()
 
 void tst_Attacks::downloadsFollowNoLinks_data()
 {
-    QTest::addColumn<QString>("link");
-    QTest::addColumn<QString>("to");
-    QTest::addColumn<bool>("dirByUrl");
-    const QString file = QStringLiteral("target/f");
-    QTest::newRow("the file is a link") << file << QStringLiteral("there") << false;
-    QTest::newRow("the file is a link to nothing") << file << QStringLiteral("nothing") << false;
-    QTest::newRow("a folder is a link") << QStringLiteral("target/1") << QStringLiteral("folder") << true;
+    const auto row = table<QString, QString, bool>("link", "to", "dirByUrl");
+    row("the file is a link", QStringLiteral("target/f"), QStringLiteral("there"), false);
+    row("the file is a link to nothing", QStringLiteral("target/f"), QStringLiteral("nothing"), false);
+    row("a folder is a link", QStringLiteral("target/1"), QStringLiteral("folder"), true);
 }
 
 void tst_Attacks::downloadsFollowNoLinks()
@@ -292,16 +290,16 @@ void tst_Attacks::downloadsFollowNoLinks()
 
 void tst_Attacks::cookiesStayInTheirFolder_data()
 {
-    QTest::addColumn<QByteArray>("host");
-    QTest::newRow("above the folder") << QByteArray("../h");
-    QTest::newRow("above the folder, with a dot in front") << QByteArray("../../h");
-    QTest::newRow("backslashes") << QByteArray("..\\h");
-    QTest::newRow("an absolute path") << QByteArray("/h");
-    QTest::newRow("NUL") << QByteArrayLiteral("h\0");
-    QTest::newRow("no host") << QByteArray();
+    const auto row = table<QByteArray>("host");
+    row("above the folder", "../h");
+    row("above the folder, with a dot in front", "../../h");
+    row("backslashes", "..\\h");
+    row("an absolute path", "/h");
+    row("NUL", QByteArrayLiteral("h\0"));
+    row("no host", {});
 #ifdef Q_OS_WIN
-    QTest::newRow("a device") << QByteArray("aux");
-    QTest::newRow("another stream of a file") << QByteArray("h:x");
+    row("a device", "aux");
+    row("another stream of a file", "h:x");
 #endif
 }
 
@@ -430,12 +428,12 @@ void tst_Attacks::onlyTheWebIsOpened()
 
 void tst_Attacks::namedFilesDoNoHarm_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::newRow("a folder for a language file") << QByteArray("langfile=.");
-    QTest::newRow("a disk image for a language file") << QByteArray("langfile=large");
-    QTest::newRow("downloads go above the program") << QByteArray("DLTarget=../evil");
+    const auto row = table<QByteArray>("line");
+    row("a folder for a language file", "langfile=.");
+    row("a disk image for a language file", "langfile=large");
+    row("downloads go above the program", "DLTarget=../evil");
 #ifdef Q_OS_UNIX
-    QTest::newRow("a language file that nobody writes") << QByteArray("langfile=pipe");
+    row("a language file that nobody writes", "langfile=pipe");
 #endif
 }
 

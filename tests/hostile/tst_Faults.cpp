@@ -7,6 +7,7 @@
 #include "requests/RequestProfile.h"
 #include "results/twk.h"
 #include "support/SearchFixture.h"
+#include "support/Table.h"
 #include "support/Wine.h"
 
 #include <QTemporaryDir>
@@ -49,17 +50,13 @@ void tst_Faults::init()
 /// link of the page was found; that of a download its tag, text and file. A download of "V" runs until it is stopped.
 void tst_Faults::faults()
 {
-    QTest::addColumn<QByteArray>("url"); // Empty: a server that answers as follows.
-    QTest::addColumn<Answer>("answer");
-    QTest::addColumn<bool>("unasked");
-    QTest::addColumn<QString>("search");
-    QTest::addColumn<QString>("download");
-    QTest::addColumn<QByteArray>("file");
+    // The URL is empty for a server that answers as follows.
+    const auto add = table<QByteArray, Answer, bool, QString, QString, QByteArray>(
+        "url", "answer", "unasked", "search", "download", "file");
 
-    const auto nowhere = [](const char* title, const QByteArray& url, int number) {
-        const QString failure = QStringLiteral("5: Network failure: %1:").arg(number);
-        QTest::newRow(title) << url << Answer() << false << failure << QStringLiteral("F: Network failure")
-                             << QByteArray();
+    const auto nowhere = [add](const char* title, const QByteArray& url, int number) {
+        add(title, url, {}, false, QStringLiteral("5: Network failure: %1:").arg(number),
+            QStringLiteral("F: Network failure"), {});
     };
     nowhere("nobody listens", "http://127.0.0.1:1/f", QAbstractSocket::ConnectionRefusedError);
     nowhere("port 0", "http://127.0.0.1:0/f", QAbstractSocket::SocketAddressNotAvailableError);
@@ -73,10 +70,9 @@ void tst_Faults::faults()
     nowhere("a host that does not resolve", "http://" + QByteArray(QByteArray(60, 'h') + '.').repeated(5) + "invalid/f",
         QAbstractSocket::HostNotFoundError);
 
-    const auto row = [](const QByteArray& title, const Answer& answer, const char* search, const char* download,
+    const auto row = [add](const QByteArray& title, const Answer& answer, const char* search, const char* download,
                          const QByteArray& file = {}, bool unasked = false) {
-        QTest::newRow(title.constData()) << QByteArray() << answer << unasked << QString::fromLatin1(search)
-                                         << QString::fromLatin1(download) << file;
+        add(title, {}, answer, unasked, QString::fromLatin1(search), QString::fromLatin1(download), file);
     };
     const auto early = [row](const char* title, const Answer& answer, bool unasked = false) {
         row(title, answer, "5: Prematurely disconnected", "F: Prematurely disconnected", {}, unasked);
@@ -244,10 +240,10 @@ void tst_Faults::downloadsGoOn()
 
 void tst_Faults::relocationsEnd_data()
 {
-    QTest::addColumn<int>("length");
-    QTest::newRow("a ring of two") << 2;
-    QTest::newRow("a ring of nineteen") << 19;
-    QTest::newRow("a thousand in a row") << 1000;
+    const auto row = table<int>("length");
+    row("a ring of two", 2);
+    row("a ring of nineteen", 19);
+    row("a thousand in a row", 1000);
 }
 
 void tst_Faults::relocationsEnd()
