@@ -16,9 +16,6 @@ class tst_CurrentSearch : public QObject {
 
 private slots:
     void init();
-    void tellsItsStates();
-    void panels();
-    void whatCannotBeReadChangesNothing();
     void openingReplacesOptionsAndLanguages();
     void whatIsSavedIsWholeWhenTheSearchGoes();
     void aNewSearchOvertakesOpening();
@@ -45,58 +42,6 @@ void tst_CurrentSearch::init()
     m_search = std::make_unique<CurrentSearch>(*m_session);
 }
 
-void tst_CurrentSearch::tellsItsStates()
-{
-    ScriptedServer server;
-    server.page("/", "<a href='a'><a href='b'>");
-    server.script("/a", { { okHeader("text/html") }, Afterwards::Stall });
-    QCOMPARE(m_search->status().state, SearchState::None);
-    QVERIFY(m_search->status().canStart() && !m_search->status().canStop() && !m_search->status().canContinue());
-
-    m_session->searchOptions.startUrl = server.origin();
-    m_search->start();
-    QVERIFY(!m_search->status().canStart() && m_search->status().canStop() && !m_search->status().canContinue());
-    QTRY_COMPARE(m_search->status().found, 3);
-    QTRY_COMPARE(server.paths().size(), 3);
-    m_search->stop();
-    QVERIFY(m_search->status().canStart() && !m_search->status().canStop() && m_search->status().canContinue());
-    m_search->continueSearch();
-    QTRY_COMPARE(m_search->status().state, SearchState::Finished);
-    QVERIFY(m_search->status().canStart() && !m_search->status().canStop() && !m_search->status().canContinue());
-}
-
-void tst_CurrentSearch::panels()
-{
-    const auto shown = [](SearchState state) {
-        QStringList texts;
-        for (const QString& text : SearchStatus { state, "http://h/", 3, 7 }.panels(LanguageTable()))
-            texts += text;
-        return texts.join(u'|').toUtf8();
-    };
-    const QByteArray rest = "|Start: http://h/|Depth: 3|Found urls: 7|Analysed urls: coming soon";
-    QCOMPARE(shown(SearchState::None), "no Search|Start: -|Depth: -|Found urls: -|Analysed urls: coming soon");
-    QCOMPARE(shown(SearchState::Searching), "State: Searching ..." + rest);
-    QCOMPARE(shown(SearchState::Stopped), "Search stopped" + rest);
-    QCOMPARE(shown(SearchState::Finished), "Search finished" + rest);
-    QCOMPARE(shown(SearchState::Loaded), "Search opened." + rest);
-}
-
-void tst_CurrentSearch::whatCannotBeReadChangesNothing()
-{
-    m_session->searchOptions.startUrl = "http://kept/";
-    m_session->search.fuegeFundHinzu("http://kept/", 0, {}, ReferenzTyp::Unbekannt);
-    QSignalSpy opened(m_search.get(), &CurrentSearch::opened);
-    for (const QString& name : { m_folder.filePath(QStringLiteral("none")), fileWith("<html>\r\n</html>\r\n") }) {
-        opened.clear();
-        m_search->open(name);
-        QTRY_COMPARE(opened.count(), 1);
-        QCOMPARE(m_session->foundItems.getAnzahl(), 1);
-        QCOMPARE(m_session->searchOptions.startUrl, "http://kept/");
-        QCOMPARE(m_search->fileName(), QString());
-        QCOMPARE(m_search->status().state, SearchState::None);
-    }
-}
-
 void tst_CurrentSearch::openingReplacesOptionsAndLanguages()
 {
     m_session->searchOptions.followSub = FollowMode::Inside;
@@ -116,14 +61,6 @@ void tst_CurrentSearch::openingReplacesOptionsAndLanguages()
     QCOMPARE(m_session->requestPrefs.userAgent, "kept");
     QCOMPARE(opened.first().at(2).value<MimeListe>().entries().size(), size_t { 2 });
     QCOMPARE(m_search->status().depthLimit, 9);
-
-    // What is opened can be saved where it came from.
-    QSignalSpy saved(m_search.get(), &CurrentSearch::saved);
-    m_search->save(m_search->fileName());
-    m_search->finishSaving();
-    QCOMPARE(saved.count(), 1);
-    QVERIFY(!saved.first().at(1).value<std::optional<QString>>());
-    QVERIFY(contentOf(m_search->fileName()).contains("Results:\r\nhttp://h:80/\ttext/html\t0\t"));
 }
 
 void tst_CurrentSearch::whatIsSavedIsWholeWhenTheSearchGoes()

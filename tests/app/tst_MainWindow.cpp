@@ -78,7 +78,6 @@ void tst_MainWindow::clickBranch(const QByteArray& url, qint32 level) const
 
 void tst_MainWindow::aSearchFromStartToFile()
 {
-    QVERIFY(!the<QAction>("m_searchStop").isEnabled());
     searchToEnd();
     const QByteArray all = ",one.html,three.pdf,,two.png,four.html";
     QTRY_COMPARE(shownNames(), all);
@@ -86,6 +85,7 @@ void tst_MainWindow::aSearchFromStartToFile()
     QCOMPARE(panel(2), "Start: " + m_server->origin());
     QCOMPARE(panel(3), "Depth: 3");
     QCOMPARE(panel(4), "Found urls: 6");
+    QCOMPARE(panel(5), "Analysed urls: coming soon");
     QTRY_COMPARE(panel(6), "Shown: 6"); // told after the rows
     QCOMPARE(the<QLabel>("nAngezeigte").text(), QStringLiteral("6"));
     QCOMPARE(cell(2, FoundModel::Size), "5000000000");
@@ -110,16 +110,29 @@ void tst_MainWindow::aSearchFromStartToFile()
 
 void tst_MainWindow::stopsAndContinues()
 {
+    const auto enabled = [this] {
+        QStringList names;
+        for (const QAction* const entry :
+            { &the<QAction>("m_searchNew"), &the<QAction>("m_searchStop"), &the<QAction>("m_searchContinue") })
+            names += entry->isEnabled() ? entry->objectName().mid(8) : QString();
+        return names.join(u' ').toLatin1();
+    };
     m_server->script("/a/one.html", { { okHeader("text/html") }, Afterwards::Stall });
+    QCOMPARE(panel(1), "no Search");
+    QCOMPARE(panel(2), "Start: -");
+    QCOMPARE(enabled(), "New  ");
     beginSearch();
-    QVERIFY(!the<QAction>("m_searchNew").isEnabled());
+    QCOMPARE(panel(1), "State: Searching ...");
+    QCOMPARE(enabled(), " Stop ");
     QVERIFY(the<QWidget>("busy").isVisible());
     QTRY_COMPARE(panel(4), "Found urls: 5"); // The sixth has relocated and is gone.
     choose("m_searchStop");
     QCOMPARE(panel(1), "Search stopped");
+    QCOMPARE(enabled(), "New  Continue");
     QVERIFY(!the<QWidget>("busy").isVisible());
     choose("m_searchContinue");
     QTRY_COMPARE(panel(1), "Search finished");
+    QCOMPARE(enabled(), "New  ");
 }
 
 void tst_MainWindow::narrowsByTheFilter()
@@ -395,6 +408,10 @@ void tst_MainWindow::opensFiles()
     QTRY_COMPARE(m_messages.told.size(), told.isEmpty() ? 0 : 1);
     QVERIFY2(m_messages.toldText().endsWith(told), m_messages.toldText().constData());
     QTRY_COMPARE(details().model()->rowCount(), rows);
+    // What cannot be read changes nothing.
+    const bool isRead = told != "Error while opening: this is not a search file";
+    QCOMPARE(m_window->windowTitle(), isRead ? QStringLiteral("o.twk – Tarnwick") : QStringLiteral("Tarnwick"));
+    QCOMPARE(m_session->searchOptions.startUrl == m_server->origin(), !isRead || !content.contains("StartUrl"));
 }
 
 void tst_MainWindow::opensADroppedFile()

@@ -36,9 +36,7 @@ private slots:
 
 private:
     void restart();
-    void changeDialogs() const;
-    void changeDownloadSettings();
-    void changeFilter() const;
+    void changeEverything();
     [[nodiscard]] QMainWindow& shownDownloads() const;
     [[nodiscard]] QStringList shownStates() const;
     [[nodiscard]] QSplitter& splitter() const { return *m_window->findChild<QSplitter*>(); }
@@ -91,59 +89,43 @@ QByteArray tst_Settings::boxText() const
     return text.replace(QDir::toNativeSeparators(settingsFile()), QLatin1String("@")).toUtf8();
 }
 
-void tst_Settings::changeDialogs() const
+void tst_Settings::changeEverything()
 {
-    choose("m_searchNew");
-    the<QLineEdit>("startlink").setText(QStringLiteral("http://h/a=b"));
-    click("rad_followSub(2)");
-    for (const char* subUrl : { "www.h", "http://h/x/" }) {
-        the<QLineEdit>("unterpfadEingabe").setText(QString::fromLatin1(subUrl));
-        click("b_addToSubUrlList");
+    for (const char* const entry : { "m_searchNew", "m_requests", "m_filterAutoApply", "m_resolve3xx", "m_autoOpenDLM",
+             "m_showFilter", "m_showTree", "m_lang(1)" })
+        choose(entry);
+    for (const char* const button :
+        { "rad_followSub(2)", "c_maxDepth", "c_AnalyseAnchors", "c_analyseLink", "c_AnalyseFrames", "c_AnalyseEPic",
+            "c_analyseAllSrc", "c_analyseForms", "c_useLanguage", "c_useUserAgent", "c_referrer", "c_setCookies",
+            "c_useCookies", "mimeFilterSwitch(1)", "urlFilterSwitch(2)", "c_useSize", "c_useMaxDepth" })
+        click(button);
+    int number = 3;
+    for (const char* const field : { "minSize", "maxSize", "minDepth", "maxDepth", "tiefe" })
+        the<QSpinBox>(field).setValue(number++);
+    const std::array<const char*, 3> typed[] = { { "startlink", "http://h/a=b", "rad_followSub(2)" },
+        { "unterpfadEingabe", "www.h", "b_addToSubUrlList" },
+        { "unterpfadEingabe", "http://h/x/", "b_addToSubUrlList" }, { "neuFilterText", "=x", "addFilterText" },
+        { "neuFilterText", ".pdf", "addFilterText" } };
+    for (const auto& [field, text, button] : typed) {
+        the<QLineEdit>(field).setText(QString::fromLatin1(text));
+        click(button);
     }
-    the<QSpinBox>("tiefe").setValue(7);
-    for (const char* box : { "c_maxDepth", "c_AnalyseAnchors", "c_analyseLink", "c_AnalyseFrames", "c_AnalyseEPic",
-             "c_analyseAllSrc", "c_analyseForms" })
-        click(box);
-    confirm("dialog_getSearch", "b_cancel");
-
-    choose("m_requests");
-    for (const char* box : { "c_useLanguage", "c_useUserAgent", "c_referrer", "c_setCookies", "c_useCookies" })
-        click(box);
-    the<QComboBox>("t_userAgent").setCurrentText(QStringLiteral("x = 1"));
     for (const int row : { 3, 1 }) {
         the<QListWidget>("sprachVorrat").setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
         click("sprachAdd");
     }
-    confirm("dialog_requests");
-}
-
-void tst_Settings::changeDownloadSettings()
-{
-    for (const char* entry : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles", "c_startImm",
-             "c_usePercent", "m_removeFinished" })
-        ::choose(shownDownloads(), entry);
-    m_dialogs.choice = m_folder->path();
-    ::choose(shownDownloads(), "m_targetSel");
-    shownDownloads().resize(500, 300);
-}
-
-void tst_Settings::changeFilter() const
-{
-    for (const char* button : { "mimeFilterSwitch(1)", "urlFilterSwitch(2)", "c_useSize", "c_useMaxDepth" })
-        click(button);
+    the<QComboBox>("t_userAgent").setCurrentText(QStringLiteral("x = 1"));
     auto& types = *qobject_cast<MimeModel*>(the<QListView>("mimeListe").model());
-    for (const char* type : { "text/html; a=b", "image/png" })
+    for (const char* const type : { "text/html; a=b", "image/png" })
         types.meet(type);
     types.setData(types.index(1, 0), Qt::Checked, Qt::CheckStateRole);
-    for (const char* part : { "=x", ".pdf" }) {
-        the<QLineEdit>("neuFilterText").setText(QString::fromLatin1(part));
-        click("addFilterText");
-    }
-    int bound = 3;
-    for (const char* name : { "minSize", "maxSize", "minDepth", "maxDepth" })
-        the<QSpinBox>(name).setValue(bound++);
-    for (const char* entry : { "m_filterAutoApply", "m_resolve3xx", "m_autoOpenDLM", "m_showFilter" })
-        choose(entry);
+    confirm("dialog_getSearch", "b_cancel");
+    confirm("dialog_requests");
+    m_dialogs.choice = m_folder->path();
+    for (const char* const entry : { "c_DirByUrl", "c_RenameForMS", "c_extByMIME", "m_overwriteExistingFiles",
+             "c_startImm", "c_usePercent", "m_removeFinished", "m_targetSel" })
+        ::choose(shownDownloads(), entry);
+    shownDownloads().resize(500, 300);
 }
 
 void tst_Settings::everySettingSurvives()
@@ -152,11 +134,7 @@ void tst_Settings::everySettingSurvives()
     m_window->resize(780, 560);
     splitter().setSizes({ 300, 480 });
     const int treeX = splitter().sizes().constFirst();
-    changeDialogs();
-    changeDownloadSettings();
-    changeFilter();
-    choose("m_showTree");
-    choose("m_lang(1)");
+    changeEverything();
     const QStringList states = shownStates();
     const QStringList downloadStates = statesOf(shownDownloads());
     quit();

@@ -38,8 +38,7 @@ private slots:
     void keepsUpWithManyRows();
     void addsARunOfNumberedUrls();
     void theIndexFollowsTheCursor();
-    void asksBeforeAVeryLongRun();
-    void refusesAnInvalidUrl();
+    void asksBeforeItAddsVeryMany();
     void lettersAreTypedAndShown();
 
 private:
@@ -234,19 +233,16 @@ void tst_DLManager::keepsUpWithManyRows()
         add('/' + QByteArray::number(number));
     QTRY_COMPARE(rows().rowCount(), 100'000);
     QCOMPARE(inserted.count(), 1);
-    m_queue->remove({ { 10, 99'989 } });
-    QCOMPARE(rows().rowCount(), 20);
-    QCOMPARE(cell(10, DownloadModel::Filename), "99990");
+    m_queue->remove({ { 10, 79'989 } });
+    QCOMPARE(rows().rowCount(), 20'020);
+    QCOMPARE(cell(10, DownloadModel::Filename), "79990");
     // Rows here and there: all at once.
-    for (int number = 0; number < 20'000; ++number)
-        add("/more" + QByteArray::number(number));
-    QTRY_COMPARE(rows().rowCount(), 20'020);
     RowRuns odd;
     for (int row = 1; row < 20'020; row += 2)
         odd.push_back({ row, row });
     m_queue->remove(odd);
     QCOMPARE(rows().rowCount(), 10'010);
-    QCOMPARE(cell(10'009, DownloadModel::Filename), "more19998");
+    QCOMPARE(cell(10'009, DownloadModel::Filename), "99998");
     QCOMPARE(m_queue->rowOf(m_queue->entryAt(5000).id), 5000);
 }
 
@@ -298,9 +294,12 @@ void tst_DLManager::theIndexFollowsTheCursor()
     QCOMPARE(pos(), 9);
 }
 
-void tst_DLManager::asksBeforeAVeryLongRun()
+void tst_DLManager::asksBeforeItAddsVeryMany()
 {
     m_queue->settings().startImmediately = false;
+    type("startUrl", "http://.z/");
+    click(*m_numbered, "b_ok");
+    QCOMPARE(m_messages.told.value(0).title, QStringLiteral("Invalid user input"));
     type("startUrl", "h/");
     number("max", 2'000'000'000);
     m_messages.answer = false;
@@ -315,15 +314,6 @@ void tst_DLManager::asksBeforeAVeryLongRun()
     number("max", 100'002);
     click(*m_numbered, "b_ok");
     QTRY_COMPARE(m_queue->count(), 40'002);
-}
-
-void tst_DLManager::refusesAnInvalidUrl()
-{
-    type("startUrl", "http://.z/");
-    click(*m_numbered, "b_ok");
-    QVERIFY(m_numbered->isVisible());
-    QCOMPARE(m_messages.told.first().title, QStringLiteral("Invalid user input"));
-    QCOMPARE(m_queue->count(), 0);
 }
 
 void tst_DLManager::lettersAreTypedAndShown()

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
 #include "base/lang.h"
-#include "crawl/AnswerSplitter.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/DownloadText.h"
-#include "requests/RequestProfile.h"
 #include "results/twk.h"
 #include "support/SearchFixture.h"
 #include "support/Table.h"
@@ -27,7 +25,6 @@ private slots:
     void downloadsGoOn();
     void relocationsEnd_data();
     void relocationsEnd();
-    void cookiesDoNotPileUp();
 
 private:
     static void faults();
@@ -259,32 +256,6 @@ void tst_Faults::relocationsEnd()
     QCOMPARE(urlsOf(m_list), urls({ last }));
     QCOMPARE(item(last).statusCode, 302);
     QCOMPARE(item(last).zustand, Zustand::Fertig);
-}
-
-void tst_Faults::cookiesDoNotPileUp()
-{
-    const QTemporaryDir folder;
-    CookieStore store;
-    store.setCookieFolder(folder.path());
-    RequestPrefs prefs;
-    prefs.useCookies = true;
-    RequestProfile extras(prefs, store);
-    QByteArray header = "HTTP/1.1 200 OK\r\n";
-    for (int number = 0; header.size() < AnswerSplitter::headerLimit - 100; ++number)
-        header += "Set-Cookie: c" + QByteArray::number(number) + "=1; path=/\r\n";
-    m_server->script("/full", { { header + "\r\n" } });
-    DownloadQueue queue(extras);
-    queue.settings().target = allgemein::withTrailingSeparator(folder.path());
-    queue.addDL(url("/full"), -1, {});
-    QTRY_COMPARE(toldOf(queue.entryAt(0)), QStringLiteral("C: Finished"));
-    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: last=1; path=/\r\n\r\n" } });
-    m_run = std::make_unique<SearchRun>(m_list, extras);
-    QVERIFY(searchToEnd());
-    const QByteArray request = m_server->requests().constLast();
-    QVERIFY(request.contains("\r\nCookie: ") && request.size() < 5000);
-    const QByteArray kept = contentOf(folder.filePath(QStringLiteral("127.0.0.1.tkc")));
-    QCOMPARE(kept.count('\n'), CookieStore::mostOfAHost);
-    QVERIFY(kept.endsWith("/\tlast\t1\r\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_Faults)
