@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/CurrentSearch.h"
-#include "app/LanguageChoice.h"
 #include "app/Session.h"
 #include "support/ScriptedServer.h"
-#include "support/Table.h"
-#include "support/TestSeams.h"
 #include "support/Text.h"
 
 #include <QSignalSpy>
@@ -20,8 +17,6 @@ private slots:
     void whatIsSavedIsWholeWhenTheSearchGoes();
     void aNewSearchOvertakesOpening();
     void nothingElseBeginsWhileAFileIsRead();
-    void asksOfEachUnknownLine_data();
-    void asksOfEachUnknownLine();
 
 private:
     [[nodiscard]] QString fileWith(const QByteArray& content) const
@@ -116,42 +111,6 @@ void tst_CurrentSearch::nothingElseBeginsWhileAFileIsRead()
     m_search->start();
     QCOMPARE(m_search->fileName(), QString());
     QCOMPARE(m_search->status().depthLimit, 8);
-}
-
-void tst_CurrentSearch::asksOfEachUnknownLine_data()
-{
-    const auto row = table<bool, int, QString>("goOn", "asked", "caption");
-    row("going on", true, 2, QStringLiteral("later"));
-    row("stopping", false, 1, QStringLiteral("&Beenden"));
-}
-
-void tst_CurrentSearch::asksOfEachUnknownLine()
-{
-    QFETCH(bool, goOn);
-    LanguageTable table;
-    AnsweredMessages messages;
-    messages.answer = goOn;
-    LanguageChoice choice(table, messages);
-    choice.selectBuiltIn(LanguageTable::German);
-    const QString file = fileWith("a=1\nb=2\nmain.m_quit=later\n");
-    choice.load(file);
-    QTEST(static_cast<int>(messages.asked.size()), "asked");
-    QCOMPARE(messages.asked.first().title, QStringLiteral("Parsing Error"));
-    QCOMPARE(messages.asked.first().text,
-        QStringLiteral("Not a valid l-Value for Translation: a\nContinue loading Language-file?\n%1:1")
-            .arg(QDir::toNativeSeparators(file)));
-    QTEST(table.text("main.m_quit"), "caption");
-    QCOMPARE(choice.index(), LanguageChoice::file);
-
-    choice.selectBuiltIn(LanguageTable::French);
-    const QString none = m_folder.filePath(QStringLiteral("none"));
-    choice.load(none);
-    QCOMPARE(choice.index(), int { LanguageTable::French });
-    QCOMPARE(messages.told.size(), 1);
-    QCOMPARE(messages.toldText(), "Error while loading language file\n" + QDir::toNativeSeparators(none).toUtf8());
-    choice.selectBuiltIn(LanguageTable::French);
-    QCOMPARE(choice.index(), int { LanguageTable::French });
-    QCOMPARE(choice.fileName(), QString());
 }
 
 QTEST_GUILESS_MAIN(tst_CurrentSearch)

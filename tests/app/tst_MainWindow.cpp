@@ -373,15 +373,28 @@ void tst_MainWindow::speaksEveryLanguage()
 
 void tst_MainWindow::loadsALanguageFile()
 {
-    QVERIFY(writeFile(file("x.lng"), "main.m_quit=Basta\nMain.x=\nlang.search_noSearch=niente\n"));
+    QVERIFY(writeFile(file("x.lng"), "main.m_quit=Basta\nMain.x=\nMain.y=\nlang.search_noSearch=niente\n"));
     m_dialogs.choice = file("x.lng");
+    m_messages.answer = false;
     choose("m_externLang");
     QCOMPARE(m_messages.asked.size(), 1);
+    QCOMPARE(m_messages.asked.first().title, QStringLiteral("Parsing Error"));
+    QCOMPARE(m_messages.askedText(),
+        "Not a valid l-Value for Translation: Main.x\nContinue loading Language-file?\n"
+            + QDir::toNativeSeparators(file("x.lng")).toUtf8() + ":2");
     QCOMPARE(the<QAction>("m_quit").text(), QStringLiteral("Basta"));
-    QCOMPARE(panel(1), "niente");
+    QCOMPARE(panel(1), "no Search");
     QVERIFY(!the<QAction>("m_lang(0)").isChecked());
+    m_messages.answer = true;
+    choose("m_externLang");
+    QCOMPARE(m_messages.asked.size(), 3);
+    QCOMPARE(panel(1), "niente");
+
     choose("m_lang(0)");
     QCOMPARE(panel(1), "no Search");
+    m_dialogs.choice = file("none");
+    choose("m_externLang");
+    QVERIFY(m_messages.toldText().startsWith("Error while loading language file\n"));
     QVERIFY(the<QAction>("m_lang(0)").isChecked());
 }
 
