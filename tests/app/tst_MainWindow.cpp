@@ -396,6 +396,8 @@ void tst_MainWindow::loadsALanguageFile()
     choose("m_externLang");
     QVERIFY(m_messages.toldText().startsWith("Error while loading language file\n"));
     QVERIFY(the<QAction>("m_lang(0)").isChecked());
+    quit();
+    QVERIFY(contentOf(settingsFile()).contains("\r\nlang=0\r\n"));
 }
 
 void tst_MainWindow::opensFiles_data()

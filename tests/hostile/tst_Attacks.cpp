@@ -41,7 +41,6 @@ private slots:
 private:
     void restart();
     static void addBreaks();
-    void searchSite();
     void openFile(const QByteArray& content);
     void download(int row);
     void downloadAgain();
@@ -108,13 +107,6 @@ void tst_Attacks::addBreaks()
     row("CR LF", "\r\n");
     row("TAB", "\t");
     row("NUL", QByteArray(1, '\0'));
-}
-
-void tst_Attacks::searchSite()
-{
-    m_session->searchOptions.startUrl = m_server->origin();
-    m_session->search.starteSuche(m_session->searchOptions);
-    QTRY_VERIFY(!m_session->search.isSearching());
 }
 
 void tst_Attacks::openFile(const QByteArray& content)
@@ -252,7 +244,7 @@ void tst_Attacks::downloadsStayInTheirFolder()
     m_session->search.setFollowRelocation(false);
     downloads().naming = rules;
     downloads().overwrite = true;
-    searchSite();
+    searchToEnd();
     download(1);
     if (relocates)
         downloadAgain();
@@ -282,7 +274,7 @@ void tst_Attacks::downloadsFollowNoLinks()
     m_server->page("/", "<a href='f'>");
     downloads().naming.dirByUrl = dirByUrl;
     downloads().overwrite = true;
-    searchSite();
+    searchToEnd();
     download(1);
     QCOMPARE(contentOf(file("1/2/3/4/there")), "mine");
     QCOMPARE(downloaded(), QStringList({ link, QStringLiteral("there") }));
@@ -329,7 +321,7 @@ void tst_Attacks::serversBreakNoLine()
         "/t", { { "HTTP/1.1 200 OK\r\nContent-Type: text/x" + evil + "\r\nContent-Language: l" + evil + "\r\n\r\n" } });
     m_session->requestPrefs.useCookies = true;
     m_session->search.setFollowRelocation(true);
-    searchSite();
+    searchToEnd();
     m_session->downloads.addDL(m_server->origin() + "/r", -1, {});
     waitForDownloads();
     downloadAgain();
