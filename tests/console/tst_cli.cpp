@@ -158,10 +158,7 @@ void tst_cli::savesWhatListPrints()
 
 void tst_cli::filters_data()
 {
-    const auto addRow = table<QByteArray, QByteArray>("options", "found");
-    const auto row = [addRow](const char* options, const char* found) {
-        addRow(options, options, found);
-    };
+    const auto row = table<QByteArray>("found");
     row("--mime TEXT/html", "http://h:80/\nhttp://h:80/d/a\n");
     row("--mime text/html --mime image/png", "http://h:80/\nhttp://h:80/d/a\nhttp://h:80/d/b\n");
     row("--not-mime text/html", "http://h:80/d/b\nhttp://i:80/c\n");
@@ -178,12 +175,13 @@ void tst_cli::filters_data()
 
 void tst_cli::filters()
 {
-    QFETCH(QByteArray, options);
     QVERIFY(writeFile(file("x.twk"),
-        "Results:\r\nhttp://h:80/\ttext/html\t100\t0\t3\t200\t0\t\t\r\nhttp://h:80/d/a\ttext/"
-        "html\t-1\t1\t3\t200\t1\t\t\r\n"
-        "http://h:80/d/b\timage/png\t2048\t2\t4\t200\t5\t\t\r\nhttp://i:80/c\t?\t-1\t1\t4\t200\t1\t\t\r\n"));
-    const Result result = run("list @x.twk -f urls " + options);
+        "Results:\r\n"
+        "http://h:80/\ttext/html\t100\t0\t3\t200\t0\t\t\r\n"
+        "http://h:80/d/a\ttext/html\t-1\t1\t3\t200\t1\t\t\r\n"
+        "http://h:80/d/b\timage/png\t2048\t2\t4\t200\t5\t\t\r\n"
+        "http://i:80/c\t?\t-1\t1\t4\t200\t1\t\t\r\n"));
+    const Result result = run("list @x.twk -f urls " + QByteArray(QTest::currentDataTag()));
     QCOMPARE(result.status, 0);
     QTEST(result.out, "found");
 }
