@@ -12,6 +12,7 @@ private slots:
     void importsWhatItExports();
     void exportsWhatIsShownOrSelected();
     void anExportEndsBeforeItsItemsGo();
+    void aSaveThatFailsKeepsTheWindow();
     void tellsWhatCannotBeReadOrWritten();
     void opensRows();
     void opensFewRowsUnasked();
@@ -143,6 +144,25 @@ void tst_ListFiles::anExportEndsBeforeItsItemsGo()
     choose("m_exportAsUrlList");
     m_window->close();
     QCOMPARE(contentOf(m_dialogs.choice).count('\n'), 20'001);
+}
+
+void tst_ListFiles::aSaveThatFailsKeepsTheWindow()
+{
+    // More than is written in one go.
+    QByteArray urls;
+    for (int number = 0; number < 600; ++number)
+        urls += "http://h/" + QByteArray::number(number) + QByteArray(60'000, 'x') + '\n';
+    import(urls);
+    m_dialogs.choice = file("x.twk");
+    choose("m_searchSaveAs");
+    QVERIFY(!QFile::exists(m_dialogs.choice));
+    QVERIFY(m_messages.told.isEmpty());
+    QVERIFY(QDir().mkpath(file("x.twk/folder")));
+    m_window->close();
+    QVERIFY(m_window->isVisible());
+    QCOMPARE(m_messages.told.value(0).title, QStringLiteral("Error while saving"));
+    m_window->close();
+    QVERIFY(!m_window->isVisible());
 }
 
 void tst_ListFiles::tellsWhatCannotBeReadOrWritten()
