@@ -222,10 +222,8 @@ void readLines(Session& session, QFile& file, Settings::LoadResult& result)
 {
     QByteArray key;
     qint64 number = 0;
-    qint64 size = 0;
     LineReader lines(file, longestLine);
-    while (const auto line = size < largestFile ? lines.next() : std::nullopt) {
-        size += line->text.size() + 1;
+    while (const auto line = lines.position() < largestFile ? lines.next() : std::nullopt) {
         number += line->isRest ? 0 : 1;
         const bool isUnknown = !line->isPiece && !takeLine(session, line->text.toByteArray(), key);
         if (isUnknown && result.unknownCount++ == 0) {

@@ -10,25 +10,19 @@ namespace {
 
 /// In bytes. The built-in ones have some ten thousand.
 constexpr qint64 largestFile = 16 * 1024 * 1024;
-/// In bytes. No text of the program comes near it.
-constexpr qsizetype longestLine = 64 * 1024;
-
-constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
 } // namespace
 
 LanguageFile::LanguageFile(const QString& fileName, LanguageTable& table)
     : m_file(fileName)
-    , m_lines(m_file, longestLine)
+    , m_lines(m_file)
     , m_table(table)
 {
     // The settings may name anything. A pipe would wait for a writer, and a device may never end.
     const QFileInfo there(fileName);
     if (!there.isFile() || there.size() > largestFile || !m_file.open(QIODevice::ReadOnly))
         return;
-    m_isUtf8 = m_file.peek(utf8Mark.size()) == utf8Mark;
-    if (m_isUtf8)
-        m_file.skip(utf8Mark.size());
+    m_isUtf8 = skipUtf8Mark(m_file);
 }
 
 LanguageFile::Step LanguageFile::read()

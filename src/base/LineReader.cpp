@@ -5,9 +5,19 @@
 
 namespace {
 
-constexpr qsizetype pieceSize = 256 * 1024;
+constexpr qsizetype pieceSize = 64 * 1024;
+
+constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
 } // namespace
+
+bool skipUtf8Mark(QIODevice& file)
+{
+    const bool isThere = file.peek(utf8Mark.size()) == utf8Mark;
+    if (isThere)
+        file.skip(utf8Mark.size());
+    return isThere;
+}
 
 LineReader::LineReader(QIODevice& file, qsizetype longest)
     : m_file(file)
@@ -39,13 +49,20 @@ std::optional<LineReader::Line> LineReader::next()
     return Line { text, ended, isRest, isRest };
 }
 
+qint64 LineReader::position() const
+{
+    return m_file.pos() - m_left.size();
+}
+
 bool LineReader::refill()
 {
+    // As much again as there is of a long line, or its beginning would be copied again and again.
+    const qsizetype size = qMax(pieceSize, m_left.size());
     QByteArray buffer;
-    buffer.reserve(m_left.size() + pieceSize);
+    buffer.reserve(m_left.size() + size);
     buffer += m_left;
-    buffer.resize(m_left.size() + pieceSize);
-    const qint64 read = m_file.read(buffer.data() + m_left.size(), pieceSize);
+    buffer.resize(m_left.size() + size);
+    const qint64 read = m_file.read(buffer.data() + m_left.size(), size);
     buffer.resize(m_left.size() + qMax<qint64>(read, 0));
     m_buffer.swap(buffer);
     m_left = m_buffer;

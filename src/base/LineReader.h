@@ -8,6 +8,9 @@
 
 class QIODevice;
 
+/// Passes over the mark of UTF-8 in the beginning of a file; false if there is none.
+bool skipUtf8Mark(QIODevice& file);
+
 /// Reads a file line by line through a buffer of its own, without a copy of each line.
 class LineReader {
 public:
@@ -20,12 +23,17 @@ public:
         bool isRest = false; ///< a piece that is not the first
     };
 
+    /// In bytes. What people and browsers write stays far below it.
+    static constexpr qsizetype ordinarily = 64 * 1024;
+
     /// Reads `file` on from where it stands; it must outlive the reader. A line of more than `longest` bytes comes in
     /// pieces of that length, so that no file can make one that fills the memory.
-    LineReader(QIODevice& file, qsizetype longest);
+    explicit LineReader(QIODevice& file, qsizetype longest = ordinarily);
 
     /// The next line; nothing at the end of the file or on a read error.
     [[nodiscard]] std::optional<Line> next();
+    /// Where the next line begins, in bytes from the beginning of the file.
+    [[nodiscard]] qint64 position() const;
 
 private:
     /// Reads on behind what is left; false when there is nothing more.

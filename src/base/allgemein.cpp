@@ -9,7 +9,6 @@
 #include <QIODevice>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>

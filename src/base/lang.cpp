@@ -10,9 +10,6 @@
 
 namespace {
 
-/// In bytes. No text comes near it.
-constexpr qsizetype longestLine = 64 * 1024;
-
 struct BuiltInLanguage {
     QLocale::Language language;
     /// Its texts: UTF-8 lines of key=value.
@@ -32,7 +29,7 @@ void readTexts(const char* fileName, QHash<QByteArray, QString>& texts)
     QFile file(QString::fromLatin1(fileName));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("The language file %s is missing from the program.", fileName);
-    LineReader lines(file, longestLine);
+    LineReader lines(file);
     while (const auto line = lines.next()) {
         if (const auto pair = allgemein::splitKeyValue(line->text.toByteArray()))
             texts.insert(pair->key, QString::fromUtf8(pair->value));

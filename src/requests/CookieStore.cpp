@@ -6,10 +6,10 @@
 #include "crawl/url.h"
 #include "requests/SetCookieValue.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QSet>
 
 #include <algorithm>
@@ -19,10 +19,13 @@
 
 namespace {
 
-/// In bytes. Of a line that is longer nothing is sent.
-constexpr qsizetype longestLine = 64 * 1024;
+/// In bytes. A line that is longer is not read.
+constexpr qsizetype longestLine = LineReader::ordinarily;
 /// In bytes. No system takes a longer one.
 constexpr qsizetype longestFileName = 255;
+
+/// Behind the name of a file that is still being written.
+constexpr QLatin1String unfinished(".tkc.tmp");
 
 /// The fields of a line, which they are parts of.
 struct Fields {
@@ -109,7 +112,6 @@ bool takePlaceOf(const QString& from, const QString& to)
 bool writeFile(const QString& fileName, const QString& by, const QByteArray& content)
 {
     QFile next(by);
-    next.remove(); // one that is left over has its own permissions
     if (!next.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
         return false;
     bool written = allgemein::writeAll(next, content) && next.flush();
@@ -155,8 +157,9 @@ bool CookieStore::saveCookie(
 bool CookieStore::isStorable(const QByteArray& host, const Cookie& cookie) const
 {
     using allgemein::isOnOneLine;
-    return !fileFor(host).isEmpty() && isOnOneLine(cookie.path) && isOnOneLine(cookie.name)
-        && isOnOneLine(cookie.value);
+    const qsizetype tabs = 2;
+    return !fileFor(host).isEmpty() && isOnOneLine(cookie.path) && isOnOneLine(cookie.name) && isOnOneLine(cookie.value)
+        && cookie.path.size() + cookie.name.size() + cookie.value.size() + tabs <= longestLine;
 }
 
 bool CookieStore::saveCookies(const QByteArray& host, const QList<Cookie>& cookies) const
@@ -179,9 +182,9 @@ bool CookieStore::replace(const QByteArray& host, const QList<Cookie>& cookies, 
         content.append(lines[line]).append(allgemein::lineEnd);
     if (content == *old && QFile::exists(fileName))
         return true;
-    // Named by the process, since the console program may write the same cookies as the window.
-    return writeFile(
-        fileName, m_folder + QString::number(QCoreApplication::applicationPid()) + QLatin1String(".tmp"), content);
+    // A name that nobody else has: the console program may write cookies at the same time as the window.
+    const QString by = m_folder + QString::number(QRandomGenerator::system()->generate64()) + unfinished;
+    return writeFile(fileName, by, content);
 }
 
 QStringList CookieStore::deleteAll() const
@@ -190,7 +193,7 @@ QStringList CookieStore::deleteAll() const
         return {};
     QStringList kept;
     // Cookies are also in what a killed program was writing.
-    const QStringList names { QStringLiteral("*.tkc"), QStringLiteral("*.tmp") };
+    const QStringList names { QStringLiteral("*.tkc"), QString(u'*' + unfinished) };
     for (const QFileInfo& file : QDir(m_folder).entryInfoList(names, QDir::Files | QDir::Hidden)) {
         if (!QFile::remove(file.filePath()))
             kept += file.filePath();

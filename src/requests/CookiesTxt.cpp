@@ -7,9 +7,6 @@
 
 namespace {
 
-/// In bytes. Browsers keep no cookie of more than some kilobytes.
-constexpr qsizetype longestLine = 64 * 1024;
-
 constexpr QByteArrayView httpOnlyMark = "#HttpOnly_";
 
 std::optional<ForeignCookie> cookieFrom(QByteArray line)
@@ -26,12 +23,14 @@ std::optional<ForeignCookie> cookieFrom(QByteArray line)
 
 CookiesTxt::CookiesTxt(const QString& fileName)
     : m_file(fileName)
-    , m_lines(m_file, longestLine)
+    , m_lines(m_file)
 {
     if (m_file.size() > largestFile)
         fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
     else if (!m_file.open(QIODevice::ReadOnly))
         fail(ImportError::File, fileFailure(m_file));
+    else
+        skipUtf8Mark(m_file);
 }
 
 bool CookiesTxt::read(const Take& take)
@@ -39,14 +38,15 @@ bool CookiesTxt::read(const Take& take)
     const auto line = m_file.isOpen() ? m_lines.next() : std::nullopt;
     if (!line)
         return end();
-    m_number += line->isRest ? 0 : 1;
-    const QByteArrayView text = line->text.trimmed();
+    if (line->isRest)
+        return true;
+    ++m_number;
     const auto cookie = line->isPiece ? std::nullopt : cookieFrom(line->text.toByteArray());
-    const bool isNothing = line->isRest || text.isEmpty() || text.startsWith('#');
-    m_looksRight = m_looksRight || cookie || text.startsWith('#');
+    const bool isComment = line->text.trimmed().startsWith('#');
+    m_looksRight = m_looksRight || cookie || isComment;
     if (cookie)
         take(*cookie);
-    else if (!isNothing)
+    else if (!line->text.trimmed().isEmpty() && (!isComment || line->text.startsWith(httpOnlyMark)))
         passOver(m_file.fileName(), m_number);
     return true;
 }

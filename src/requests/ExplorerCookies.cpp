@@ -3,20 +3,16 @@
 
 #include "base/ErrorReport.h"
 #include "base/Registry.h"
-#include "base/allgemein.h"
 #include "crawl/url.h"
 
 #include <QDir>
 
 #include <array>
-#include <utility>
 
 namespace {
 
 /// Name, value, host and path run together, then flags, times and a mark.
 constexpr size_t linesOfCookie = 9;
-/// In bytes. A file with a longer one holds no cookies.
-constexpr qsizetype longestLine = 64 * 1024;
 
 std::optional<QString> cookieFolder(const Registry& registry)
 {
@@ -81,7 +77,7 @@ bool ExplorerCookies::openNext()
     else if (!m_file.open(QIODevice::ReadOnly))
         fail(ImportError::File, fileFailure(m_file));
     else
-        m_lines.emplace(m_file, longestLine);
+        m_lines.emplace(m_file);
     m_number = 0;
     return true;
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/ListReader.h"
 
+#include <utility>
+
 namespace {
 
 /// In bytes. A URL may be 64 KiB long, and the name of its file as well.
 constexpr qsizetype longestLine = 256 * 1024;
-
-constexpr QByteArrayView utf8Mark = "\xef\xbb\xbf";
 
 } // namespace
 
@@ -17,6 +17,8 @@ ListReader::ListReader(const QString& fileName, listFormat::Format format)
 {
     if (!m_file.open(QIODevice::ReadOnly))
         m_error = m_file.errorString();
+    else
+        skipUtf8Mark(m_file);
 }
 
 bool ListReader::readLine(const std::function<void(FundStück item)>& take)
@@ -31,9 +33,8 @@ bool ListReader::readLine(const std::function<void(FundStück item)>& take)
     return true;
 }
 
-void ListReader::takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take)
+void ListReader::takeLine(const QByteArray& text, const std::function<void(FundStück item)>& take)
 {
-    const QByteArray text = m_number == 1 && line.startsWith(utf8Mark) ? line.sliced(utf8Mark.size()) : line;
     const bool isNothing = text.trimmed().isEmpty() || (m_number == 1 && listFormat::isHeaderLine(m_format, text));
     if (isNothing)
         return;

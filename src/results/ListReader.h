@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const UnusableLines& unusable() const { return m_unusable; }
 
 private:
-    void takeLine(const QByteArray& line, const std::function<void(FundStück item)>& take);
+    void takeLine(const QByteArray& text, const std::function<void(FundStück item)>& take);
     [[nodiscard]] bool end();
 
     QFile m_file;

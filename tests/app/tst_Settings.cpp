@@ -15,6 +15,8 @@
 #include <QSpinBox>
 #include <QSplitter>
 
+#include <array>
+
 /// Starts the program, changes what can be changed, ends it and starts it again.
 class tst_Settings : public WindowFixture {
     Q_OBJECT

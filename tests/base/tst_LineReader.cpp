@@ -15,8 +15,8 @@ private slots:
 void tst_LineReader::readsLines_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QByteArrayList>(
-        "lines"); // "!" behind one that did not end, "+" behind and before the pieces of one
+    // With "!" behind one that did not end, and "+" behind and before the pieces of one.
+    QTest::addColumn<QByteArrayList>("lines");
     const auto row = [](const char* name, const QByteArray& content, const QByteArrayList& lines) {
         QTest::newRow(name) << content << lines;
     };

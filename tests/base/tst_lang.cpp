@@ -126,8 +126,8 @@ void tst_lang::readsLanguageFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("quit");
-    const auto row = [](const char* title, const char* content, const char* quit) {
-        QTest::newRow(title) << QByteArray(content) << QString::fromUtf8(quit);
+    const auto row = [](const char* title, const QByteArray& content, const char* quit) {
+        QTest::newRow(title) << content << QString::fromUtf8(quit);
     };
     row("the end of a Windows line", "main.m_quit=Done\r\n", "Done");
     row("the last line without an end", "main.m_quit=Done", "Done");
@@ -137,6 +137,7 @@ void tst_lang::readsLanguageFiles_data()
     row("no equals sign", "main.m_quit\n", "&Beenden");
     row("a comment", "//main.m_quit=x\n", "&Beenden");
     row("the last of two", "main.m_quit=a\nmain.m_quit=b\n", "b");
+    row("a line that is too long", "main.m_quit=a\nmain.m_quit=" + QByteArray(200'000, 'x') + "\n", "a");
     row("marked as UTF-8", "\xef\xbb\xbfmain.m_quit=\xc3\xa9\n", "\xc3\xa9");
 }
 
@@ -155,9 +156,11 @@ void tst_lang::readsLanguageFiles()
 void tst_lang::stopsAtUnknownKeys()
 {
     LanguageTable table;
-    LanguageFile file(fileWith("main.m_help=1\nMain.m_quit=x\nmore.hintNew=y\nmain.m_quit=2\n"), table);
+    LanguageFile file(
+        fileWith(QByteArray(200'000, 'x') + "\nmain.m_help=1\nMain.m_quit=x\nmore.hintNew=y\nmain.m_quit=2\n"), table);
     QCOMPARE(file.read(), Step::UnknownKey);
     QCOMPARE(file.key(), "Main.m_quit");
+    QVERIFY(file.place().endsWith(QLatin1String(":3")));
     QCOMPARE(table.text("main.m_help"), QStringLiteral("1"));
     QCOMPARE(table.text("main.m_quit"), QStringLiteral("E&xit"));
     QCOMPARE(file.read(), Step::UnknownKey);

@@ -2,6 +2,7 @@
 #include "crawl/FundListe.h"
 #include "support/Text.h"
 
+#include <QHash>
 #include <QRandomGenerator>
 #include <QTest>
 

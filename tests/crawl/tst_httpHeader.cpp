@@ -23,10 +23,10 @@ void tst_httpHeader::requestsWithEveryLineInOrder()
     extras.cookies = "Cookie: a=1\r\n";
     extras.referer = true;
     const QByteArray start =
-        "GET /a%0D%0Ab?c HTTP/1.1\r\nHost: h\r\nAccept: */*\r\nConnection: close\r\nUser-Agent: \r\n"
+        "GET /a%0D%0Ab?c HTTP/1.1\r\nHost: h%0D%0Ai\r\nAccept: */*\r\nConnection: close\r\nUser-Agent: \r\n"
         "Accept-Language: de;q=1\r\nCookie: a=1\r\n";
-    const QByteArray url = "http://h:8080/a\r\nb?c";
-    QCOMPARE(httpHeader::baueAnfrage(url, "http://ref/", extras), start + "Referer: http://ref/\r\n\r\n");
+    const QByteArray url = "http://h\r\ni:8080/a\r\nb?c";
+    QCOMPARE(httpHeader::baueAnfrage(url, "http://ref/\r\nx", extras), start + "Referer: http://ref/%0D%0Ax\r\n\r\n");
     QCOMPARE(httpHeader::baueAnfrage(url, "", extras), start + "\r\n");
 }
 

@@ -72,6 +72,7 @@ void tst_TargetName::rulesStandForThemselves_data()
     row("no name", "http://h:8/a/", "h/8/a/", { refused, ".zip", "index", ".zip" });
     row("dots", "http://a.b/c.d/..e", "b/a/80/c.d/", { "..e", "..e.zip", "..e", "..e.zip" });
     row("the name is up", "http://h/..", "h/80/", { refused, "...zip", refused, "...zip" });
+    row("the host is up", "http://../f", "80/", { "f", "f.zip", "f", "f.zip" });
     row("percent signs", "http://h/a%2Fb", "h/80/", { "a%2Fb", "a%2Fb.zip", "a%2Fb", "a%2Fb.zip" });
     row("a backslash", "http://h/a\\b", "h/80/", { refused, refused, "a%5Cb", "a%5Cb.zip" });
     row("a very long name", "http://h/" + longName, "h/80/",

@@ -89,12 +89,13 @@ bool holds(const QString& fileName, const QByteArray& content)
     return there && std::memcmp(there, content.constData(), static_cast<size_t>(content.size())) == 0;
 }
 
-/// Removes what stands beside a file and was made for it; whether there was something.
+/// Removes what stands beside a file and was made for it, or for a file of cookies; whether there was something.
 bool removeRests(const QString& file)
 {
     const QFileInfo kept(file);
     bool removed = false;
-    for (const QString& name : kept.dir().entryList({ kept.completeBaseName() + QLatin1String(".*") }, QDir::Files))
+    const QStringList names { kept.completeBaseName() + QLatin1String(".*"), QStringLiteral("*.tkc.tmp") };
+    for (const QString& name : kept.dir().entryList(names, QDir::Files))
         removed = (name != kept.fileName() && kept.dir().remove(name)) || removed;
     return removed;
 }
@@ -135,7 +136,10 @@ void tst_Killed::leavesTheOldOrTheNewFile_data()
         (void)SearchFile::save(path("search.twk"), {}, {}, m_lists[second ? 1 : 0]);
     });
     QTest::newRow("cookies") << path("h.tkc") << Save([this](bool second) {
-        m_session.cookies.saveCookie("h", "/", "n", QByteArray(second ? 200'000 : 100'000, second ? 'b' : 'a'));
+        QList<Cookie> cookies;
+        for (const char* name : { "k", "l", "m", "n" })
+            cookies += { "/", name, QByteArray(second ? 50'000 : 25'000, second ? 'b' : 'a') };
+        m_session.cookies.saveCookies("h", cookies);
     });
 }
 

@@ -97,6 +97,8 @@ void tst_CookieImport::readsCookiesTxt_data()
     row("the last of one name", "h\tx\t/\tx\t0\ta\t1\nh\tx\t/\tx\t0\tb\t2\nh\tx\t/x/\tx\t0\ta\t3\n",
         old + "/\tb\t2\r\n/x/\ta\t3\r\n", 3);
     row("too few fields", "h\tx\t/\tx\t0\ta\n\nh\tx\t/\tx\t0\ta\t1\nx\n", both, 1, "1, 4");
+    row("too few fields of one that scripts cannot see", "#HttpOnly_h\tx\t/\nh\tx\t/\tx\t0\ta\t1\n", both, 1, "1");
+    row("with the mark of UTF-8", "\xef\xbb\xbfh\tx\t/\tx\t0\ta\t1\n", both, 1);
     row("a line that is too long", "x\t" + QByteArray(100'000, 'x') + "\nh\tx\t/\tx\t0\ta\t1\nx\n", both, 1, "1, 3");
     row("an empty value deletes", "h\tx\t/\tx\t0\told\t\n", "", 1);
 }
@@ -221,7 +223,8 @@ void tst_CookieImport::readsInternetExplorer()
     QCOMPARE(told(), QStringLiteral("0 Cookies were set."));
 
     const QByteArray rest = "0\n1\n2\n3\n4\n*\n";
-    QVERIFY(writeFile(folder + QLatin1String("/a.txt"), "a\n1\nb.c/dir/x\n" + rest + "b\n2\nb.c/\n" + rest + "c\n3\n"));
+    QVERIFY(writeFile(folder + QLatin1String("/a.txt"),
+        "a\n1\nb.c/dir/x\n" + rest + "b\n2\nb.c/\n" + rest + "c\n3\n" + QByteArray(100'000, 'x') + "\nd\n"));
     QVERIFY(writeFile(folder + QLatin1String("/b.txt"), "a\r\n4\r\nb.c/\r\n" + QByteArray(rest).replace('\n', "\r\n")));
     QVERIFY(writeFile(folder + QLatin1String("/index.dat"), "d\n5\nb.c/\n" + rest));
     const QString brokenOff = QDir::toNativeSeparators(folder + QStringLiteral("/a.txt"))

@@ -112,10 +112,12 @@ void tst_cookies::readsBroadDomainsFirst()
 
 void tst_cookies::survivesDamagedFile()
 {
-    QVERIFY(writeFile(file(), "garbage\r\n/\tonly\r\n/\ta\t1\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3"));
+    const QByteArray tooLong = "/\td\t" + QByteArray(100'000, 'd') + "\r\n";
+    QVERIFY(writeFile(file(), tooLong + "garbage\r\n/\tonly\r\n/\ta\t1\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3"));
     QCOMPARE(m_store.getCookieHeader("http://h/"), "Cookie: a=1; c=3\r\n");
     m_store.saveCookie("h", "/", "a", "4");
-    QCOMPARE(stored(), "garbage\r\n/\tonly\r\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3\r\n/\ta\t4\r\n");
+    QVERIFY(!m_store.saveCookie("h", "/", "e", QByteArray(65'536, 'e')));
+    QCOMPARE(stored(), tooLong + "garbage\r\n/\tonly\r\n\r\n/\tb\t2\rX: 1\r\n/\tc\t3\r\n/\ta\t4\r\n");
 }
 
 void tst_cookies::boundsWhatAHostCanPile()

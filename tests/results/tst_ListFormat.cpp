@@ -130,6 +130,8 @@ void tst_ListFormat::readsFiles()
     while (reader.readLine([&](const FundStück&) { ++count; })) { }
     QTEST(count, "count");
     QTEST(reader.unusable().first(), "unusable");
+    QCOMPARE(reader.unusable().count(),
+        qstrcmp(QTest::currentDataTag(), "only rubbish") == 0 ? 30 : reader.unusable().first().size());
     QVERIFY(reader.error().isEmpty());
 }
 

@@ -61,7 +61,8 @@ void tst_ResultFilter::showsByEachTest_data()
     row("depth bounds that are off", by(&ResultFilter::depth, { false, 5, 9 }), true);
     size("size on the upper bound", by(&ResultFilter::size, { true, 0, 5'000'000'000 }), true, false);
     size("size below", by(&ResultFilter::size, { true, 5'000'000'001, 9'000'000'000 }), false, false);
-    size("a lower bound of -1 takes them in", by(&ResultFilter::size, { true, -1, 5'000'000'000 }), true, true);
+    size(
+        "a lower bound of -1 takes unknown sizes in", by(&ResultFilter::size, { true, -1, 5'000'000'000 }), true, true);
     row("type on the white list, in another case", byType(Whitelist, "IMAGE/png"), true);
     row("type met but not listed", byType(Whitelist, "text/html"), false);
     row("type on the black list", byType(Blacklist, "image/png"), false);
