@@ -3,7 +3,7 @@
 
 #include <ctime>
 
-/// Measures how long the program itself has computed, so that whatever else the machine does meanwhile counts less.
+/// Measures the processor time of this program, so that other programs on the machine disturb the figure less.
 class CpuTimer {
 public:
     [[nodiscard]] double seconds() const { return now() - m_start; }

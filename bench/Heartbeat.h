@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QTimer>
 
-/// Measures the longest time between two passes of the event loop while it lives: a timer that is always due tells when
-/// each pass comes.
+/// Measures the longest time between two passes of the event loop during its lifetime. A timer that is always due fires
+/// once in each pass.
 class Heartbeat : public QObject {
 public:
     Heartbeat()

@@ -52,7 +52,7 @@ FundStück shapes::itemOf(qint64 number, const QByteArray& referer)
 {
     FundStück item;
     item.adresse = urlOf(number);
-    item.zustand = Zustand::Fertig;
+    item.zustand = FetchState::Finished;
     item.groesse = number % 7 == 0 ? -1 : 1000 + number * 7919 % 100'000;
     for (qint64 page = number; page > 0; page = parentOf(page))
         ++item.tiefe;
@@ -60,7 +60,7 @@ FundStück shapes::itemOf(qint64 number, const QByteArray& referer)
     item.mimeTyp = number % 10 == 9 ? "application/pdf" : number % 5 == 4 ? "image/png" : "text/html";
     item.sprache = "en";
     item.referer = referer;
-    item.referenzTyp = number % 5 == 4 ? ReferenzTyp::Img : ReferenzTyp::Anchor;
+    item.referenzTyp = number % 5 == 4 ? ReferenceType::Img : ReferenceType::Anchor;
     return item;
 }
 

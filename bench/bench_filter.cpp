@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What does the filter cost, all five tests on: the test of one item, and the choice of a list's rows anew?
+// How long does the filter take with all five tests on: for one item, and for choosing the rows of a whole list?
 #include "Shapes.h"
 #include "base/lang.h"
-#include "results/FoundModel.h"
+#include "results/window/FoundModel.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,13 +16,13 @@ void test(benchmark::State& state)
     shapes::fill(list, state.range(0));
     const ResultFilter filter = shapes::fiveTests();
     for ([[maybe_unused]] auto round : state) {
-        for (const FundKnoten* knoten = list.getStart(); knoten; knoten = knoten->naechster)
-            benchmark::DoNotOptimize(filter.shows(knoten->inhalt));
+        for (const FundKnoten* node = list.getStart(); node; node = node->naechster())
+            benchmark::DoNotOptimize(filter.shows(node->inhalt));
     }
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * state.range(0));
 }
 
-/// To the end of the rebuild, all rows being shown before.
+/// From a list that shows all rows to the end of the rebuild.
 void rebuild(benchmark::State& state)
 {
     FundListe list;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Does a search slow down as it grows? A page with a million links is searched whose fetches all fail at once, so that
-// what remains is the search's own work: recording, walking to the next item, telling its states. Printed is the time
-// for each tenth of the items, as a ratio to the first.
+// Does a search slow down as it grows? The start page has a million links whose fetches all fail at once, so that only
+// the search's own work remains: recording, walking to the next item, reporting its states. The program prints the time
+// for each tenth of the items as a ratio to the first.
 #include "crawl/SearchRun.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
@@ -34,7 +34,8 @@ int main(int argc, char* argv[])
     server.page("/", pageOfLinks());
     FundListe list;
     PlainExtras extras;
-    SearchRun run(list, extras);
+    const WebRules web;
+    SearchRun run(list, extras, web);
     SearchOptions options;
     options.startUrl = server.origin() + '/';
 

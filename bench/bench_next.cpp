@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What does it cost to come to the next item of a search, however many there are? A list is taken up by a search whose
-// fetches all fail at once, so that the walk and the change of state remain; half of its items are done already.
+// How long does a search take to find its next item, in lists of different lengths? The search continues a list of
+// which half of the items are done. All fetches fail at once, so that only the walk and the changes of state remain.
 #include "Shapes.h"
 #include "crawl/SearchRun.h"
 #include "support/PlainExtras.h"
@@ -11,13 +11,13 @@
 
 namespace {
 
-/// No item's port can be connected to, so that no socket is opened.
+/// No item has a port that can be connected to, so no socket is opened.
 void fillUnreachable(FundListe& list, qint64 items)
 {
     for (qint64 number = 0; number < items; ++number) {
         FundStück item = shapes::itemOf(number, {});
         item.adresse.replace(":80/", ":0/");
-        item.zustand = number % 2 == 0 ? Zustand::NichtGeholt : Zustand::Fertig;
+        item.zustand = number % 2 == 0 ? FetchState::NotFetched : FetchState::Finished;
         list.add(std::move(item));
     }
 }
@@ -26,7 +26,8 @@ void next(benchmark::State& state)
 {
     FundListe list;
     PlainExtras extras;
-    SearchRun run(list, extras);
+    const WebRules web;
+    SearchRun run(list, extras, web);
     QObject::connect(&run, &SearchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     for ([[maybe_unused]] auto round : state) {
         state.PauseTiming();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Does the download list slow down as it grows? Adds 100,000 entries, then lets each of them end at once, and prints
-// the time of each tenth as a ratio to the first.
+// Does the download list slow down as it grows? The program adds 100,000 entries, lets each of them end at once, and
+// prints the time of each tenth as a ratio to the first.
 #include "downloads/DownloadQueue.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 
 #include <QCoreApplication>
@@ -36,9 +37,10 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     PlainExtras extras;
-    DownloadQueue queue(extras);
+    const WebRules web;
+    DownloadQueue queue(extras, web);
     queue.settings().startImmediately = false;
-    // Its protocol ends an entry as soon as it is started, so that only the list's own work is measured.
+    // An entry of this protocol ends as soon as it starts, so only the list's own work is measured.
     const auto url = [](int entry) -> QByteArray {
         return "https://www.example.org/pictures/" + QByteArray::number(entry) + ".jpg";
     };

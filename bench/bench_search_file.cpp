@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What does it cost to load a search file, and to save one until all of it is on the disk? The files stand in the
-// folder in which the program is started.
+// How long does loading a search file take, and saving one until all of it is on the disk? The program writes its files
+// to the current folder.
 #include "Shapes.h"
 #include "results/SearchFileReader.h"
 #include "results/SearchFileWriter.h"
@@ -14,14 +14,14 @@
 
 namespace {
 
-/// A search of so many items, and a place for its file.
+/// A search with a given number of items, and a name for its file.
 struct Search {
     explicit Search(qint64 items)
     {
         options.startUrl = shapes::urlOf(0);
         shapes::fill(list, items);
     }
-    bool save() const { return !SearchFile::save(fileName, options, RequestPrefs(), list); }
+    bool save() const { return !searchFile::save(fileName, options, RequestPrefs(), list); }
 
     SearchOptions options;
     FundListe list;
@@ -45,7 +45,7 @@ void load(benchmark::State& state)
         state.SkipWithError("cannot be saved");
     for ([[maybe_unused]] auto round : state) {
         auto loaded = std::make_unique<StoredSearch>();
-        if (SearchFile::load(search.fileName, *loaded).error != SearchFile::LoadError::None)
+        if (searchFile::load(search.fileName, *loaded).error != searchFile::LoadError::None)
             state.SkipWithError("cannot be loaded");
         state.PauseTiming();
         loaded.reset();

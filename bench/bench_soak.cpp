@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Do memory and handles stay flat? Searches and downloads from servers that fail at random, round after round with the
-// same objects, and prints what the program holds between two rounds.
-#include "base/allgemein.h"
+// same objects, and prints the memory, handles and threads that the program has between two rounds.
+#include "base/folders.h"
 #include "crawl/SearchRun.h"
 #include "downloads/DownloadQueue.h"
+#include "http/WebRules.h"
 #include "requests/RequestProfile.h"
 #include "support/ScriptedServer.h"
 
@@ -29,25 +30,33 @@ constexpr qint64 longestDownload = 4'000'000;
 
 struct Usage {
     qint64 residentKiB = 0;
+    /// Open files and sockets, without the one that each thread has to be woken by.
     qint64 handles = 0;
+    /// The library looks up host names in threads of its own: up to 5, each started when the others are busy.
+    qint64 threads = 0;
 };
+
+qint64 entryCount(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
+}
 
 Usage usageNow()
 {
     QFile statm(QStringLiteral("/proc/self/statm"));
     const QByteArray pages = statm.open(QFile::ReadOnly) ? statm.readAll().split(' ').value(1) : QByteArray();
     statm.close();
-    const auto handles =
-        QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
-    return { pages.toLongLong() * sysconf(_SC_PAGESIZE) / 1024, handles };
+    const qint64 threads = entryCount(QStringLiteral("/proc/self/task"));
+    const qint64 handles = entryCount(QStringLiteral("/proc/self/fd")) - threads;
+    return { pages.toLongLong() * sysconf(_SC_PAGESIZE) / 1024, handles, threads };
 }
 
 Usage most(const Usage& a, const Usage& b)
 {
-    return { qMax(a.residentKiB, b.residentKiB), qMax(a.handles, b.handles) };
+    return { qMax(a.residentKiB, b.residentKiB), qMax(a.handles, b.handles), qMax(a.threads, b.threads) };
 }
 
-/// What a site of a round consists of: pages and files, sound and faulty.
+/// The site of a round: pages and files, sound and faulty.
 class RandomSite {
 public:
     explicit RandomSite(quint32 seed)
@@ -55,7 +64,7 @@ public:
     {
     }
 
-    /// A URL of the site, or now and then one that leads nowhere.
+    /// A URL of the site, or sometimes one that leads nowhere.
     QByteArray anyUrl(const QByteArray& origin, const QByteArray& unaskedOrigin)
     {
         switch (m_random.bounded(40)) {
@@ -136,8 +145,8 @@ public:
         : m_milliseconds(seconds * 1000)
         , m_site(seed)
         , m_extras(m_prefs, m_cookies)
-        , m_run(m_list, m_extras)
-        , m_queue(m_extras)
+        , m_run(m_list, m_extras, m_web)
+        , m_queue(m_extras, m_web)
     {
         m_prefs.useCookies = true;
         m_cookies.setCookieFolder(m_folder.filePath(QStringLiteral("cookies")));
@@ -147,15 +156,15 @@ public:
         m_queue.settings().maxDL = DownloadSettings::mostSlots;
         connect(&m_run, &SearchRun::recorded, this, [this] { ++m_items; });
         connect(&m_queue, &DownloadQueue::ended, this, [this] { ++m_downloads; });
-        // Queued: a transfer is not stopped in the middle of what it tells.
+        // Queued, since a transfer must not be stopped while it emits a signal.
         connect(&m_queue, &DownloadQueue::changed, this, &Soak::stopIfLong, Qt::QueuedConnection);
         connect(&m_tick, &QTimer::timeout, this, &Soak::onTick);
     }
 
     void start()
     {
-        std::printf(
-            "%8s %13s %8s %8s %10s %10s\n", "seconds", "resident KiB", "handles", "rounds", "items", "downloads");
+        std::printf("%8s %13s %8s %8s %8s %10s %10s\n", "seconds", "resident KiB", "handles", "threads", "rounds",
+            "items", "downloads");
         m_clock.start();
         m_tick.start(10);
         beginRound();
@@ -191,7 +200,7 @@ private:
         if (!m_roundEnds && (!busy || m_roundClock.elapsed() > roundMilliseconds))
             endRound();
         else if (m_roundEnds)
-            measure(); // What was given up has been freed since the tick before.
+            measure(); // Objects that the end of the round deletes later have been freed since the last tick.
     }
 
     void endRound()
@@ -219,14 +228,14 @@ private:
             beginRound();
     }
 
-    /// Tells the most that was held between rounds of the interval that ends now.
+    /// Prints the highest usage between two rounds of the interval that ends now.
     void tell()
     {
-        std::printf("%8lld %13lld %8lld %8lld %10lld %10lld\n", m_clock.elapsed() / 1000, m_peak.residentKiB,
-            m_peak.handles, m_rounds, m_items, m_downloads);
+        std::printf("%8lld %13lld %8lld %8lld %8lld %10lld %10lld\n", m_clock.elapsed() / 1000, m_peak.residentKiB,
+            m_peak.handles, m_peak.threads, m_rounds, m_items, m_downloads);
         std::fflush(stdout);
         ++m_intervals;
-        // A tenth of the time, a minute of ten, is for warming up.
+        // The first tenth of the time is for warming up: a minute of ten.
         Usage& phase = m_intervals <= 2 ? m_warm : m_later;
         phase = most(phase, m_peak);
         m_last = std::exchange(m_peak, {});
@@ -235,11 +244,14 @@ private:
     void judge()
     {
         constexpr qint64 memoryBound = 4096;
+        constexpr qint64 threadBound = 1 + 5;
         const qint64 memory = m_last.residentKiB - m_warm.residentKiB;
         const qint64 handles = m_later.handles - m_warm.handles;
-        const bool flat = memory <= memoryBound && handles <= 0;
-        std::printf("%s: memory %+lld KiB (bound %lld), handles %+lld (bound 0) since the first tenth\n",
-            flat ? "flat" : "NOT FLAT", memory, memoryBound, handles);
+        const qint64 threads = m_later.threads;
+        const bool flat = memory <= memoryBound && handles <= 0 && threads <= threadBound;
+        std::printf("%s: memory %+lld KiB (bound %lld) and handles %+lld (bound 0) since the first tenth, "
+                    "%lld threads (bound %lld)\n",
+            flat ? "flat" : "NOT FLAT", memory, memoryBound, handles, threads, threadBound);
         QCoreApplication::exit(flat ? 0 : 1);
     }
 
@@ -257,6 +269,7 @@ private:
     RequestPrefs m_prefs;
     CookieStore m_cookies;
     RequestProfile m_extras;
+    WebRules m_web;
     FundListe m_list;
     SearchRun m_run;
     DownloadQueue m_queue;

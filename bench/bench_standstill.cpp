@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How long does the event loop stand still while a page of 50 MB is loaded and analysed? A timer that is always due
-// measures the longest time between two of its events, for each shape of page. The loop without a search, measured in
-// the same run, tells what the machine itself takes.
+// How long does the event loop stand still while a page of 50 MB is loaded and analysed? For each shape of page a timer
+// that is always due measures the longest time between two of its events. The loop without a search is measured in the
+// same run, to show how much of the time is due to the machine.
 #include "Heartbeat.h"
 #include "Shapes.h"
 #include "crawl/SearchRun.h"
@@ -36,7 +36,7 @@ const Shape pages[] = {
     { "text without a tag", []() -> QByteArray { return QByteArray(pageSize, 'x'); }, true },
 };
 
-/// Serves one page to every connection, from a process of its own, so that sending does not count.
+/// Serves one page to every connection. It is a process of its own, so that its sending does not count.
 int serve(const Shape& shape)
 {
     QTcpServer server;
@@ -74,15 +74,16 @@ void measure(const Shape& shape, int index)
         return;
     FundListe list;
     PlainExtras extras;
-    SearchRun run(list, extras);
+    const WebRules web;
+    SearchRun run(list, extras, web);
     SearchOptions options;
     options.startUrl = "http://127.0.0.1:" + server.readAllStandardOutput().trimmed() + '/';
     options.tiefe = 1;
     options.analysis.allSrc = shape.allSrc;
-    // Only the page itself counts, not the fetches of what it refers to.
+    // Only the page itself is measured, not the fetches of its references.
     bool read = false;
-    QObject::connect(&run, &SearchRun::reported, qApp, [&](FundKnoten* knoten, const FetchReport&) {
-        if (knoten != list.getStart() && !std::exchange(read, true))
+    QObject::connect(&run, &SearchRun::reported, qApp, [&](FundKnoten* node, const FetchReport&) {
+        if (node != list.getStart() && !std::exchange(read, true))
             QCoreApplication::quit();
     });
     QObject::connect(&run, &SearchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What does the tree of hosts and directories cost for each URL: one that is added, and one that is looked for?
+// How long does the tree of hosts and directories take for each URL that is added, and for each that is looked up?
 #include "Shapes.h"
 #include "results/HostArena.h"
 
@@ -12,7 +12,7 @@ QByteArrayList urls(qint64 items)
     return shapes::urlsFrom(0, items);
 }
 
-/// As a search brings them: neighbours are mostly from the same directory.
+/// In the order of a search: URLs that follow each other are mostly in the same directory.
 void add(benchmark::State& state)
 {
     const QByteArrayList added = urls(state.range(0));
@@ -25,7 +25,7 @@ void add(benchmark::State& state)
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * added.size());
 }
 
-/// From all over the tree.
+/// In an order that jumps all over the tree.
 void find(benchmark::State& state)
 {
     constexpr qint64 stride = 7919;

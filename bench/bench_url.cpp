@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What does each operation on a URL cost? A search makes most of them once or more for each reference of each page.
+// How long does each operation on a URL take? A search does most of them at least once for each reference of each page.
 #include "Shapes.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 #include <benchmark/benchmark.h>
 

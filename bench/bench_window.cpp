@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long does the event loop stand still while the window works, and how long does the work take? The main window is
-// driven through its controls, off screen, with list and tree shown. Prints for each piece of work, separated by TAB,
-// the longest standstill and the whole time, in milliseconds.
+// driven through its controls, off screen, with list and tree shown. For each piece of work the program prints the
+// longest standstill and the whole time in milliseconds, separated by TAB.
 //
-//   bench_window search URL                    one search to its end, timed by whoever starts it
-//   bench_window lists FILE.twk URL FOLDER     opens the file, filters, saves and exports into the folder, and searches
-//                                              URL in the place of all that
+//   bench_window search URL                    runs one search; the caller takes the time
+//   bench_window lists FILE.twk URL FOLDER     opens the file, filters, saves and exports to the folder, then searches
+//                                              URL, which drops the opened search
 #include "Heartbeat.h"
 #include "Shapes.h"
 #include "app/MainWindow.h"
-#include "app/Session.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "support/TestSeams.h"
 #include "support/WindowDriver.h"
 
@@ -19,6 +20,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <cstdio>
@@ -32,7 +34,7 @@ qint64 residentBytes()
     return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
 }
 
-/// Ends the event loop that `measure` runs. To quit would close the window, and nothing would be drawn any more.
+/// Ends the event loop that `measure` runs. QCoreApplication::quit would close the window, and nothing would be drawn.
 void leave()
 {
     QCoreApplication::exit();
@@ -41,15 +43,16 @@ void leave()
 class Driver : AnsweredSeams {
 public:
     Driver()
-        : m_window(m_session, seams())
+        : m_loaded(settings::loadSettings(m_session, {}))
+        , m_window(m_session, seams(m_session.language))
         , m_founds(*qobject_cast<FoundModel*>(control<QAbstractItemView>(m_window, "l_founds_details").model()))
     {
         m_messages.answer = true;
         m_session.searchOptions.maxDepth = false;
         m_session.downloads.settings().startImmediately = false;
         QObject::connect(&m_founds, &FoundModel::rebuilt, &m_window, [this] { m_rebuilt = true; });
+        m_window.begin(m_loaded);
         m_window.resize(1000, 640);
-        m_window.show();
     }
 
     void idle()
@@ -81,8 +84,8 @@ public:
             quitWhen([&] { return m_rebuilt && tree.model()->hasChildren(tree.model()->index(0, 0)); });
         });
         qint64 urlBytes = 0;
-        for (const FundKnoten* knoten = m_session.foundItems.getStart(); knoten; knoten = knoten->naechster)
-            urlBytes += knoten->inhalt.adresse.size();
+        for (const FundKnoten* node = m_session.foundItems.getStart(); node; node = node->naechster())
+            urlBytes += node->inhalt.adresse.size();
         const double own = static_cast<double>(residentBytes() - before - urlBytes);
         std::printf("bytes an item\t%.0f\n", own / m_session.foundItems.getAnzahl());
     }
@@ -174,6 +177,7 @@ private:
     }
 
     Session m_session;
+    settings::LoadResult m_loaded;
     MainWindow m_window;
     FoundModel& m_founds;
     QTimer m_poll;
@@ -187,9 +191,11 @@ int main(int argc, char* argv[])
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
+    const QTemporaryDir data; // with no settings in it
+    qputenv("TARNWICK_DATA", data.path().toLocal8Bit());
     Driver driver;
     if (arguments.size() == 3 && arguments[1] == QLatin1String("search")) {
-        // Nothing measures here: a timer that is always due would have the views brought up to date all the time.
+        // No Heartbeat here: with its timer always due the views would be updated all the time.
         driver.search(arguments[2]);
         QCoreApplication::exec();
     } else if (arguments.size() == 5 && arguments[1] == QLatin1String("lists")) {

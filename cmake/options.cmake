@@ -1,4 +1,4 @@
-# What every target of the project is compiled with: link this one target.
+# The compile options of every target of the project: link this one target.
 add_library(tarnwick_options INTERFACE)
 target_compile_features(tarnwick_options INTERFACE cxx_std_20)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -16,14 +16,28 @@ target_compile_definitions(tarnwick_options INTERFACE
     QT_NO_JAVA_STYLE_ITERATORS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+# tarnwick_precompile(TARGET HEADER...) compiles these headers once for TARGET. A file still includes all that it names:
+# the preset `fuzz` builds without precompiled headers.
+function(tarnwick_precompile target)
+    if(TARNWICK_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+# tarnwick_share_precompiled(TARGET OTHER): TARGET takes the precompiled headers of OTHER.
+function(tarnwick_share_precompiled target other)
+    if(TARNWICK_PRECOMPILE)
+        target_precompile_headers(${target} REUSE_FROM ${other})
+    endif()
+endfunction()
+
 if(TARNWICK_SANITIZE)
     target_compile_options(tarnwick_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(tarnwick_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Inputs that teach the fuzzer something are told by the branches that they take. The library's assertions stay, since a
-# place beyond a text may well lie inside of the memory around it.
+# The fuzzer recognises new inputs by the branches that they take. Assertions of the libraries are on: a position beyond
+# the end of a text may still be valid memory, and the sanitizers would not notice it.
 if(TARNWICK_FUZZ)
     target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link)
     target_compile_definitions(tarnwick_options INTERFACE QT_FORCE_ASSERTS _GLIBCXX_ASSERTIONS)

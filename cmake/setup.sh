@@ -1,9 +1,11 @@
-# Sourced by the project's commands: what all of them need of the system, and the build.
+# Sourced by the project's commands: functions that install packages and build.
 # shellcheck shell=bash
 set -euo pipefail
 unset CDPATH # with it, cd would print where it went
 
 caller=$PWD
+# ccache keeps objects that were made with a precompiled header only with this.
+export CCACHE_SLOPPINESS=pch_defines,time_macros
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
@@ -32,11 +34,11 @@ need_packages() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-# need_server NAME: installs a package for its program alone. The service that comes with it neither starts now nor at
-# the next boot: nobody who tries a crawler wants a public web server.
+# need_server NAME: installs a package for its program only. The package's service starts neither now nor at the next
+# boot, since nobody who tries a crawler wants a public web server.
 need_server() (
     ! is_installed "$1" || return 0
-    # The installation asks this file whether it may start services.
+    # The installer runs this file to ask whether it may start services.
     policy=/usr/sbin/policy-rc.d
     if [ ! -e "$policy" ]; then
         trap 'as_root rm -f "$policy"' EXIT
@@ -52,13 +54,13 @@ need_server() (
     fi
 )
 
-# build PRESET [TARGET...]: configures and builds, quietly unless something is wrong.
-build() {
+# configure PRESET: installs what the build needs and configures, quietly unless something is wrong.
+configure() {
     local preset=$1 log
-    shift
-    need_packages g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libsqlite3-dev python3
+    need_packages g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev qt6-translations-l10n \
+        libsqlite3-dev python3
     log=$(mktemp)
-    # Warnings stop a build only where nobody would read them.
+    # Warnings are errors in CI only: elsewhere somebody reads them.
     local strict=OFF
     [ -z "${CI:-}" ] || strict=ON
     if ! cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_COMPILE_WARNING_AS_ERROR=$strict \
@@ -68,7 +70,23 @@ build() {
         return 1
     fi
     rm -f "$log"
-    local targets=()
+}
+
+# build PRESET [TARGET...]: configures and builds.
+build() {
+    local preset=$1 targets=()
+    shift
+    configure "$preset"
     [ $# -eq 0 ] || targets=(--target "$@")
     cmake --build --preset "$preset" "${targets[@]}" >&2
 }
+
+# use_commit_time: files of packages get the time of the commit, so that two builds of one commit give the same packages.
+use_commit_time() {
+    [ -n "${SOURCE_DATE_EPOCH:-}" ] || SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2>/dev/null) ||
+        SOURCE_DATE_EPOCH=$(stat -c %Y CHANGELOG.md)
+    export SOURCE_DATE_EPOCH
+}
+
+# checksum FILE: writes its SHA-256 checksum beside it, as sha256sum -c reads it.
+checksum() { (cd "$(dirname "$1")" && sha256sum "$(basename "$1")" >"$(basename "$1").sha256"); }

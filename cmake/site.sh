@@ -9,7 +9,7 @@ stop_site() {
 }
 trap stop_site EXIT
 
-# serve_site: starts the server on a free port, and sets site to its URL. Which ports are free is known only by trying.
+# serve_site: starts the server and sets `site` to its URL. It tries random ports until one is free.
 serve_site() {
     local try port
     for try in 1 2 3 4 5 6 7 8 9 10; do

@@ -1,5 +1,4 @@
-# tarnwick_resources(TARGET DESCRIPTION [ICON]): gives a program what Windows shows of it and asks it for: version,
-# manifest, and an icon.
+# tarnwick_resources(TARGET DESCRIPTION [ICON]): adds a Windows program's resources: version, manifest, and an icon.
 function(tarnwick_resources target description)
     if(NOT WIN32)
         return()

@@ -14,6 +14,9 @@ endif()
 set(QT_HOST_PATH /usr CACHE PATH "Where the Qt tools of this machine are installed")
 set(QT_HOST_PATH_CMAKE_DIR "/usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake" CACHE PATH "")
 
+# Programs do not hold the time at which they were linked.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,--no-insert-timestamp")
+
 # Tests are run on Wine.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../windows/wine")
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes the pictures of the windows that the documents show: searches the site of a URL in the real windows, off
-// screen, and saves what they look like in a folder.
+// Takes the pictures of the windows for the documents: searches the site of a URL in the real windows, off screen, and
+// saves their pictures in a folder.
 #include "app/MainWindow.h"
-#include "app/Session.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "support/TestSeams.h"
 
 #include <QAbstractButton>
@@ -44,13 +45,13 @@ public:
     Photographer(const QByteArray& site, const QString& folder)
         : m_site(site)
         , m_folder(QDir(folder).absolutePath())
-        , m_window(m_session, seams())
+        , m_loaded(settings::loadSettings(m_session, {}))
+        , m_window(m_session, seams(m_session.language))
     {
-        m_session.cookies.setCookieFolder(QDir::temp().filePath(QStringLiteral("tarnwick-screenshots")));
         m_session.requestPrefs.useLanguage = true;
         m_session.requestPrefs.sprachAuswahl = { "de German", "en English", "fr French" };
+        m_window.begin(m_loaded);
         m_window.resize(1000, 640);
-        m_window.show();
     }
 
     bool takeAll()
@@ -97,11 +98,11 @@ private:
         qFatal("There is no download manager.");
     }
 
-    /// Downloads all that was found, and something that fails.
+    /// Downloads all items, and one URL that fails.
     bool download()
     {
         DownloadQueue& queue = m_session.downloads;
-        // A short name in the pictures.
+        // A relative target keeps the names in the pictures short.
         QDir::setCurrent(m_target.path());
         queue.settings().target = QStringLiteral("Downloads/");
         queue.settings().naming.dirByUrl = true;
@@ -134,13 +135,14 @@ private:
 
     void shoot(QWidget& widget, const QString& name)
     {
-        QTest::qWait(300); // the time that a person would give the window to draw itself
+        QTest::qWait(300); // time for the window to draw itself
         m_saved = widget.grab().save(QDir(m_folder).filePath(name + QLatin1String(".png"))) && m_saved;
     }
 
     QByteArray m_site;
     QString m_folder;
     Session m_session;
+    settings::LoadResult m_loaded;
     MainWindow m_window;
     QTemporaryDir m_target;
     bool m_saved = true;
@@ -155,6 +157,8 @@ int main(int argc, char* argv[])
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (argc != 3)
         return 2;
+    const QTemporaryDir data; // with no settings in it
+    qputenv("TARNWICK_DATA", data.path().toLocal8Bit());
     Photographer photographer(argv[1], QString::fromLocal8Bit(argv[2]));
     return photographer.takeAll() ? 0 : 1;
 }

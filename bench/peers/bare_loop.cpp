@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Fetches the URLs of standard input, a line each and all of one server, over two sockets with a connection for each
-// request, and throws the bytes away: the least that a search of the same URLs could cost. Prints how many bytes came.
+// The least that a search of some URLs could cost: reads the URLs from standard input, one a line and all of one
+// server, fetches them over two sockets with a new connection for each request, and throws the bytes away. Prints the
+// number of bytes received.
 #include <QCoreApplication>
 #include <QTcpSocket>
 #include <QUrl>

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The search of a whole site, beside two other crawlers and beside the least that its fetches could cost."""
+"""The search of a whole site, beside two other crawlers and beside a loop that only fetches."""
 from peers import site, system
 from peers.work import Row, Work
 
@@ -26,13 +26,13 @@ class Crawlers:
                           cwd=self.place.fresh("wget"))
 
     def httrack(self, start):
-        """Without its limits, cache and index. It saves what it finds, into memory: when it only scans, it leaves the
-        pictures out."""
+        """Runs without limits, cache and index. It saves the files, in memory, since it skips pictures when it only
+        scans."""
         return system.run(["httrack", start, "-O", "mirror", "-q", "--disable-security-limits", "-A1000000000", "-%c0",
                            "-c8", "-s0", "-r9999", "-C0", "-I0"], cwd=self.place.fresh("httrack"))
 
     def bare_loop(self, start):
-        """Fetches what Tarnwick has found, in its order; `start` tells at which port."""
+        """Fetches the URLs that Tarnwick found, in the same order, from the port of `start`."""
         origin = start.removesuffix("/index.html").encode()
         urls = self.place.memory / "urls-of-turn"
         urls.write_bytes(self.urls.read_bytes().replace(self.start.removesuffix("/index.html").encode(), origin))

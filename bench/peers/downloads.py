@@ -13,7 +13,7 @@ BLOCK = 1024 * 1024
 
 
 def make_files(folder, mebibytes):
-    """Of bytes that differ, so that no block can pass for another."""
+    """Writes blocks of random bytes that all differ, so that a misplaced block is noticed."""
     with open("/dev/urandom", "rb") as source:
         noise = source.read(8 * BLOCK)
     for number in range(FILES):

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Ends any Qt program once its window is drawn and its event loop has nothing left to catch up with, so that its start
-// can be timed from outside. Loaded by the library itself: QT_QPA_GENERIC_PLUGINS=first_paint.
+// Ends any Qt program once its window is drawn and its event loop has nothing left to do, so that its start can be
+// timed from outside. Qt loads this plug-in itself: QT_QPA_GENERIC_PLUGINS=first_paint.
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGenericPlugin>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// After so many passes of the event loop whatever was put off until after the first drawing is done as well.
+/// After this many passes of the event loop, work that the program put off until after the first drawing is done too.
 constexpr int passes = 3;
 
 class FirstPaint final : public QObject {

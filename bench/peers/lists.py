@@ -11,13 +11,13 @@ from peers.work import Row, Work
 ITEMS = 1_000_000
 FEWER = 100_000
 SMALL = 10_000
-# The five tests of shapes::fiveTests, in the order in which Tarnwick makes them.
+# The five tests of shapes::fiveTests, in Tarnwick's order.
 TESTS = ('$4 >= 1 && $4 <= 6 && $3 >= 2000 && $3 <= 1000000 && ($2 == "text/html" || $2 == "image/png") '
          '&& (index($1, "story") || index($1, "9")) && index($1, "http://www.example.org:80/") == 1')
 
 
 def search_file(place, items=ITEMS):
-    """A search file of so many items, made once."""
+    """A search file with that many items, created on first use."""
     file = place.memory / f"{items}.twk"
     if not file.exists():
         system.run([system.program("make_search"), items, file])
@@ -25,7 +25,7 @@ def search_file(place, items=ITEMS):
 
 
 def item_lines(place):
-    """The items of a search file without its header."""
+    """The item lines of a search file, without its header."""
     lines = place.memory / "items.tsv"
     if not lines.exists():
         with search_file(place).open("rb") as whole, lines.open("wb") as items:
@@ -55,7 +55,7 @@ def opening(place):
 
 
 def nanoseconds(program, case, items, folder):
-    """What a benchmark takes for one item of a list of so many."""
+    """Nanoseconds that a benchmark takes for one item of a list with that many items."""
     output = system.run([system.program(program), "--benchmark_format=json", f"--benchmark_filter=^{case}/{items}/"],
                         cwd=folder).output
     return 1e9 / json.loads(output)["benchmarks"][0]["items_per_second"]
@@ -78,7 +78,7 @@ def saving(place):
 
 
 def awks(place):
-    """The tests of the filter on the file, for the window beside it. They tell how many items pass."""
+    """The same five tests by two awks on the file. They also count the items that pass."""
     def awk(name):
         def count():
             program = f"{TESTS} {{ ++shown }} END {{ print shown }}"
@@ -89,32 +89,37 @@ def awks(place):
 
 
 def recording(place):
-    """As a search of a site meets them: of five references four are known, and one is new. The harder mixes, with
-    nothing but new ones and with known ones that nothing has looked at for long, are in bench_recording."""
-    def at(items):
-        return lambda: {f"at {items}": nanoseconds("bench_recording", "record/site", items, place.disk)}
+    """References as on a real site: of five, four are known and one is new. bench_recording has harder mixes as well:
+    only new URLs, and known URLs that were recorded long ago."""
+    def at(items, case):
+        return lambda: {f"{case} {items}": nanoseconds("bench_recording", f"record/{case}", items, place.disk)}
 
-    return Work([at(ITEMS), at(SMALL)], [Row("recording a reference at the 1,000,000th item", "at the 10,000th",
-                                             f"at {ITEMS}", (f"at {SMALL}",), "ns", 1.3)])
+    def row(work, case):
+        return Row(work, "at the 10,000th", f"{case} {ITEMS}", (f"{case} {SMALL}",), "ns", 1.3)
+
+    cases = {"site": "recording a reference at the 1,000,000th item, in a program just started",
+             "site_used_heap": "the same in a program that has searched before"}
+    return Work([at(items, case) for case in cases for items in (ITEMS, SMALL)],
+                [row(work, case) for case, work in cases.items()])
 
 
 def memory(place):
-    """What a million items take beyond what a tenth of them take, so that the program itself is left out."""
+    """The difference between a million items and a tenth of them, so that the program itself does not count."""
     with item_lines(place).open("rb") as lines:
         url_bytes = sum(line.index(b"\t") for line in lines) / ITEMS
 
     def console():
         many, few = (opened(search_file(place, items)).peak_bytes for items in (ITEMS, FEWER))
-        # A program inherits the peak of the one that starts it.
+        # A program inherits the peak of its parent.
         if few <= resource.getrusage(resource.RUSAGE_SELF).ru_maxrss * 1024:
-            raise SystemExit("the memory of the smaller list cannot be told from that of the comparison itself")
+            raise SystemExit("the smaller list takes no more memory than this script, so its peak cannot be measured")
         return {"console": (many - few) / (ITEMS - FEWER) - url_bytes}
 
     return Work([console], [Row("memory of an item in tarnwick-cli, but for its URL", "", "console", (), "bytes", 400)])
 
 
 def analysis(_place):
-    """The faster of the two ways in which the parser can be fed counts."""
+    """The parser can be fed in two ways. The faster one counts."""
     def both():
         sizes = [line.split() for line in system.run([system.program("sax")]).output.splitlines()]
         size, *found, own, push, whole = sizes[1]

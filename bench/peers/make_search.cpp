@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes a search file of so many items: make_search ITEMS FILE.twk
+// Writes a search file with ITEMS items: make_search ITEMS FILE.twk
 #include "../Shapes.h"
 #include "results/SearchFileWriter.h"
 
@@ -11,5 +11,5 @@ int main(int argc, char* argv[])
     shapes::fill(list, QByteArray(argv[1]).toLongLong());
     SearchOptions options;
     options.startUrl = shapes::urlOf(0);
-    return SearchFile::save(QString::fromLocal8Bit(argv[2]), options, RequestPrefs(), list) ? 1 : 0;
+    return searchFile::save(QString::fromLocal8Bit(argv[2]), options, RequestPrefs(), list) ? 1 : 0;
 }

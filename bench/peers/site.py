@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The web sites that the programs work on, and the server that serves them on the loopback address."""
+"""The web sites for the comparison, and the server that serves them on the loopback address."""
 import contextlib
 import os
 import socket
@@ -69,7 +69,7 @@ def free_port():
 
 
 class Server:
-    """nginx on two ports: `origin` for what is measured, `logged` for what is looked at."""
+    """nginx on two ports: `origin` for the measurements, `logged` with a log of the requests."""
 
     def __init__(self, folder, site):
         port, logged = free_port(), free_port()
@@ -85,7 +85,7 @@ class Server:
             time.sleep(0.01)
 
     def paths_fetched(self):
-        """How many different paths were fetched at the logged port since the last call."""
+        """The number of different paths that were fetched at the logged port since the last call."""
         time.sleep(0.1)  # the server writes a line after it has sent the answer
         paths = {line.split()[1] for line in self.log.read_text().splitlines() if line.endswith(" 200")}
         os.truncate(self.log, 0)
@@ -109,7 +109,7 @@ def serving(folder, site):
 
 
 def serve(place, name, make):
-    """A server, as long as the place lasts, of a site that `make` writes into a folder."""
+    """Serves a site that `make` writes to a folder. The server ends with `place`."""
     files = place.fresh(name)
     make(files)
     return place.stack.enter_context(serving(place.fresh(name + "-server"), files))

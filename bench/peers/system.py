@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The machine: packages, the build, folders to work in, and programs that are run and measured."""
+"""Installs packages, builds, provides folders to work in, and runs and measures programs."""
 import contextlib
 import os
 import shutil
@@ -18,7 +18,7 @@ TARGETS = ["tarnwick", "tarnwick-cli", "bench_recording", "bench_search_file", "
 
 
 def set_up(packages, targets):
-    """Installs what is missing and builds, by the steps that all commands of the project share."""
+    """Installs missing packages and builds, with the functions of cmake/setup.sh."""
     script = '. cmake/setup.sh; eval "$1"; need_server nginx; TARNWICK_BENCH=ON build release $2'
     need = "need_packages " + " ".join(packages)
     subprocess.run(["bash", "-c", script, "compare", need, " ".join(targets)], cwd=ROOT, check=True)
@@ -36,7 +36,7 @@ class Finished:
 
 
 def run(command, **settings):
-    """Runs a program to its end, its output aside. One that fails ends the comparison."""
+    """Runs a program to its end and keeps its output. If it fails, the comparison ends."""
     with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
         start = time.perf_counter()
         process = subprocess.Popen([str(part) for part in command], stdout=output, stderr=errors, **settings)
@@ -52,8 +52,8 @@ def run(command, **settings):
 
 
 class Place:
-    """Where the work is done: two folders, one in memory and one on the disk of the checkout, and the servers that serve
-    from them. All of it goes at the end."""
+    """Two folders to work in, one in memory and one on the disk of the checkout, and the servers of their sites. The
+    end of the `with` block removes the folders and stops the servers."""
 
     def __init__(self, quick):
         self.quick = quick

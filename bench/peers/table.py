@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The results as a table, which reads well in a terminal and in Markdown alike."""
+"""Formats the results as a table for the terminal, which is also Markdown."""
 
 HEADINGS = ["work", "Tarnwick", "lowest to highest", "beside", "its value", "ratio", "target", "verdict"]
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window: how soon it can be used, how fast it filters, and how long it ever stands still."""
+"""The window: its start, its filter, and its longest standstill."""
 import os
 
 from peers import lists, site, system
@@ -23,7 +23,7 @@ def startup(place):
 
 
 def make_page_of_links(file, count):
-    """To a port where nobody answers, so that nothing but the search and the window is at work."""
+    """Writes a page of links to a port where nobody answers, so that only the search and the window work."""
     with file.open("w") as page:
         for number in range(count):
             page.write(f'<a href="http://127.0.0.1:1/section{number // 10_000}/issue{number // 100}/page{number}.html">')

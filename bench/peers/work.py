@@ -1,15 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What is compared: a piece of work that Tarnwick and its peers do by turns, and the rows that come of it."""
+"""A piece of work that Tarnwick and its peers do in turn, and the rows of its results."""
 import statistics
 from dataclasses import dataclass
 
 
 @dataclass(frozen=True)
 class Row:
-    """A line of the table: a value of Tarnwick's over one of a peer's, or by itself without a peer.
+    """A line of the table: the ratio of Tarnwick's value to a peer's, or Tarnwick's value alone without a peer.
 
-    `ours` and `peers` name values; of several peers the best counts. Where `ours` ends in a blank it stands for all
-    names that begin so, and the largest of their values counts.
+    `ours` and `peers` name values. Of several peers the best counts. If `ours` ends in a blank, it stands for all names
+    with this beginning, and their largest value counts.
     """
     work: str
     beside: str
@@ -28,7 +28,7 @@ class Work:
     alike: str = ""  # the name of a value that all players must agree on
 
     def take_turns(self, turns, tell):
-        """All values of all turns by their names. Who begins changes from turn to turn."""
+        """The values of all turns, by name. The order of the players alternates from turn to turn."""
         values = {}
         for turn in range(turns):
             tell(turn + 1)
@@ -50,7 +50,7 @@ class Result:
 
     @property
     def figure(self):
-        """What the target is for."""
+        """The value that is compared with the target."""
         return self.own if self.peer is None else self.own / self.peer
 
     @property

@@ -2,6 +2,7 @@
 #include "app/About.h"
 
 #include "base/allgemein.h"
+#include "base/folders.h"
 #include "base/lang.h"
 #include "requests/FirefoxDatabase.h"
 

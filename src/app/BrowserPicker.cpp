@@ -2,6 +2,7 @@
 #include "app/BrowserPicker.h"
 
 #include "app/Browser.h"
+#include "app/UserBrowser.h"
 #include "app/dialog_getUrl.h"
 #include "base/ErrorReport.h"
 #include "base/Platform.h"
@@ -20,19 +21,27 @@ namespace {
 QString libraryIn(const QStringList& folders)
 {
     for (const QString& folder : folders) {
-        const QString file = QDir(folder).filePath(QStringLiteral(TARNWICK_BROWSER));
-        if (QFileInfo::exists(file))
+        if (QString file = QDir(folder).filePath(QStringLiteral(TARNWICK_BROWSER)); QFileInfo::exists(file))
             return file;
     }
     return {};
 }
 
+/// Whether loading the browser's library would end the program, as it does for the superuser, unless its sandbox is
+/// switched off.
+bool endsThisProgram()
+{
+    return platform::isSuperuser() && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX");
+}
+
 } // namespace
 
-BrowserPicker::BrowserPicker(const LanguageTable& language, Messages& messages, const QStringList& folders)
+BrowserPicker::BrowserPicker(
+    const LanguageTable& language, Messages& messages, Shell& shell, const QStringList& folders)
     : m_language(language)
     , m_messages(messages)
-    , m_library(libraryIn(folders))
+    , m_shell(shell)
+    , m_folders(folders)
 {
 }
 
@@ -41,45 +50,40 @@ BrowserPicker::~BrowserPicker() = default;
 QStringList BrowserPicker::usualFolders()
 {
     const QString program = QApplication::applicationDirPath();
-    return { program, program + QLatin1String("/../lib/tarnwick") };
+    return { program, program + QLatin1String("/../lib/tarnwick/browser") };
 }
 
-const char* BrowserPicker::obstacle() const
+std::unique_ptr<Browser> BrowserPicker::makeBrowser()
 {
-    if (m_library.isEmpty())
-        return "more.noPicker";
-    // The browser's library ends a program that runs with all rights.
-    const bool isRefused = platform::isSuperuser() && !qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX");
-    return isRefused ? "more.pickerForAdmin" : nullptr;
-}
-
-bool BrowserPicker::makeDialog()
-{
-    QPluginLoader loader(m_library);
-    auto* const factory = qobject_cast<BrowserFactory*>(loader.instance());
-    if (!factory) {
+    if (const QString library = libraryIn(m_folders); !library.isEmpty() && !endsThisProgram()) {
+        QPluginLoader loader(library);
+        if (auto* const factory = qobject_cast<BrowserFactory*>(loader.instance()))
+            return std::unique_ptr<Browser>(factory->create());
         m_messages.tell(errorReport(m_language, "more.pickerFailed", loader.errorString()));
-        return false;
     }
-    m_dialog = std::make_unique<dialog_getUrl>(std::unique_ptr<Browser>(factory->create()), m_language);
+    return std::make_unique<UserBrowser>(m_language, m_messages, m_shell);
+}
+
+void BrowserPicker::makeDialog()
+{
+    m_dialog = std::make_unique<dialog_getUrl>(makeBrowser(), m_language);
     QObject::connect(m_dialog.get(), &QDialog::finished, m_dialog.get(), [this] {
         const auto picked = std::exchange(m_picked, nullptr);
         if (m_dialog->getSuccess() && picked)
             picked(m_dialog->link());
     });
-    return true;
 }
 
 void BrowserPicker::pickUrl(const QByteArray& url, std::function<void(const QByteArray& url)> picked)
 {
     const QWidget* const user = QApplication::activeWindow();
-    if (!m_dialog && !makeDialog())
-        return;
+    if (!m_dialog)
+        makeDialog();
     m_picked = std::move(picked);
-    m_dialog->goUrl(url);
     m_dialog->setWindowModality(Qt::ApplicationModal);
-    m_dialog->winId(); // makes the window, which is to stay above the one in which the user is
+    m_dialog->winId(); // Makes the system window, which must exist before its parent can be set.
     if (user)
         m_dialog->windowHandle()->setTransientParent(user->windowHandle());
     m_dialog->show();
+    m_dialog->goUrl(url);
 }

@@ -7,30 +7,33 @@
 
 #include <memory>
 
+class Browser;
 class LanguageTable;
 class Messages;
+class Shell;
 class dialog_getUrl;
 
-/// A picker with a browser in it. Window and browser are made when they are first asked for, and kept.
+/// A picker with a browser in its window, or with the user's own browser where the library for that is missing, cannot
+/// be loaded or would end the program. Window and browser are made on first use, and kept.
 class BrowserPicker final : public UrlPicker {
 public:
-    /// `folders` are those in which the browser's library may be. The others must outlive the picker.
-    BrowserPicker(const LanguageTable& language, Messages& messages, const QStringList& folders);
+    /// The browser's library is looked for in `folders`. The others must outlive the picker.
+    BrowserPicker(const LanguageTable& language, Messages& messages, Shell& shell, const QStringList& folders);
     ~BrowserPicker() override;
 
-    /// Where the library is beside the program, or where it is installed.
+    /// The program's own folder, and the one into which the library is installed.
     [[nodiscard]] static QStringList usualFolders();
 
-    [[nodiscard]] const char* obstacle() const override;
     void pickUrl(const QByteArray& url, std::function<void(const QByteArray& url)> picked) override;
 
 private:
-    /// False when the browser cannot be had.
-    [[nodiscard]] bool makeDialog();
+    void makeDialog();
+    [[nodiscard]] std::unique_ptr<Browser> makeBrowser();
 
     const LanguageTable& m_language;
     Messages& m_messages;
-    QString m_library; ///< empty when there is none that can be used
+    Shell& m_shell;
+    QStringList m_folders;
     std::unique_ptr<dialog_getUrl> m_dialog;
     std::function<void(const QByteArray& url)> m_picked;
 };

@@ -3,7 +3,7 @@
 
 #include "base/Shell.h"
 
-/// The desktop on which the program runs.
+/// The system's desktop.
 class DesktopShell final : public Shell {
 public:
     bool openFile(const QString& path) override;

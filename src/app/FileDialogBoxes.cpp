@@ -1,9 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FileDialogBoxes.h"
 
+#include "base/MIMETypes.h"
+#include "base/Messages.h"
+#include "base/lang.h"
+
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 
 #include <utility>
+
+FileDialogBoxes::FileDialogBoxes(const LanguageTable& language, Messages& messages)
+    : m_language(language)
+    , m_messages(messages)
+{
+}
 
 void FileDialogBoxes::open(const Request& request, std::function<void(const QString& path)> chosen)
 {
@@ -17,8 +29,35 @@ void FileDialogBoxes::save(const Request& request, std::function<void(const QStr
     auto* const dialog = new QFileDialog(QApplication::activeWindow(), request.title);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setDefaultSuffix(request.defaultSuffix);
-    show(dialog, request, std::move(chosen));
+    // The dialog would ask about the name as typed, without the extension.
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    show(dialog, request, [this, request, chosen = std::move(chosen)](const QString& path) {
+        // As UTF-8, since a path may have letters that the system code page lacks.
+        const QByteArray name = MIMETypes::addExtension(path.toUtf8(), request.extension.toUtf8());
+        confirmReplacing(request, QString::fromUtf8(name), chosen);
+    });
+}
+
+/// If the user does not want an existing file replaced, the dialog comes again with its name.
+void FileDialogBoxes::confirmReplacing(
+    const Request& request, const QString& path, std::function<void(const QString& path)> chosen)
+{
+    if (!QFileInfo::exists(path)) {
+        chosen(path);
+        return;
+    }
+    using enum Messages::Answer;
+    const QString question = m_language.text("more.replaceFile").arg(QDir::toNativeSeparators(path));
+    m_messages.ask({ Messages::Sign::Warning, request.title, question }, { { Yes, No }, No, No },
+        [this, request, path, chosen = std::move(chosen)](Messages::Answer answer) {
+            if (answer == Yes) {
+                chosen(path);
+                return;
+            }
+            Request again = request;
+            again.proposal = path;
+            save(again, chosen);
+        });
 }
 
 void FileDialogBoxes::folder(

@@ -5,9 +5,15 @@
 
 #include <QFileDialog>
 
-/// The system's file dialogs, over the window in which the user is. They begin in the folder where the last one ended.
+class LanguageTable;
+class Messages;
+
+/// The system's file dialogs, over the active window. A dialog begins in the folder of the file that was chosen last.
 class FileDialogBoxes final : public FileDialogs {
 public:
+    /// Both must outlive the dialogs.
+    FileDialogBoxes(const LanguageTable& language, Messages& messages);
+
     void open(const Request& request, std::function<void(const QString& path)> chosen) override;
     void save(const Request& request, std::function<void(const QString& path)> chosen) override;
 
@@ -17,5 +23,9 @@ public:
 private:
     void show(QFileDialog* dialog, const Request& request, std::function<void(const QString& path)> chosen);
 
+    void confirmReplacing(const Request& request, const QString& path, std::function<void(const QString& path)> chosen);
+
+    const LanguageTable& m_language;
+    Messages& m_messages;
     QString m_folder;
 };

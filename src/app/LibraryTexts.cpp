@@ -17,7 +17,13 @@ void LibraryTexts::load()
 {
     QCoreApplication::removeTranslator(&m_translator);
     const QLocale locale = LanguageTable::localeOf(m_language.builtIn());
-    if (m_translator.load(
-            locale, QStringLiteral("qtbase"), QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&m_translator);
+    // The Windows package has the translations beside the program; other systems install them with Qt.
+    const QStringList folders { QCoreApplication::applicationDirPath() + QLatin1String("/translations"),
+        QLibraryInfo::path(QLibraryInfo::TranslationsPath) };
+    for (const QString& folder : folders) {
+        if (m_translator.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), folder)) {
+            QCoreApplication::installTranslator(&m_translator);
+            return;
+        }
+    }
 }

@@ -5,13 +5,13 @@
 
 class LanguageTable;
 
-/// The library's own texts, as on the buttons of message boxes, in the language of the table, as far as they are
-/// installed.
+/// Qt's own texts, as on the buttons of message boxes and in file dialogs, in the built-in language of the table. They
+/// stay English where Qt's translations are not installed.
 class LibraryTexts final : public QObject {
     Q_OBJECT
 
 public:
-    /// `language` must outlive it.
+    /// `language` must outlive the texts.
     explicit LibraryTexts(const LanguageTable& language);
 
 private:

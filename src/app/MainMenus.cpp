@@ -2,7 +2,8 @@
 #include "app/MainMenus.h"
 
 #include "base/lang.h"
-#include "results/FoundsView.h"
+#include "results/ResultFilter.h"
+#include "results/window/FoundsView.h"
 
 #include <QActionGroup>
 #include <QMainWindow>
@@ -36,11 +37,11 @@ QAction* addSwitch(QMenu* menu, const QString& name, bool on, const QKeySequence
 
 struct Choice {
     QVariant data;
-    QString caption; ///< for what is called the same in every language
+    QString caption; ///< for names that are the same in every language
     QKeySequence key;
 };
 
-/// Entries of which one is chosen, called `name` with their index in parentheses.
+/// Entries of which one is chosen. Their object names are `name` with their index in parentheses.
 QActionGroup* addChoices(QMenu* menu, const QString& name, const QList<Choice>& choices, qsizetype chosen)
 {
     auto* const group = new QActionGroup(menu);
@@ -110,7 +111,7 @@ void MainMenus::makeEditMenu(QMenu* menu)
     m_markedToClipboard = addEntry(marked, QStringLiteral("m_markedToClipboard"));
     marked->addSeparator();
     m_markedSelect = addEntry(marked, QStringLiteral("m_markedSelect"));
-    // Text fields and other lists have their own meanings of these keys.
+    // Only in the results list: text fields and other lists use these keys themselves.
     m_selectedOpen->setShortcuts({ Qt::Key_Return, Qt::Key_Enter });
     for (QAction* const action : { m_selectedOpen, m_selectedToClipboard, m_selectAll })
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -129,8 +130,9 @@ void MainMenus::makeViewMenu(QMenu* menu)
             mode(FoundsMode::List, Qt::Key_3), mode(FoundsMode::Details, Qt::Key_4) },
         static_cast<qsizetype>(FoundsMode::Details));
     units = addChoices(addMenu(menu, QStringLiteral("m_showSizesIn")), QStringLiteral("m_einheit"),
-        { { qint64 { 1 }, QStringLiteral("B"), {} }, { qint64 { 1024 }, QStringLiteral("kiB"), {} },
-            { qint64 { 1024 * 1024 }, QStringLiteral("MiB"), {} } },
+        { { ResultFilter::sizeUnits[0], QStringLiteral("B"), {} },
+            { ResultFilter::sizeUnits[1], QStringLiteral("kiB"), {} },
+            { ResultFilter::sizeUnits[2], QStringLiteral("MiB"), {} } },
         0);
     menu->addSeparator();
     QMenu* const language = addMenu(menu, QStringLiteral("m_language"));
@@ -139,7 +141,7 @@ void MainMenus::makeViewMenu(QMenu* menu)
             { int { LanguageTable::German }, QStringLiteral("Deutsch"), {} },
             { int { LanguageTable::French }, QStringLiteral("Français"), {} } },
         LanguageTable::English);
-    // A language file is none of them.
+    // No entry is checked while a language file is in use.
     languages->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     language->addSeparator();
     m_externLang = addEntry(language, QStringLiteral("m_externLang"));

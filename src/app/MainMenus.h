@@ -10,8 +10,8 @@ class QActionGroup;
 class QMainWindow;
 class QMenu;
 
-/// The menus of the main window. Each entry has its member's name for object name, by which it gets its caption; the
-/// window's menu bar owns them all.
+/// The menus of the main window. The object name of an entry is the name of its member; the language table has its
+/// caption under that name. The window's menu bar owns all entries.
 struct MainMenus {
     explicit MainMenus(QMainWindow& window);
 

@@ -2,29 +2,26 @@
 #include "app/MainWindow.h"
 
 #include "app/About.h"
-#include "app/Session.h"
-#include "app/Settings.h"
 #include "app/StatusPanels.h"
 #include "app/WindowPlace.h"
-#include "base/Captions.h"
 #include "base/ErrorReport.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Shell.h"
 #include "base/allgemein.h"
-#include "results/FilterPane.h"
-#include "results/FoundsView.h"
-#include "results/HostTreeView.h"
+#include "base/window/Captions.h"
+#include "results/window/FoundsView.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
-#include <QSplitter>
 #include <QUrl>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -40,26 +37,27 @@ QString draggedFile(const QMimeData* data)
 MainWindow::MainWindow(Session& session, const Seams& seams)
     : m_session(session)
     , m_seams(seams)
+    , m_libraryTexts(session.language)
     , m_search(session)
-    , m_files(m_search, session.language, seams)
-    , m_lists(m_search, session.language, seams)
+    , m_files(m_search, seams)
+    , m_searchMessages(session, seams)
+    , m_lists(m_search, seams)
     , m_language(session.language, seams.messages)
     , m_menus(*this)
-    , m_founds(session.foundItems, session.filter, session.language, nullptr)
-    , m_hosts(session.foundItems, nullptr)
-    , m_baum(new HostTreeView(m_hosts, this))
-    , m_list(new FoundsView(m_founds, session.language, this))
-    , m_filter(new FilterPane(session.filter, this))
+    , m_results(new ResultsArea(session, this))
     , m_status(new StatusPanels(this))
-    , m_splitter(new QSplitter(this))
     , m_sideWindows(session, seams, *this)
-    , m_rowCommands(m_founds, *m_list, session.downloads, session.language, seams.messages, seams.shell)
+    , m_rowCommands(m_results->founds(), m_results->list(), session.downloads, seams)
 {
     setObjectName(QStringLiteral("main"));
     setAcceptDrops(true);
-    layOut();
+    setCentralWidget(m_results);
+    setStatusBar(m_status);
+    const int line = fontMetrics().height();
+    resize(72 * line, 44 * line);
+    m_results->setFocus();
+    m_results->list().setCommands(m_menus.m_edit->actions());
     wireSearch();
-    wireViews();
     wireSearchMenu();
     wireLists();
     wireEditMenu();
@@ -69,73 +67,20 @@ MainWindow::MainWindow(Session& session, const Seams& seams)
     applyCaptions();
 }
 
-MainWindow::~MainWindow()
-{
-    // What is still running must not tell of itself to what is going.
-    m_session.search.disconnect(this);
-}
-
-void MainWindow::layOut()
-{
-    m_baum->setObjectName(QStringLiteral("baum"));
-    m_list->setObjectName(QStringLiteral("l_founds"));
-    m_splitter->addWidget(m_baum);
-    m_splitter->addWidget(m_list);
-    m_splitter->setStretchFactor(1, 1);
-    m_splitter->setChildrenCollapsible(false);
-    const int line = fontMetrics().height();
-    m_splitter->setSizes({ 16 * line, 46 * line });
-
-    auto* const area = new QWidget(this);
-    auto* const rows = new QVBoxLayout(area);
-    rows->addWidget(m_splitter, 1);
-    rows->addWidget(m_filter);
-    setCentralWidget(area);
-    setStatusBar(m_status);
-    resize(72 * line, 44 * line);
-    m_list->setFocus();
-}
+MainWindow::~MainWindow() = default;
 
 void MainWindow::wireSearch()
 {
-    SearchRun& run = m_session.search;
-    connect(&run, &SearchRun::recorded, this, [this](FundKnoten* knoten) {
-        m_founds.offer(knoten);
-        m_hosts.add(knoten->inhalt);
-        m_filter->mimeTypes().meet(knoten->inhalt.mimeTyp);
-        m_statusUpdate.request();
+    connect(&m_session.cookies, &CookieStore::notStored, this, [this] {
+        const QString folder = QDir::toNativeSeparators(m_session.cookies.folder());
+        m_seams.messages.tell(errorReport(m_seams.language, "more.cookiesNotStored", folder));
     });
-    connect(&run, &SearchRun::refreshed, this, [this](FundKnoten* knoten) {
-        m_founds.refresh(knoten);
-        m_filter->mimeTypes().meet(knoten->inhalt.mimeTyp);
-    });
-    connect(&run, &SearchRun::reported, &m_founds, &FoundModel::report);
-    connect(&run, &SearchRun::removing, this, [this](FundKnoten* knoten) {
-        m_founds.removing(knoten);
-        m_hosts.removing(knoten);
-        m_statusUpdate.request();
-    });
-    connect(&run, &SearchRun::cleared, this, &MainWindow::forgetViews);
-    connect(&run, &SearchRun::finished, this, &MainWindow::rebuildViews);
     connect(&m_search, &CurrentSearch::changed, this, &MainWindow::updateStatus);
     connect(&m_search, &CurrentSearch::aboutToDrop, this, [this] { m_rowCommands.finish(); });
     connect(&m_files, &SearchFiles::opened, this, &MainWindow::showOpened);
     connect(&m_sideWindows, &SideWindows::searchConfirmed, this, &MainWindow::startSearch);
-}
-
-void MainWindow::wireViews()
-{
+    connect(m_results, &ResultsArea::countChanged, &m_statusUpdate, &PacedUpdate::request);
     connect(&m_statusUpdate, &PacedUpdate::due, this, &MainWindow::updateStatus);
-    connect(&m_founds, &FoundModel::countChanged, this, [this] { m_statusUpdate.request(); });
-    connect(m_baum, &HostTreeView::branchChosen, this, [this](const SubUrl& branch) {
-        // The root stands for everything, whatever its protocol.
-        m_session.filter.branch = branch.level > 0 ? std::optional(branch) : std::nullopt;
-        filterChanged();
-    });
-    connect(m_filter, &FilterPane::filterChanged, this, &MainWindow::filterChanged);
-    connect(m_filter, &FilterPane::applyClicked, &m_founds, &FoundModel::rebuild);
-    connect(m_filter, &FilterPane::closeClicked, this, [this] { m_menus.m_showFilter->setChecked(false); });
-    m_list->setCommands(m_menus.m_edit->actions());
 }
 
 void MainWindow::wireSearchMenu()
@@ -174,7 +119,7 @@ void MainWindow::wireEditMenu()
     };
     command(m_menus.m_selectedOpen, [](RowCommands& rows) { rows.open(false); });
     command(m_menus.m_markedOpen, [](RowCommands& rows) { rows.open(true); });
-    connect(m_list, &FoundsView::doubleClicked, m_menus.m_selectedOpen, &QAction::trigger);
+    connect(&m_results->list(), &FoundsView::doubleClicked, this, [this](int row) { m_rowCommands.openRow(row); });
     const auto openBy = [this](QAction* action, bool marked) {
         connect(action, &QAction::triggered, this,
             [this, marked] { m_sideWindows.showOpenBy([this, marked] { return m_rowCommands.urls(marked); }); });
@@ -192,14 +137,15 @@ void MainWindow::wireEditMenu()
 
 void MainWindow::wireViewMenu()
 {
-    connect(m_menus.m_showFilter, &QAction::toggled, this, [this](bool on) {
-        m_session.windows.filter = on;
-        m_filter->setVisible(on);
-    });
-    connect(m_menus.m_showTree, &QAction::toggled, this, &MainWindow::showTree);
+    connect(m_menus.m_showFilter, &QAction::toggled, m_results, &ResultsArea::showFilter);
+    connect(m_results, &ResultsArea::filterCloseClicked, m_menus.m_showFilter, &QAction::toggle);
+    connect(m_status, &StatusPanels::filteredClicked, this, [this] { m_menus.m_showFilter->setChecked(true); });
+    connect(m_menus.m_showTree, &QAction::toggled, m_results, &ResultsArea::showTree);
     connect(m_menus.listModes, &QActionGroup::triggered, this,
-        [this](const QAction* mode) { m_list->setMode(static_cast<FoundsMode>(mode->data().toInt())); });
+        [this](const QAction* mode) { m_results->list().setMode(static_cast<FoundsMode>(mode->data().toInt())); });
     connect(m_menus.units, &QActionGroup::triggered, this, [this](const QAction* unit) { chooseUnit(*unit); });
+    for (QAction* const unit : m_menus.units->actions())
+        unit->setChecked(unit->data().toLongLong() == m_session.filter.sizeUnit);
     chooseUnit(*m_menus.units->checkedAction());
     connect(m_menus.languages, &QActionGroup::triggered, this,
         [this](const QAction* language) { m_language.selectBuiltIn(language->data().toInt()); });
@@ -225,8 +171,11 @@ void MainWindow::wireOtherMenus()
 {
     connect(m_menus.m_requests, &QAction::triggered, &m_sideWindows, &SideWindows::showRequests);
     connect(m_menus.m_resolve3xx, &QAction::toggled, this, [this](bool on) { m_session.setFollowRelocation(on); });
-    connect(m_menus.m_filterAutoApply, &QAction::toggled, this,
-        [this](bool on) { m_session.windows.filterAutoApply = on; });
+    connect(m_menus.m_filterAutoApply, &QAction::toggled, this, [this](bool on) {
+        m_session.windows.filterAutoApply = on;
+        if (on)
+            m_results->applyWaitingFilter();
+    });
     connect(m_menus.m_autoOpenDLM, &QAction::toggled, this, [this](bool on) { m_session.windows.autoOpenDLM = on; });
     connect(m_menus.m_goHelpfile, &QAction::triggered, this, &MainWindow::showHelp);
     connect(m_menus.m_about, &QAction::triggered, this, &MainWindow::showAbout);
@@ -243,15 +192,14 @@ void MainWindow::applyCaptions()
     captions::apply(*this, m_session.language);
     for (QAction* const action : m_menus.languages->actions())
         action->setChecked(action->data().toInt() == m_language.index());
-    m_list->setViewsName(text("more.results"));
+    m_results->list().setViewsName(m_seams.text("more.results"));
     updateStatus();
 }
 
 void MainWindow::startSearch()
 {
-    m_session.filter.branch.reset();
     m_search.start();
-    m_baum->expandHostOf(m_session.searchOptions.startUrl);
+    m_results->expandHostOf(m_session.searchOptions.startUrl);
 }
 
 void MainWindow::open(const QString& fileName)
@@ -259,71 +207,49 @@ void MainWindow::open(const QString& fileName)
     m_files.open(fileName);
 }
 
-void MainWindow::showOpened(const MimeListe& mimeTypes)
+void MainWindow::showOpened(const MimeTypeList& mimeTypes)
 {
-    m_session.filter.branch.reset();
-    for (const MimeListe::Entry& entry : mimeTypes.entries())
-        m_filter->mimeTypes().meet(entry.type);
+    m_results->meet(mimeTypes);
+    m_results->expandHostOf(m_session.searchOptions.startUrl);
+    m_results->rebuild();
     m_sideWindows.showOptions();
-    m_baum->expandHostOf(m_session.searchOptions.startUrl);
-    rebuildViews();
 }
 
 void MainWindow::askForLanguageFile()
 {
-    const FileDialogs::Request request { LanguageTable::plain(text("main.m_externLang")),
-        { { text("lang.filetype_lng"), QStringLiteral("*.lng") } }, {}, {} };
+    const FileDialogs::Request request { LanguageTable::plain(m_seams.text("main.m_externLang")),
+        { { m_seams.text("lang.filetype_lng"), QStringLiteral("*.lng") } }, {}, {} };
     m_seams.fileDialogs.open(request, [this](const QString& path) { m_language.load(path); });
-}
-
-void MainWindow::filterChanged()
-{
-    if (m_session.windows.filterAutoApply)
-        m_founds.rebuild();
-}
-
-void MainWindow::rebuildViews()
-{
-    m_founds.rebuild();
-    m_hosts.rebuild();
-}
-
-void MainWindow::forgetViews()
-{
-    m_founds.clear();
-    m_hosts.clear();
 }
 
 void MainWindow::chooseUnit(const QAction& unit)
 {
-    m_filter->setSizeUnit(unit.data().toLongLong(), unit.text());
-    filterChanged();
+    m_results->setSizeUnit(unit.data().toLongLong(), unit.text());
 }
 
 void MainWindow::showHelp()
 {
-    if (!m_seams.shell.openFile(about::helpFile(text("lang.helpfile"))))
-        m_seams.messages.tell({ Messages::Sign::Warning, text("lang.errTitle"), text("lang.errHelp") });
+    if (!m_seams.shell.openFile(about::helpFile(m_seams.text("lang.helpfile"))))
+        m_seams.messages.tell({ Messages::Sign::Warning, m_seams.text("lang.errTitle"), m_seams.text("lang.errHelp") });
 }
 
 void MainWindow::showAbout()
 {
-    m_seams.messages.tell(
-        { Messages::Sign::Information, LanguageTable::plain(text("main.m_about")), about::text(m_session.language) });
+    m_seams.messages.tell({ Messages::Sign::Information, LanguageTable::plain(m_seams.text("main.m_about")),
+        about::text(m_seams.language) });
 }
 
 void MainWindow::updateStatus()
 {
     const SearchStatus status = m_search.status();
-    m_status->show(status, m_founds.rowCount(), m_session.language);
-    m_filter->setShownCount(m_founds.rowCount());
-    m_list->setEmptyText(emptyText(status));
+    m_status->show(status, m_results->shownCount(), m_session.filter.isActive(), m_session.language);
+    m_results->showStatus(status);
     m_menus.m_searchNew->setEnabled(status.canStart());
     m_menus.m_searchContinue->setEnabled(status.canContinue());
     m_menus.m_searchStop->setEnabled(status.canStop());
     for (QAction* const action : { m_menus.m_searchOpen, m_menus.m_importUrlList, m_menus.m_importCsv })
         action->setEnabled(status.canStart());
-    m_menus.m_requests->setEnabled(!status.opening); // the file may bring others
+    m_menus.m_requests->setEnabled(!status.opening); // The file may replace the preferences.
     updateTitle();
 }
 
@@ -334,16 +260,16 @@ void MainWindow::updateTitle()
     setWindowTitle(file.isEmpty() ? program : file + QStringLiteral(" – ") + program);
 }
 
-QString MainWindow::emptyText(const SearchStatus& status) const
+void MainWindow::begin(const settings::LoadResult& loaded, const QString& fileName)
 {
-    if (status.state == SearchState::None)
-        return text("lang.search_noSearch") + u'\n' + text("more.hintNew");
-    return status.found > 0 && !m_founds.isRebuilding() ? text("more.allFiltered") : QString();
-}
-
-QString MainWindow::text(const char* key) const
-{
-    return m_session.language.text(key);
+    restoreState();
+    show();
+    // Boxes need a window over which they can be shown.
+    resumeLanguage();
+    if (const auto box = settings::report(loaded, m_session.language))
+        m_seams.messages.tell(*box);
+    if (!fileName.isEmpty())
+        open(fileName);
 }
 
 void MainWindow::restoreState()
@@ -352,10 +278,7 @@ void MainWindow::restoreState()
     windowPlace::restore(*this, { windows.mainWidth, windows.mainHeight }, m_session.views.mainPlace);
     if (windows.mainMaximized)
         setWindowState(windowState() | Qt::WindowMaximized);
-    m_list->restoreColumns(m_session.views.columns);
-    if (windows.treeX > 0)
-        m_splitter->setSizes({ windowPlace::pixels(windows.treeX), width() - windowPlace::pixels(windows.treeX) });
-
+    m_results->restoreState();
     m_menus.m_showFilter->setChecked(windows.filter);
     m_menus.m_showTree->setChecked(windows.tree);
     m_menus.m_filterAutoApply->setChecked(windows.filterAutoApply);
@@ -368,7 +291,7 @@ void MainWindow::resumeLanguage()
     if (m_session.windows.langFile.isEmpty())
         return;
     m_language.resume(m_session.windows.langFile);
-    applyCaptions(); // also where nothing of it could be read
+    applyCaptions(); // The file stays chosen in the menu even if it could not be read.
 }
 
 void MainWindow::rememberState()
@@ -378,28 +301,17 @@ void MainWindow::rememberState()
     windows.mainWidth = size.width();
     windows.mainHeight = size.height();
     windows.mainMaximized = isMaximized();
-    if (windows.tree)
-        windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
     windows.langFile = m_language.fileName();
     m_session.views.mainPlace = windowPlace::placeOf(*this);
-    m_session.views.columns = m_list->columnState();
+    m_results->rememberState();
     m_sideWindows.rememberState();
 }
 
-void MainWindow::showTree(bool on)
-{
-    // A splitter forgets the place of what is hidden.
-    if (!on && m_baum->isVisible())
-        m_session.windows.treeX = windowPlace::twips(m_splitter->sizes().constFirst());
-    m_session.windows.tree = on;
-    m_baum->setVisible(on);
-}
-
-/// When they cannot be saved, the window closes once the user has read that.
+/// Closes the window after the user has read that the settings cannot be saved.
 void MainWindow::saveSettings()
 {
     rememberState();
-    const auto failure = Settings::saveSettings(m_session);
+    const auto failure = settings::saveSettings(m_session);
     m_isSettled = !failure;
     if (!failure)
         return;
@@ -412,7 +324,7 @@ void MainWindow::saveSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_rowCommands.finish();
-    // What could not be written is told of first; then the user may close the window again.
+    // A failure is told first. The window stays open, so that the user can save elsewhere or close it again.
     const bool areSaved = m_files.finish();
     const bool isWritten = m_lists.finish() && areSaved;
     if (isWritten && !m_isSettled)
@@ -424,6 +336,15 @@ void MainWindow::closeEvent(QCloseEvent* event)
     m_session.search.stopSearch();
     event->accept();
     QApplication::closeAllWindows();
+}
+
+void MainWindow::saveBeforeEnd()
+{
+    m_rowCommands.finish();
+    (void)m_files.finish();
+    (void)m_lists.finish();
+    rememberState();
+    (void)settings::saveSettings(m_session);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

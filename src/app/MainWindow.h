@@ -1,42 +1,44 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/CurrentSearch.h"
-#include "app/LanguageChoice.h"
-#include "app/ListFiles.h"
+#include "app/LibraryTexts.h"
 #include "app/MainMenus.h"
-#include "app/SearchFiles.h"
-#include "app/Seams.h"
+#include "app/ResultsArea.h"
 #include "app/SideWindows.h"
 #include "base/PacedUpdate.h"
-#include "results/FoundModel.h"
-#include "results/HostTree.h"
-#include "results/RowCommands.h"
+#include "base/Seams.h"
+#include "results/window/RowCommands.h"
+#include "session/CurrentSearch.h"
+#include "session/LanguageChoice.h"
+#include "session/ListFiles.h"
+#include "session/SearchFiles.h"
+#include "session/SearchMessages.h"
 
 #include <QMainWindow>
 
-class FilterPane;
-class FoundsView;
-class HostTreeView;
-class QSplitter;
-class Session;
 class StatusPanels;
 
-/// The main window: the results as list and tree, the filter, the menus and the status bar, wired to the search.
+namespace settings {
+struct LoadResult;
+}
+
+/// The main window: menus, results and status bar, wired to the session.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Both, and what the seams refer to, must outlive the window.
+    /// `session` must outlive the window.
     MainWindow(Session& session, const Seams& seams);
     ~MainWindow() override;
 
+    /// Shows the window as it was when the program last ended. Then tells what could not be read of the settings, and
+    /// opens a search file if one is named.
+    void begin(const settings::LoadResult& loaded, const QString& fileName = {});
     /// Opens a search file, as the user's command does.
     void open(const QString& fileName);
-    /// Puts the windows in the state that the session holds: what it was when the program last ended.
-    void restoreState();
-    /// Reads the language file that was in use then. It may have something to say, so call it when the window is shown.
-    void resumeLanguage();
+    /// Saves the settings and all that is being written, without a question, before the system ends the program. A
+    /// failure is not reported, since nobody could read it.
+    void saveBeforeEnd();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -44,9 +46,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void layOut();
     void wireSearch();
-    void wireViews();
     void wireSearchMenu();
     void wireLists();
     void wireEditMenu();
@@ -56,38 +56,31 @@ private:
     void applyCaptions();
 
     void startSearch();
-    void showOpened(const MimeListe& mimeTypes);
+    void showOpened(const MimeTypeList& mimeTypes);
     void askForLanguageFile();
-    void rememberState();
-    void saveSettings();
-    void showTree(bool on);
-    void filterChanged();
-    void rebuildViews();
-    void forgetViews();
     void chooseUnit(const QAction& unit);
     void showHelp();
     void showAbout();
     void updateStatus();
     void updateTitle();
-    [[nodiscard]] QString emptyText(const SearchStatus& status) const;
-    [[nodiscard]] QString text(const char* key) const;
+    void restoreState();
+    void resumeLanguage();
+    void rememberState();
+    void saveSettings();
 
     Session& m_session;
     Seams m_seams;
+    LibraryTexts m_libraryTexts;
     CurrentSearch m_search;
     SearchFiles m_files;
+    SearchMessages m_searchMessages;
     ListFiles m_lists;
     LanguageChoice m_language;
     MainMenus m_menus;
-    FoundModel m_founds;
-    HostTree m_hosts;
-    HostTreeView* m_baum;
-    FoundsView* m_list;
-    FilterPane* m_filter;
+    ResultsArea* m_results;
     StatusPanels* m_status;
-    QSplitter* m_splitter;
     SideWindows m_sideWindows;
     RowCommands m_rowCommands;
     PacedUpdate m_statusUpdate;
-    bool m_isSettled = false; ///< the settings are saved, or it was told that they cannot be
+    bool m_isSettled = false; ///< the settings are saved, or the user has read that they cannot be
 };

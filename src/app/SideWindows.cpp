@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SideWindows.h"
 
-#include "app/Session.h"
 #include "app/WindowPlace.h"
-#include "base/ColumnsTable.h"
-#include "crawl/dialog_getSearch.h"
-#include "downloads/DLManager.h"
-#include "downloads/getDLStack.h"
-#include "requests/dialog_requests.h"
-#include "results/dialog_openBy.h"
+#include "base/window/ColumnsTable.h"
+#include "crawl/window/dialog_getSearch.h"
+#include "downloads/window/DLManager.h"
+#include "downloads/window/getDLStack.h"
+#include "requests/window/dialog_requests.h"
+#include "results/window/dialog_openBy.h"
+#include "session/Session.h"
 
 #include <utility>
 
@@ -24,8 +24,7 @@ SideWindows::~SideWindows() = default;
 void SideWindows::showNewSearch()
 {
     if (!m_newSearch) {
-        m_newSearch = new dialog_getSearch(
-            m_session.searchOptions, m_session.language, m_seams.messages, m_seams.urlPicker, &m_main);
+        m_newSearch = new dialog_getSearch(m_session.searchOptions, m_seams, &m_main);
         connect(m_newSearch, &dialog_getSearch::confirmed, this, &SideWindows::searchConfirmed);
     }
     m_newSearch->showOptions();
@@ -35,8 +34,7 @@ void SideWindows::showNewSearch()
 void SideWindows::showNumbered()
 {
     if (!m_numbered) {
-        m_numbered =
-            new getDLStack(m_session.downloads, m_session.language, m_seams.messages, m_seams.urlPicker, &m_main);
+        m_numbered = new getDLStack(m_session.downloads, m_seams, &m_main);
         connect(m_numbered, &getDLStack::confirmed, this, &SideWindows::showDownloadsIfWanted);
     }
     m_numbered->open();
@@ -45,15 +43,15 @@ void SideWindows::showNumbered()
 void SideWindows::showRequests()
 {
     if (!m_requests)
-        m_requests = new dialog_requests(m_session.requestPrefs, m_session.cookies, m_session.language,
-            m_seams.messages, m_seams.fileDialogs, m_seams.registry, &m_main);
+        m_requests =
+            new dialog_requests(m_session.requestPrefs, m_session.ownRequestPrefs, m_session.cookies, m_seams, &m_main);
     m_requests->run();
 }
 
 void SideWindows::showOpenBy(std::function<QList<QByteArray>()> urls)
 {
     if (!m_openBy)
-        m_openBy = new dialog_openBy(m_session.language, m_seams.messages, m_seams.fileDialogs, m_seams.shell, &m_main);
+        m_openBy = new dialog_openBy(m_seams, &m_main);
     m_openBy->run(std::move(urls));
 }
 
@@ -74,8 +72,7 @@ void SideWindows::showDownloadsIfWanted()
 DLManager& SideWindows::downloads()
 {
     if (!m_downloads) {
-        m_downloads = std::make_unique<DLManager>(
-            m_session.downloads, m_session.language, m_seams.messages, m_seams.fileDialogs, m_seams.shell);
+        m_downloads = std::make_unique<DLManager>(m_session.downloads, m_seams);
         const WindowSettings& windows = m_session.windows;
         windowPlace::restore(*m_downloads, { windows.dlmWidth, windows.dlmHeight }, m_session.views.downloadsPlace);
         m_downloads->list().restoreColumns(m_session.views.downloadsColumns);

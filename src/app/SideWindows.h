@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/Seams.h"
+#include "base/Seams.h"
 
 #include <QByteArray>
 #include <QList>
@@ -18,32 +18,31 @@ class dialog_openBy;
 class dialog_requests;
 class getDLStack;
 
-/// The windows beside the main one. Each is made when it is first shown, since most starts of the program end without
-/// most of them.
+/// The windows beside the main one. Each is made when it is first shown, since most sessions need few of them.
 class SideWindows final : public QObject {
     Q_OBJECT
 
 public:
-    /// All of them, and what the seams refer to, must outlive it. The dialogs belong to `main`.
+    /// `session` and `main` must outlive it. The dialogs belong to `main`.
     SideWindows(Session& session, const Seams& seams, QWidget& main);
     ~SideWindows() override;
 
     void showNewSearch();
     void showNumbered();
     void showRequests();
-    /// `urls` gives those that a program is to be started on when the user has chosen it.
+    /// `urls` is called when the user has chosen a program, and gives the URLs to start it with.
     void showOpenBy(std::function<QList<QByteArray>()> urls);
     void showDownloads();
-    /// The same if the download manager is to open by itself.
+    /// As above, unless the user has switched that off for added downloads.
     void showDownloadsIfWanted();
 
-    /// Has the windows show the session's search options and languages, which others have changed.
+    /// Shows the session's search options and languages anew. Call it when others have changed them.
     void showOptions();
     /// Puts the state of the windows into the session.
     void rememberState() const;
 
 signals:
-    /// The session's search options are those of a new search.
+    /// The user has confirmed the session's search options for a new search.
     void searchConfirmed();
 
 private:

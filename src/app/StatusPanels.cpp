@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StatusPanels.h"
 
-#include "app/SearchStatus.h"
-#include "base/Captions.h"
 #include "base/lang.h"
+#include "base/window/Captions.h"
+#include "session/SearchStatus.h"
 
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QStyle>
 
 #include <algorithm>
 
 namespace {
 
-/// A label that takes what room there is and shows of a long text what fits.
+/// A label that never widens the window for a long text. It leaves out the middle instead.
 class Panel final : public QLabel {
 public:
     Panel(const QString& name, QWidget* parent)
@@ -42,6 +43,7 @@ constexpr std::array<int, 6> stretches { 4, 5, 2, 4, 5, 3 };
 
 StatusPanels::StatusPanels(QWidget* parent)
     : QStatusBar(parent)
+    , m_filtered(new QPushButton(this))
     , m_busy(new QProgressBar(this))
 {
     setObjectName(QStringLiteral("statusBar"));
@@ -49,6 +51,12 @@ StatusPanels::StatusPanels(QWidget* parent)
         m_panels[panel] = new Panel(QStringLiteral("panel_%1").arg(panel + 1), this);
         addWidget(m_panels[panel], stretches[panel]);
     }
+    m_filtered->setObjectName(QStringLiteral("b_filtered"));
+    m_filtered->setFlat(true);
+    m_filtered->setFocusPolicy(Qt::TabFocus);
+    m_filtered->hide();
+    connect(m_filtered, &QPushButton::clicked, this, &StatusPanels::filteredClicked);
+    addPermanentWidget(m_filtered);
     m_busy->setObjectName(QStringLiteral("busy"));
     m_busy->setRange(0, 0);
     m_busy->setTextVisible(false);
@@ -57,14 +65,16 @@ StatusPanels::StatusPanels(QWidget* parent)
     addPermanentWidget(m_busy);
 }
 
-void StatusPanels::show(const SearchStatus& status, int shownRows, const LanguageTable& language)
+void StatusPanels::show(const SearchStatus& status, int shownRows, bool isFiltered, const LanguageTable& language)
 {
-    QString shown = language.text("main.lbl_nFiltered").remove(u':').trimmed();
-    shown += QLatin1String(": ") + QString::number(shownRows);
+    const QString label = language.text("main.lbl_nFiltered").remove(u':').trimmed();
+    const QString shown = language.labelled(label, QString::number(shownRows));
     const auto texts = status.panels(language);
     for (size_t panel = 0; panel < m_panels.size(); ++panel)
         m_panels[panel]->setText(panel < shownPanel ? texts[panel] : shown);
     m_panels[1]->setToolTip(captions::toolTip(texts[1]));
+    m_filtered->setToolTip(language.text("more.filteredHint"));
+    m_filtered->setVisible(isFiltered);
     m_busy->setVisible(status.isBusy());
     m_busy->setAccessibleName(language.text("lang.search_searching"));
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowPlace.h"
 
-#include "app/WindowSettings.h"
+#include "session/WindowSettings.h"
 
 #include <QGuiApplication>
 #include <QScreen>

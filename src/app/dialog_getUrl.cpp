@@ -2,12 +2,13 @@
 #include "app/dialog_getUrl.h"
 
 #include "app/Browser.h"
-#include "base/Captions.h"
 #include "base/allgemein.h"
 #include "base/lang.h"
-#include "crawl/url.h"
+#include "base/window/Captions.h"
+#include "http/url.h"
 #include "ui_dialog_getUrl.h"
 
+#include <QApplication>
 #include <QHideEvent>
 
 #include <utility>
@@ -21,9 +22,13 @@ dialog_getUrl::dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTab
     QWidget* const page = m_browser->widget();
     page->setObjectName(QStringLiteral("IE"));
     m_ui->rows->addWidget(page, 1);
-    resize(64 * fontMetrics().height(), 44 * fontMetrics().height());
+    if (m_browser->isEmbedded())
+        resize(64 * fontMetrics().height(), 44 * fontMetrics().height());
+    else
+        m_ui->link->setMinimumWidth(30 * fontMetrics().height());
 
-    m_browser->onNavigated([this](const QByteArray& url) { m_ui->link->setText(allgemein::fromSystem(url)); });
+    m_browser->onNavigated([this](const QByteArray& url) { showAddress(url); });
+    m_browser->onLinkFollowed([this] { m_ui->link->setModified(false); });
     const auto applyCaptions = [this, &language] {
         captions::apply(*this, language);
     };
@@ -37,7 +42,7 @@ dialog_getUrl::dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTab
 
 dialog_getUrl::~dialog_getUrl()
 {
-    m_browser.reset(); // before its widget, which the window owns
+    m_browser.reset(); // The browser must go before its widget, which the window owns.
 }
 
 void dialog_getUrl::goUrl(const QByteArray& url)
@@ -53,15 +58,42 @@ QByteArray dialog_getUrl::link() const
     return allgemein::toSystem(m_ui->link->text().trimmed());
 }
 
+void dialog_getUrl::showAddress(const QByteArray& url)
+{
+    // A page that arrives late must not overwrite an address that the user is typing.
+    if (m_ui->link->isModified())
+        return;
+    if (m_browser->isEmbedded()) {
+        m_ui->link->setText(allgemein::fromSystem(url));
+        return;
+    }
+    // Unlike setText, insert keeps the history of Undo, so a text that was typed before can be brought back. The
+    // selection keeps a user who pastes the URL as well from doubling it.
+    m_ui->link->selectAll();
+    m_ui->link->insert(allgemein::fromSystem(url));
+    m_ui->link->setModified(false);
+    m_ui->link->selectAll();
+    QApplication::alert(this);
+}
+
 void dialog_getUrl::navigate()
 {
+    m_ui->link->setModified(false);
     if (const QByteArray url = link(); !url.isEmpty())
         m_browser->navigate(url::withProtocol(url));
 }
 
+void dialog_getUrl::changeEvent(QEvent* event)
+{
+    // A user who goes to the browser has stopped typing.
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !m_browser->isEmbedded())
+        m_ui->link->setModified(false);
+    QDialog::changeEvent(event);
+}
+
 void dialog_getUrl::hideEvent(QHideEvent* event)
 {
-    // A window that is only minimised keeps its page.
+    // Keep the page of a window that is only minimised.
     if (!event->spontaneous())
         m_browser->clear();
     QDialog::hideEvent(event);

@@ -12,7 +12,7 @@ namespace Ui {
 class dialog_getUrl;
 }
 
-/// The window in which the user browses to a page and takes its address.
+/// The window in which the user takes the address of a page. The page is in the window, or in the user's own browser.
 class dialog_getUrl final : public QDialog {
     Q_OBJECT
 
@@ -21,17 +21,19 @@ public:
     dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTable& language);
     ~dialog_getUrl() override;
 
-    /// Puts a URL into the address field, and shows its page.
+    /// Puts a URL into the address field and loads its page.
     void goUrl(const QByteArray& url);
-    /// Whether the window was closed with the button that takes the address.
+    /// Whether the user closed the window with OK.
     [[nodiscard]] bool getSuccess() const { return result() == Accepted; }
-    /// What stands in the address field.
+    /// The text of the address field.
     [[nodiscard]] QByteArray link() const;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void showAddress(const QByteArray& url);
     void navigate();
 
     std::unique_ptr<Browser> m_browser;

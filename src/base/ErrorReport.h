@@ -6,9 +6,9 @@
 class LanguageTable;
 class QFileDevice;
 
-/// The box that tells of a failure: first what was being done, by a key of the table, then what it was done to or what
-/// the system says.
+/// The box that reports a failure. Its first line is the text of the key `doing`, such as "Error while opening";
+/// `detail` stands below it.
 [[nodiscard]] Messages::Box errorReport(const LanguageTable& language, const char* doing, const QString& detail);
 
-/// A file's name, and below it what the system says of its last failure.
+/// A file's name, and below it the system's words for its last error.
 [[nodiscard]] QString fileFailure(const QFileDevice& file);

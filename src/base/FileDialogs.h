@@ -19,13 +19,14 @@ public:
         QString title;
         QList<FileType> types;
         QString proposal; ///< the file name to begin with; may be empty
-        QString defaultSuffix; ///< added to a name without one when saving; no dot
+        QString extension; ///< when saving, added to a name that does not end in it; no dot
         QString folder = {}; ///< where the dialog begins; empty for where the last one without a folder ended
     };
 
     virtual ~FileDialogs() = default;
 
     virtual void open(const Request& request, std::function<void(const QString& path)> chosen) = 0;
+    /// Asks before an existing file is replaced.
     virtual void save(const Request& request, std::function<void(const QString& path)> chosen) = 0;
     /// Begins in the folder `proposal`.
     virtual void folder(

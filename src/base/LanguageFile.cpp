@@ -2,13 +2,13 @@
 #include "base/LanguageFile.h"
 
 #include "base/allgemein.h"
+#include "base/folders.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace {
 
-/// In bytes. The built-in ones have some ten thousand.
+/// In bytes. The built-in languages have some ten thousand.
 constexpr qint64 largestFile = 16 * 1024 * 1024;
 
 } // namespace
@@ -18,11 +18,13 @@ LanguageFile::LanguageFile(const QString& fileName, LanguageTable& table)
     , m_lines(m_file)
     , m_table(table)
 {
-    // The settings may name anything. A pipe would wait for a writer, and a device may never end.
-    const QFileInfo there(fileName);
-    if (!there.isFile() || there.size() > largestFile || !m_file.open(QIODevice::ReadOnly))
+    // The settings may name a device or a pipe.
+    if (!allgemein::isOrdinaryFile(fileName) || m_file.size() > largestFile || !m_file.open(QIODevice::ReadOnly))
         return;
-    m_isUtf8 = skipUtf8Mark(m_file);
+    // Text in another encoding that is valid UTF-8 as well hardly occurs, but for plain ASCII, which reads the same.
+    m_isUtf8 = m_file.readAll().isValidUtf8();
+    m_file.seek(0);
+    m_isUtf8 = skipUtf8Mark(m_file) || m_isUtf8;
 }
 
 LanguageFile::Step LanguageFile::read()

@@ -6,15 +6,15 @@
 
 #include <QFile>
 
-/// Lays the texts of a language file (`*.lng`) over those of a table, line by line. A line holds a key, "=" and the
-/// text; a key that begins with "//" makes it a comment; lines without "=" and those that are too long are passed over.
-/// The file is text in the system code page, or in UTF-8 if it begins with the mark of that encoding. What is no
-/// ordinary file, or larger than 16 MiB, cannot be read.
+/// Reads a language file (`*.lng`) into a language table. A line holds a key, "=" and the text. Skipped are comments,
+/// whose key begins with "//", lines without "=", and lines of more than `LineReader::ordinarily` bytes.
+/// The file is text in the system code page, or in UTF-8 if it begins with its mark or is valid UTF-8. Only
+/// an ordinary file of at most 16 MiB can be read.
 class LanguageFile {
 public:
     enum class Step {
         End,
-        UnknownKey, ///< `key` is none of the table's; `read` goes on behind it
+        UnknownKey, ///< `key` is not in the table; call `read` to go on behind it
         Failed, ///< the file cannot be read (any further)
     };
 
@@ -23,10 +23,10 @@ public:
 
     /// Whether the file could be opened.
     [[nodiscard]] bool isOpen() const { return m_file.isOpen(); }
-    /// Reads on, to the next step that somebody must know of. The texts read so far are in force then.
+    /// Reads up to the next step to tell of, and puts the texts read so far into force.
     [[nodiscard]] Step read();
     [[nodiscard]] const QByteArray& key() const { return m_key; }
-    /// The file's name and, behind a ":", the number of the line that was read last.
+    /// The file's name, ":" and the number of the line that was read last; the name alone before the first line.
     [[nodiscard]] QString place() const;
 
 private:

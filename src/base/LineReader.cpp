@@ -28,7 +28,7 @@ LineReader::LineReader(QIODevice& file, qsizetype longest)
 std::optional<LineReader::Line> LineReader::next()
 {
     qsizetype end = m_left.indexOf('\n');
-    while (end < 0 && m_left.size() <= m_longest + 1) { // a CR is part of the line's end
+    while (end < 0 && m_left.size() <= m_longest + 1) { // One byte more for a CR, which is part of the line end.
         const qsizetype searched = m_left.size();
         if (!refill())
             break;
@@ -56,7 +56,7 @@ qint64 LineReader::position() const
 
 bool LineReader::refill()
 {
-    // As much again as there is of a long line, or its beginning would be copied again and again.
+    // Double the buffer of a long line, so that its beginning is copied only a few times.
     const qsizetype size = qMax(pieceSize, m_left.size());
     QByteArray buffer;
     buffer.reserve(m_left.size() + size);

@@ -8,7 +8,7 @@
 
 class QIODevice;
 
-/// Passes over the mark of UTF-8 in the beginning of a file; false if there is none.
+/// Skips the mark of UTF-8 at the beginning of a file; false if there is none.
 bool skipUtf8Mark(QIODevice& file);
 
 /// Reads a file line by line through a buffer of its own, without a copy of each line.
@@ -16,18 +16,18 @@ class LineReader {
 public:
     /// A line without its end (CR LF or LF), or a piece of a line that is too long.
     struct Line {
-        QByteArrayView text; ///< until the next line is read
-        /// False for a last line that breaks off without a line end, and for what is not the last piece.
+        QByteArrayView text; ///< valid until the next line is read
+        /// False for a last line without a line end, and for every piece but the last one of a line.
         bool ended = true;
         bool isPiece = false;
         bool isRest = false; ///< a piece that is not the first
     };
 
-    /// In bytes. What people and browsers write stays far below it.
+    /// The usual limit, in bytes. Lines that people and browsers write are far shorter.
     static constexpr qsizetype ordinarily = 64 * 1024;
 
-    /// Reads `file` on from where it stands; it must outlive the reader. A line of more than `longest` bytes comes in
-    /// pieces of that length, so that no file can make one that fills the memory.
+    /// Reads `file` from its present position; `file` must outlive the reader. A line of more than `longest` bytes
+    /// comes in pieces of that length, so that no file can fill the memory with one line.
     explicit LineReader(QIODevice& file, qsizetype longest = ordinarily);
 
     /// The next line; nothing at the end of the file or on a read error.
@@ -36,12 +36,12 @@ public:
     [[nodiscard]] qint64 position() const;
 
 private:
-    /// Reads on behind what is left; false when there is nothing more.
+    /// Appends the next bytes of the file to the buffer; false at its end.
     [[nodiscard]] bool refill();
 
     QIODevice& m_file;
     qsizetype m_longest;
     QByteArray m_buffer;
-    QByteArrayView m_left; ///< what of the buffer is still to be given
+    QByteArrayView m_left; ///< the part of the buffer that was not returned yet
     bool m_isInLongLine = false;
 };

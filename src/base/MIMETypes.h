@@ -4,8 +4,8 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-/// The fixed table of MIME types and the file extensions that belong to them. Types compare exactly, without
-/// parameters, and case-sensitively.
+/// The fixed table of MIME types and their file extensions. Types compare exactly: case-sensitive, and without
+/// parameters.
 namespace MIMETypes {
 
 /// The extensions of a type, without dots, joined by ":", the preferred one first; empty for an unknown type.

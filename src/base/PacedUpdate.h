@@ -4,17 +4,17 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
-/// Has views brought up to date for changes that may come by the thousand: once for all that come together, and no more
-/// often than people can follow, since every time something is drawn.
+/// Limits how often views are brought up to date while changes come by the thousand: at once after the first change,
+/// and then at most every 50 ms. Each update draws something, which takes longer than most changes.
 class PacedUpdate final : public QObject {
     Q_OBJECT
 
 public:
     PacedUpdate();
 
-    /// Something has changed. `due` follows.
+    /// Tells that something has changed; `due` follows from the event loop.
     void request();
-    /// Nothing is to be brought up to date any more.
+    /// Drops a requested update.
     void cancel() { m_timer.stop(); }
     [[nodiscard]] bool isRequested() const { return m_timer.isActive(); }
 

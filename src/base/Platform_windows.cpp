@@ -2,14 +2,45 @@
 #include "base/Platform.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <memory>
+#include <string>
+#include <string_view>
 
+#include <fcntl.h>
+#include <io.h>
 #include <shlobj.h>
 #include <windows.h>
+
+namespace {
+
+/// A path for the system's own functions, of any length.
+std::wstring systemPath(const QString& path)
+{
+    const QString native = QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    const bool isOnServer = native.startsWith(QLatin1String("\\\\"));
+    const QString inFull = isOnServer ? QLatin1String("\\\\?\\UNC") + native.mid(1) : QLatin1String("\\\\?\\") + native;
+    return inFull.toStdWString();
+}
+
+/// Whether the file system of `path` keeps named streams beside the content of a file. Others may take the name of a
+/// stream for that of a file.
+bool keepsStreams(const QString& path)
+{
+    const std::wstring file = systemPath(path);
+    std::wstring root(file.size() + 1, L'\0');
+    DWORD flags = 0;
+    return GetVolumePathNameW(file.c_str(), root.data(), static_cast<DWORD>(root.size()))
+        && GetVolumeInformationW(root.c_str(), nullptr, 0, nullptr, nullptr, &flags, nullptr, 0)
+        && (flags & FILE_NAMED_STREAMS) != 0;
+}
+
+} // namespace
 
 namespace platform {
 
@@ -28,17 +59,17 @@ QString defaultDownloadFolder()
 
 bool isReservedFileName(QByteArrayView name)
 {
-    // Blanks and dots at the end of a name are passed over, so that nothing else may lead to the folder above.
-    const auto isPassedOver = [](char c) {
+    // The system drops blanks and dots at the end of a name. A name of nothing else may lead to the folder above.
+    const auto isDropped = [](char c) {
         return c == '.' || c == ' ';
     };
-    if (std::all_of(name.begin(), name.end(), isPassedOver))
+    if (std::all_of(name.begin(), name.end(), isDropped))
         return true;
     // A device name keeps its meaning with any extension and with blanks behind it; a colon names a stream or a drive.
     static constexpr std::array devices { "CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$" };
     const QByteArray stem =
         name.first(name.indexOf('.') < 0 ? name.size() : name.indexOf('.')).toByteArray().toUpper().trimmed();
-    // The small raised digits of the western code page count as well.
+    // The superscript digits of code page 1252 count as digits here.
     constexpr QByteArrayView digits = "123456789\xb9\xb2\xb3";
     const bool port =
         stem.size() == 4 && (stem.startsWith("COM") || stem.startsWith("LPT")) && digits.contains(stem[3]);
@@ -52,7 +83,7 @@ QString programPattern()
 
 bool isRunByShell(const QString& program)
 {
-    // The system passes over dots and blanks at the end of a name.
+    // The system drops dots and blanks at the end of a name.
     QString name = program.toLower();
     while (name.endsWith(u'.') || name.endsWith(u' '))
         name.chop(1);
@@ -81,7 +112,7 @@ std::optional<QString> registryText(const QString& key, const QString& name)
     const auto read = [&](wchar_t* text, DWORD* bytes) {
         const auto keyName = key.toStdWString();
         const auto valueName = name.toStdWString();
-        // Types of text, with variables in them replaced.
+        // Only values of the text types are wanted; the system replaces variables in them.
         return RegGetValueW(HKEY_CURRENT_USER, keyName.c_str(), valueName.c_str(), RRF_RT_REG_SZ, nullptr, text, bytes)
             == ERROR_SUCCESS;
     };
@@ -98,14 +129,61 @@ QString firefoxProfilesFolder()
     return QFileInfo::exists(path) ? path : QString();
 }
 
+void keepFromOthers(const QString&)
+{
+    // The user's folders are closed to other users by their owner's rights.
+}
+
+qint64 memorySize()
+{
+    MEMORYSTATUSEX memory {};
+    memory.dwLength = sizeof(memory);
+    // A 32-bit program can use less than the machine has.
+    return GlobalMemoryStatusEx(&memory) ? static_cast<qint64>(qMin(memory.ullTotalPhys, memory.ullTotalVirtual))
+                                         : std::numeric_limits<qint64>::max();
+}
+
 bool isSuperuser()
 {
     return false;
 }
 
+bool openToWrite(QFile& file, const QString& path, bool replaces)
+{
+    // Others may read the file meanwhile, but not open it for writing.
+    const HANDLE handle = CreateFileW(systemPath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+        replaces ? CREATE_ALWAYS : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return false;
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_WRONLY | _O_BINARY);
+    if (descriptor < 0) {
+        CloseHandle(handle);
+        return false;
+    }
+    if (file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        return true;
+    _close(descriptor);
+    return false;
+}
+
+void markAsFromInternet(const QString& path)
+{
+    if (!keepsStreams(path))
+        return;
+    // The zone of the internet, in a stream of the file.
+    const HANDLE stream = CreateFileW((systemPath(path) + L":Zone.Identifier").c_str(), GENERIC_WRITE, 0, nullptr,
+        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (stream == INVALID_HANDLE_VALUE)
+        return;
+    constexpr std::string_view mark = "[ZoneTransfer]\r\nZoneId=3\r\n";
+    DWORD written = 0;
+    WriteFile(stream, mark.data(), static_cast<DWORD>(mark.size()), &written, nullptr);
+    CloseHandle(stream);
+}
+
 void startSync(const QFileDevice&)
 {
-    // The system writes back as it likes, and has no function that asks for it without waiting.
+    // The system has no such function that does not wait.
 }
 
 void addRecentDocument(const QString& path)

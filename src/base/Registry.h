@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/// What the system's registry holds for the current user.
+/// The current user's part of the system's registry.
 class Registry {
 public:
     virtual ~Registry() = default;

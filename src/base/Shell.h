@@ -5,16 +5,16 @@
 
 class QUrl;
 
-/// A command line in its two parts.
+/// A program and its arguments.
 struct ProgramCommand {
     QString program; ///< its path
-    QString arguments; ///< with blanks between them
+    QString arguments; ///< separated by blanks
 
-    /// What the system is given: the program in double quotes, a blank, and the arguments.
+    /// The command line for the system: the program in double quotes, a blank, and the arguments.
     [[nodiscard]] QString line() const { return u'"' + program + QLatin1String("\" ") + arguments; }
 };
 
-/// What the desktop does for the program.
+/// The services of the desktop.
 class Shell {
 public:
     virtual ~Shell() = default;
@@ -23,8 +23,8 @@ public:
     virtual bool openFile(const QString& path) = 0;
     /// Opens a web page in the user's browser; false when that fails.
     virtual bool openUrl(const QUrl& url) = 0;
-    /// Starts a program, with no shell in between; false when that fails.
+    /// Starts a program, not through a command interpreter; false when that fails.
     virtual bool start(const ProgramCommand& command) = 0;
-    /// Puts a file on the system's list of recent documents, where it keeps one.
+    /// Adds a file to the system's list of recent documents, if the system has one.
     virtual void addRecentDocument(const QString& path) = 0;
 };

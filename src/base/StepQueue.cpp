@@ -5,21 +5,17 @@
 
 #include <utility>
 
-namespace {
-
-constexpr int sliceMilliseconds = 8;
-
-} // namespace
-
-StepQueue::StepQueue()
+StepQueue::StepQueue(int sliceMilliseconds)
+    : m_sliceMilliseconds(sliceMilliseconds)
 {
     connect(&m_nextSlice, &QTimer::timeout, this, &StepQueue::runSlice);
 }
 
 void StepQueue::add(Step step)
 {
+    const bool wasBusy = isBusy();
     m_steps.push_back(std::move(step));
-    if (m_steps.size() == 1)
+    if (!wasBusy)
         runSlice();
 }
 
@@ -34,14 +30,20 @@ void StepQueue::finish()
 void StepQueue::clear()
 {
     m_steps.clear();
+    m_isDropped = true;
     m_nextSlice.stop();
+}
+
+bool StepQueue::isBusy() const
+{
+    return !m_steps.empty() || (m_isRunning && !m_isDropped);
 }
 
 void StepQueue::runSlice()
 {
     QElapsedTimer timer;
     timer.start();
-    while (isBusy() && !m_isRunning && !timer.hasExpired(sliceMilliseconds))
+    while (isBusy() && !m_isRunning && !timer.hasExpired(m_sliceMilliseconds))
         runStep();
     if (!isBusy())
         m_nextSlice.stop();
@@ -51,9 +53,12 @@ void StepQueue::runSlice()
 
 void StepQueue::runStep()
 {
+    std::list<Step> running;
+    running.splice(running.begin(), m_steps, m_steps.begin());
     m_isRunning = true;
-    const bool isFinished = !m_steps.front()();
+    m_isDropped = false;
+    const bool isFinished = !running.front()();
     m_isRunning = false;
-    if (isFinished)
-        m_steps.pop_front();
+    if (!isFinished && !m_isDropped)
+        m_steps.splice(m_steps.begin(), running);
 }

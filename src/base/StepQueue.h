@@ -7,30 +7,34 @@
 #include <functional>
 #include <list>
 
-/// Long work in small steps, done a few milliseconds at a time, so that other events get their turn in between.
+/// Runs long work in small steps, a few milliseconds at a time, so that other events are handled in between. All pieces
+/// of work run one after the other.
 class StepQueue final : public QObject {
     Q_OBJECT
 
 public:
-    StepQueue();
+    /// Runs steps for about `sliceMilliseconds` before it returns to the event loop. The clock is read after each step.
+    explicit StepQueue(int sliceMilliseconds = 8);
 
-    /// Does one small piece of the work; false when that was the last.
+    /// Does one small part of the work. Returns false when the work is done.
     using Step = std::function<bool()>;
 
-    /// Has `step` done again and again until it says that it is finished, after whatever was added before. If nothing
-    /// was, the first slice is done at once.
+    /// Appends work. If the queue is empty, the first slice runs before this returns; otherwise the work waits for all
+    /// that was added before.
     void add(Step step);
-    /// Does at once whatever is left. While a step runs, it does nothing.
+    /// Runs all remaining steps before it returns. Does nothing when called from a step.
     void finish();
-    /// Drops whatever is left. Not from a step.
+    /// Drops all work. A step may call this as well; it is then not run again, whatever it returns.
     void clear();
-    [[nodiscard]] bool isBusy() const { return !m_steps.empty(); }
+    [[nodiscard]] bool isBusy() const;
 
 private:
     void runSlice();
     void runStep();
 
-    std::list<Step> m_steps;
-    bool m_isRunning = false; ///< a step runs, which may let other events pass
+    const int m_sliceMilliseconds;
+    std::list<Step> m_steps; ///< without the one that is running
+    bool m_isRunning = false; ///< a step runs; it may let other events pass
+    bool m_isDropped = false; ///< the running step is not to be run again
     QTimer m_nextSlice;
 };

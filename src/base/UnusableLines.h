@@ -6,7 +6,7 @@
 
 class LanguageTable;
 
-/// The lines of a file that could not be used, to tell the user of them.
+/// Collects the numbers of the lines of a file that could not be used, for a message.
 class UnusableLines {
 public:
     /// `number` counts from 1.
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] qint64 count() const { return m_count; }
     /// The numbers of the first twenty.
     [[nodiscard]] const QList<qint64>& first() const { return m_first; }
-    /// The file's name, and below it the numbers in the text of `key`.
+    /// The file's name, and below it the text of `key` with the numbers in the place of its %1.
     [[nodiscard]] QString note(const QString& fileName, const char* key, const LanguageTable& language) const;
 
 private:

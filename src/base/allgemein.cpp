@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
 
-#include "base/Platform.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QIODevice>
 
 #include <algorithm>
@@ -95,7 +90,40 @@ QString fromSystem(QByteArrayView bytes)
 QString shownText(QByteArrayView bytes)
 {
     constexpr qsizetype longest = 1000;
-    return bytes.size() <= longest ? fromSystem(bytes) : fromSystem(bytes.first(longest)) + QChar(0x2026);
+    const QString text = withVisibleControls(fromSystem(bytes.first(qMin(bytes.size(), longest))));
+    return bytes.size() <= longest ? text : text + QChar(0x2026);
+}
+
+bool isHiddenControl(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString withVisibleControls(const QString& text)
+{
+    const auto mayBeHidden = [](QChar c) {
+        return c.isSurrogate() || isHiddenControl(c.unicode());
+    };
+    if (std::none_of(text.begin(), text.end(), mayBeHidden))
+        return text;
+    QString visible;
+    for (const char32_t character : text.toStdU32String()) {
+        const auto units = QChar::fromUcs4(character);
+        const QStringView one(units);
+        if (isHiddenControl(character))
+            visible += QString::fromLatin1(one.toUtf8().toPercentEncoding());
+        else
+            visible += one;
+    }
+    return visible;
 }
 
 QByteArray toSystem(QStringView text)
@@ -109,7 +137,7 @@ qint64 leadingNumber(QByteArrayView text)
     while (start < text.size() && (text[start] == ' ' || text[start] == '\t'))
         ++start;
     const QByteArrayView number = numberPrefix(text.sliced(start));
-    // A whole number is read as such: a double would lose digits of a long one.
+    // Read a whole number without a double, which would lose digits of a long one.
     return number.contains('.') ? roundedNumber(number) : wholeNumber(number);
 }
 
@@ -167,8 +195,8 @@ QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char))
 
 bool isOnOneLine(QByteArrayView bytes)
 {
-    // They are among the first control characters, of which most texts have none. The least byte tells that, and the
-    // compiler finds it many bytes at a time.
+    // All four are at most CR, and most texts have no byte that low. The compiler vectorises the search for the least
+    // byte, so this test is much faster than looking for each of the four.
     unsigned char least = 0xff;
     for (const char c : bytes)
         least = std::min(least, static_cast<unsigned char>(c));
@@ -198,35 +226,10 @@ void writeKeyValue(QIODevice& file, QByteArrayView key, const QByteArray& value)
     file.write(key.toByteArray() + '=' + onOneLine(value) + lineEnd);
 }
 
-QString withTrailingSeparator(const QString& folder)
+void writeListItems(QIODevice& file, QByteArrayView key, const QList<QByteArray>& items)
 {
-    const QChar separator = QDir::separator();
-    return folder.endsWith(separator) || folder.endsWith(u'/') ? folder : folder + separator;
-}
-
-void createFolder(const QString& folder)
-{
-    QDir().mkpath(folder);
-}
-
-bool isPlainFileName(QByteArrayView name)
-{
-    constexpr QByteArrayView separators("/\\\0", 3);
-    const auto separates = [&](char c) {
-        return separators.contains(c);
-    };
-    return !name.isEmpty() && name != "." && name != ".." && std::none_of(name.begin(), name.end(), separates)
-        && !platform::isReservedFileName(name);
-}
-
-QString dataFolder()
-{
-    if (const QString chosen = qEnvironmentVariable("TARNWICK_DATA"); !chosen.isEmpty())
-        return withTrailingSeparator(chosen);
-    const QString program = withTrailingSeparator(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
-    const bool isPortable = QFileInfo::exists(program + QLatin1String("portable.txt"));
-    const QString above = isPortable ? program : withTrailingSeparator(platform::applicationDataFolder());
-    return withTrailingSeparator(above + QLatin1String("Tarnwick"));
+    for (const QByteArray& item : items)
+        writeKeyValue(file, key, item);
 }
 
 } // namespace allgemein

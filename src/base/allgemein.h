@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QList>
 #include <QString>
 
 #include <algorithm>
@@ -10,18 +11,25 @@
 
 class QIODevice;
 
-/// General helpers for 8-bit text: numbers, lines, searching, and the way to and from text for people.
+/// General helpers for 8-bit text: numbers, lines, searching, and conversion to and from shown text.
 namespace allgemein {
 
 /// Result of a search that finds nothing.
 constexpr qsizetype notFound = -1;
 
-/// 8-bit text in the system code page, made readable. Bytes that the code page lacks become U+FFFD.
+/// Converts text in the system code page for showing. Bytes that the code page lacks become U+FFFD.
 [[nodiscard]] QString fromSystem(QByteArrayView bytes);
-/// As `fromSystem`, cut to what a person would read in a cell of a list. What servers send may be long enough to hold
-/// up the drawing.
+/// Whether a character is invisible and changes how the text around it looks: control characters, bidirectional
+/// controls and other format characters (zero-width ones among them), line and paragraph separators. A server could
+/// make "photo\u202Egpj.exe" look like "photoexe.jpg" with them.
+[[nodiscard]] bool isHiddenControl(char32_t character);
+/// `text` with hidden controls percent-encoded in UTF-8, so that a person sees them. Any text from outside goes through
+/// this before it is shown.
+[[nodiscard]] QString withVisibleControls(const QString& text);
+/// `bytes` as a person is to see them in a list, a message or a tool tip: at most 1000 of them, since drawing the
+/// longest texts that servers send would hold up the window, and with visible controls.
 [[nodiscard]] QString shownText(QByteArrayView bytes);
-/// Text for people in the bytes of the system code page. Characters that it lacks become "?".
+/// Converts shown or typed text to the system code page. Characters that it lacks become "?".
 [[nodiscard]] QByteArray toSystem(QStringView text);
 
 /// The number that `text` begins with: leading blanks and TABs, a sign, digits, a fraction, of which only a digit is
@@ -34,38 +42,38 @@ constexpr qsizetype notFound = -1;
 /// "1" or "0".
 [[nodiscard]] QByteArray writeSwitch(bool on);
 
-/// Where `needle` (not empty) first stands in `text` at or after `from` (0-based), ASCII letters alike in both cases;
-/// `notFound` when nowhere.
+/// The first place of `needle` (not empty) in `text` at or after `from` (0-based), ignoring the case of ASCII letters;
+/// `notFound` when there is none.
 [[nodiscard]] qsizetype indexOfNoCase(QByteArrayView text, QByteArrayView needle, qsizetype from = 0);
 
-/// An ASCII letter in small; any other byte as it is.
+/// A capital ASCII letter as a small one; any other byte unchanged.
 constexpr char lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
-/// Whether `text` begins with `start`, which has no capital ASCII letters; those of `text` count as small ones. Inline,
-/// since the analysis of a page asks it for every "<".
+/// Whether `text` begins with `start`, ignoring the case of ASCII letters in `text`; `start` must have no capital ones.
+/// Inline, since the analysis of a page calls it for every "<".
 [[nodiscard]] inline bool startsWithNoCase(QByteArrayView text, QByteArrayView start)
 {
     return text.size() >= start.size()
         && std::equal(start.begin(), start.end(), text.begin(), [](char small, char c) { return lower(c) == small; });
 }
 
-/// `bytes` with those for which `isEncoded` holds written as "%" and two capital hexadecimal digits.
+/// Replaces each byte for which `isEncoded` is true by "%" and two capital hexadecimal digits.
 [[nodiscard]] QByteArray percentEncoded(const QByteArray& bytes, bool (*isEncoded)(char));
-/// `bytes` with TAB, CR, LF and NUL percent-encoded, so that they stay one field of one line in requests and files.
+/// Percent-encodes TAB, CR, LF and NUL, so that `bytes` stays one field of one line in requests and files.
 [[nodiscard]] QByteArray onOneLine(const QByteArray& bytes);
-/// Whether `onOneLine` would leave `bytes` alone.
+/// Whether `onOneLine` would leave `bytes` unchanged.
 [[nodiscard]] bool isOnOneLine(QByteArrayView bytes);
 
-/// How every persisted line ends.
+/// The end of every line that is stored.
 constexpr QByteArrayView lineEnd = "\r\n";
 
-/// Writes all of `bytes`; false when not all could be written, as on a full disk. (A device may take a part of a long
-/// text and report no error.)
+/// Writes all of `bytes`; false when not all could be written, as on a full disk. A device can write a part of a long
+/// text and report no error.
 [[nodiscard]] bool writeAll(QIODevice& file, const QByteArray& bytes);
 
-/// A key=value line. The key is what stands before the first "=".
+/// A key=value line. The key ends at the first "=".
 struct KeyValue {
     QByteArray key;
     QByteArray value;
@@ -74,17 +82,7 @@ struct KeyValue {
 [[nodiscard]] std::optional<KeyValue> splitKeyValue(const QByteArray& line);
 /// Writes "key=value" and the line end; the value goes through `onOneLine`.
 void writeKeyValue(QIODevice& file, QByteArrayView key, const QByteArray& value);
-
-/// The folder with the system's separator at its end.
-[[nodiscard]] QString withTrailingSeparator(const QString& folder);
-/// Creates a folder and the folders above it. That it exists, or cannot be made, is ignored.
-void createFolder(const QString& folder);
-/// Whether `name` can name a file inside a folder and nowhere else: not empty, no separator, no NUL, neither "."
-/// nor "..", no name that the system reserves for a device.
-[[nodiscard]] bool isPlainFileName(QByteArrayView name);
-/// The program's own folder, with trailing separator: the one that the environment variable TARNWICK_DATA names, or
-/// else "Tarnwick", which is beside the program if there is a file "portable.txt", and in the user's application data
-/// otherwise.
-[[nodiscard]] QString dataFolder();
+/// Writes one such line for each item, all with the same key.
+void writeListItems(QIODevice& file, QByteArrayView key, const QList<QByteArray>& items);
 
 } // namespace allgemein

@@ -45,7 +45,7 @@ LanguageTable::LanguageTable()
 
 void LanguageTable::selectBuiltIn(int index)
 {
-    if (index < 0 || index >= builtInCount)
+    if (!isBuiltIn(index))
         return;
     const BuiltInLanguage& language = builtInLanguages[static_cast<size_t>(index)];
     readTexts(language.file, m_texts);
@@ -70,11 +70,13 @@ QLocale LanguageTable::localeOf(int index)
 
 bool LanguageTable::set(const QByteArray& key, const QString& text)
 {
-    const auto place = m_texts.find(key);
-    if (place == m_texts.end())
-        return false;
-    *place = text;
-    return true;
+    for (QHash<QByteArray, QString>* const texts : { &m_texts, &m_more }) {
+        if (const auto place = texts->find(key); place != texts->end()) {
+            *place = text;
+            return true;
+        }
+    }
+    return false;
 }
 
 QString LanguageTable::text(const QByteArray& key) const
@@ -86,6 +88,11 @@ QString LanguageTable::text(const QByteArray& key) const
 QString LanguageTable::text(const char* key) const
 {
     return text(QByteArray::fromRawData(key, static_cast<qsizetype>(qstrlen(key))));
+}
+
+QString LanguageTable::labelled(const QString& label, const QString& value) const
+{
+    return text("more.labelled").arg(label, value);
 }
 
 QString LanguageTable::plain(QString caption)

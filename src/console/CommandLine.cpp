@@ -1,87 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/CommandLine.h"
 
-#include "base/lang.h"
-#include "console/Terminal.h"
-#include "results/twk.h"
-
-#include <QFile>
 #include <QTextStream>
 
 #include <cstdio>
 
-void complain(const QString& text)
+namespace {
+
+constexpr Option help { .name = "help", .letter = 'h', .help = "Show this help." };
+
+QCommandLineOption parserOption(const Option& option)
 {
-    QTextStream(stderr) << QLatin1String("tarnwick-cli: ") << terminal::printable(text) << Qt::endl;
+    QStringList names { QString::fromLatin1(option.name) };
+    if (option.letter != 0)
+        names.prepend(QString(QLatin1Char(option.letter)));
+    return { names, QString::fromLatin1(option.help), QString::fromLatin1(option.value) };
 }
 
-void complainOfSkippedLines(
-    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language)
-{
-    for (const SearchFile::SkippedLine& line : result.skipped) {
-        complain(
-            QStringLiteral("%1:%2: %3").arg(fileName, QString::number(line.number), twk::warningText(line, language)));
-    }
-    if (const qint64 more = result.skippedCount - result.skipped.size(); more > 0)
-        complain(fileName + QLatin1String(": ") + language.text("more.andMore").arg(more));
-}
+} // namespace
 
-bool printToStandardOutput(const std::function<void(QIODevice&)>& write)
-{
-    QFile out;
-    bool complete = out.open(stdout, QIODevice::WriteOnly);
-    if (complete) {
-        write(out);
-        complete = out.flush() && out.error() == QFile::NoError;
-    }
-    if (!complete)
-        complain(QStringLiteral("standard output: ") + out.errorString());
-    return complete;
-}
-
-CommandParser::CommandParser(const QString& command, const QString& description, const QString& example,
-    const QString& argument, const QString& argumentDescription, Count count)
+CommandLine::CommandLine(const Command& command)
     : m_command(command)
-    , m_argument(argument)
-    , m_count(count)
 {
-    m_parser.setApplicationDescription(description + QLatin1String("\n\nExample:\n  tarnwick-cli ") + example);
-    m_parser.addOption({ { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Show this help.") });
-    // The parser knows nothing of commands: in the usage line, the command stands with its argument.
-    m_parser.addPositionalArgument(argument, argumentDescription, QString(command + u' ' + argument).trimmed());
+    const QString description = QString::fromLatin1(command.summary) + u' ' + QLatin1String(command.more);
+    m_parser.setApplicationDescription(
+        description.trimmed() + QLatin1String("\n\nExample:\n  tarnwick-cli ") + QLatin1String(command.example));
+    m_parser.addOption(parserOption(help));
+    for (const OptionGroup& group : command.options) {
+        for (const Option* const option : group)
+            m_parser.addOption(parserOption(*option));
+    }
+    // The parser knows no commands, so the usage line gets the command's name together with its arguments.
+    m_parser.addPositionalArgument(QString::fromLatin1(command.arguments), QString::fromLatin1(command.argumentsHelp),
+        QString(QLatin1String(command.name) + u' ' + QLatin1String(command.arguments)).trimmed());
 }
 
-void CommandParser::addSwitch(const QStringList& names, const QString& description)
+bool CommandLine::parse(const QStringList& words)
 {
-    m_parser.addOption(QCommandLineOption(names, description));
-}
-
-void CommandParser::addValue(const QStringList& names, const QString& description, const QString& valueName)
-{
-    m_parser.addOption(QCommandLineOption(names, description, valueName));
-}
-
-bool CommandParser::parse(const QStringList& arguments)
-{
-    if (!m_parser.parse(QStringList { QStringLiteral("tarnwick-cli") } + arguments))
+    if (!m_parser.parse(QStringList { QStringLiteral("tarnwick-cli") } + words))
         throw UsageError { m_parser.errorText() };
-    if (m_parser.isSet(QStringLiteral("help"))) {
+    if (isSet(help)) {
         QTextStream(stdout) << m_parser.helpText();
         return false;
     }
-    const QStringList given = m_parser.positionalArguments();
-    if (given.size() < m_count.least)
-        throw UsageError { QStringLiteral("%1: %2 is missing").arg(m_command, m_argument) };
-    if (given.size() > m_count.most)
-        throw UsageError { QStringLiteral("%1: unexpected argument '%2'").arg(m_command, given[m_count.most]) };
+    const QLatin1String name(m_command.name);
+    const QStringList given = arguments();
+    if (given.size() < m_command.count.least)
+        throw UsageError { QStringLiteral("%1: %2 is missing").arg(name, QLatin1String(m_command.arguments)) };
+    if (given.size() > m_command.count.most)
+        throw UsageError { QStringLiteral("%1: unexpected argument '%2'").arg(name, given[m_command.count.most]) };
     return true;
 }
 
-qint32 CommandParser::wholeNumber(const QString& name) const
+qint32 CommandLine::wholeNumber(const Option& option) const
 {
     bool ok = false;
-    const qint32 number = value(name).toInt(&ok);
-    if (!ok || number < 0)
-        throw UsageError { QStringLiteral("--%1 needs a whole number, not '%2'").arg(name, value(name)) };
+    const qint32 number = value(option).toInt(&ok);
+    if (!ok || number < 0) {
+        throw UsageError {
+            QStringLiteral("--%1 needs a whole number, not '%2'").arg(QLatin1String(option.name), value(option))
+        };
+    }
     return number;
 }

@@ -5,16 +5,10 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
+#include <array>
+#include <span>
 
-class LanguageTable;
-class QIODevice;
-
-namespace SearchFile {
-struct LoadResult;
-}
-
-/// What the program's end tells scripts.
+/// The exit status of the program.
 enum ExitStatus {
     Done = 0,
     Unusable = 1, ///< the arguments or an input file are unusable
@@ -27,54 +21,61 @@ struct UsageError {
     QString text;
 };
 
-/// Writes one line to standard error, with the program's name in front and nothing that a terminal would act on.
-void complain(const QString& text);
-/// Complains of the lines of a search file that were passed over, each with the file's name and its number.
-void complainOfSkippedLines(
-    const QString& fileName, const SearchFile::LoadResult& result, const LanguageTable& language);
+/// An option of the command line. Its names and its help stand here and nowhere else: a command reads the option
+/// through this object.
+struct Option {
+    const char* name; ///< without the dashes
+    char letter = 0; ///< the short form; 0 for none
+    const char* value = nullptr; ///< the help's name for the value; none for a switch
+    const char* help;
+};
 
-/// Lets `write` write bytes to standard output. False, after a complaint, when they cannot all be written.
-[[nodiscard]] bool printToStandardOutput(const std::function<void(QIODevice&)>& write);
+using OptionGroup = std::span<const Option* const>;
 
-/// The parser of one command, with its help.
-class CommandParser {
-public:
-    /// How many positional arguments there must be, both bounds included.
+class CommandLine;
+
+/// A command of the program: its help, its options, and its work.
+struct Command {
+    /// How many arguments a command takes beside its options, both bounds included.
     struct Count {
         qsizetype least = 1;
         qsizetype most = 1;
     };
 
-    /// `argument` is how the help names the positional arguments.
-    CommandParser(const QString& command, const QString& description, const QString& example, const QString& argument,
-        const QString& argumentDescription, Count count);
-    /// For one positional argument, which is required.
-    CommandParser(const QString& command, const QString& description, const QString& example, const QString& argument,
-        const QString& argumentDescription)
-        : CommandParser(command, description, example, argument, argumentDescription, {})
-    {
-    }
+    const char* name; ///< one word, or two as in "cookies show"
+    const char* arguments = ""; ///< the help's name for the arguments
+    const char* argumentsHelp = "";
+    Count count = {};
+    const char* summary; ///< a sentence
+    const char* more = ""; ///< sentences that follow the summary in the command's own help
+    const char* example; ///< without the program's name
+    std::array<OptionGroup, 3> options = {};
+    /// Returns the exit status. Throws UsageError.
+    int (*run)(const CommandLine& line);
+};
 
-    void addSwitch(const QStringList& names, const QString& description);
-    void addValue(const QStringList& names, const QString& description, const QString& valueName);
+/// The arguments and options given to one command.
+class CommandLine {
+public:
+    /// `command` must outlive the object.
+    explicit CommandLine(const Command& command);
 
-    /// Parses everything behind the command's name. Throws UsageError. False when help was asked for and printed.
-    bool parse(const QStringList& arguments);
+    /// Parses everything behind the command's name. Throws UsageError. Returns false when help was asked for and
+    /// printed.
+    bool parse(const QStringList& words);
 
-    [[nodiscard]] bool isSet(const QString& name) const { return m_parser.isSet(name); }
+    [[nodiscard]] bool isSet(const Option& option) const { return m_parser.isSet(QLatin1String(option.name)); }
     /// The last value given; empty when there is none.
-    [[nodiscard]] QString value(const QString& name) const { return m_parser.value(name); }
-    [[nodiscard]] QStringList values(const QString& name) const { return m_parser.values(name); }
-    /// The first positional argument.
+    [[nodiscard]] QString value(const Option& option) const { return m_parser.value(QLatin1String(option.name)); }
+    [[nodiscard]] QStringList values(const Option& option) const { return m_parser.values(QLatin1String(option.name)); }
+    /// The value as a whole number from 0 to 2^31-1. Throws UsageError for anything else.
+    [[nodiscard]] qint32 wholeNumber(const Option& option) const;
+
+    /// The first argument.
     [[nodiscard]] QString argument() const { return m_parser.positionalArguments().constFirst(); }
     [[nodiscard]] QStringList arguments() const { return m_parser.positionalArguments(); }
 
-    /// The value as a whole number from 0 to 2^31-1. Throws UsageError for anything else.
-    [[nodiscard]] qint32 wholeNumber(const QString& name) const;
-
 private:
+    const Command& m_command;
     QCommandLineParser m_parser;
-    QString m_command;
-    QString m_argument;
-    Count m_count;
 };

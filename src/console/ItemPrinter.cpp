@@ -4,7 +4,7 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "console/Terminal.h"
-#include "crawl/url.h"
+#include "results/ResultColumns.h"
 #include "results/ResultFilter.h"
 #include "results/SearchFile.h"
 #include "results/twk.h"
@@ -20,18 +20,18 @@
 
 namespace {
 
-/// Wider texts are cut in a table; the last column, the URL, never is.
+/// Longer texts are cut in a table, but URLs never are.
 constexpr qsizetype widestCell = 40;
 
 template <typename Use> void forEachShown(const FundListe& list, const ResultFilter& filter, Use use)
 {
-    for (const FundKnoten* knoten = list.getStart(); knoten; knoten = knoten->naechster) {
-        if (filter.shows(knoten->inhalt))
-            use(knoten->inhalt);
+    for (const FundKnoten* node = list.getStart(); node; node = node->naechster()) {
+        if (filter.shows(node->inhalt))
+            use(node->inhalt);
     }
 }
 
-/// A URL as Unicode text that leads to the same place, whatever its bytes.
+/// A URL as Unicode text that fetches the same. If its bytes are no text, those beyond ASCII are percent-encoded.
 QString unicodeUrl(const QByteArray& url)
 {
     const QString text = allgemein::fromSystem(url);
@@ -51,7 +51,7 @@ QByteArray jsonLine(const FundStück& item)
         { QStringLiteral("mime"), fromSystem(item.mimeTyp) },
         { QStringLiteral("size"), item.groesse == -1 ? QJsonValue() : QJsonValue(item.groesse) },
         { QStringLiteral("depth"), item.tiefe },
-        { QStringLiteral("state"), static_cast<int>(item.zustand) },
+        { QStringLiteral("state"), static_cast<int>(item.keptState()) },
         { QStringLiteral("status"), item.statusCode },
         { QStringLiteral("reference"), twk::referenceTypeName(item.referenzTyp) },
         { QStringLiteral("language"), fromSystem(item.sprache) },
@@ -65,27 +65,24 @@ QString readableSize(qint64 bytes)
     return bytes < 0 ? QStringLiteral("?") : QLocale::c().formattedDataSize(bytes, 1);
 }
 
-QString cell(const QString& text)
+QString cut(const QString& text)
 {
     return text.size() <= widestCell ? text : text.first(widestCell - 1) + QChar(0x2026);
-}
-
-bool isRightAligned(qsizetype column)
-{
-    constexpr qsizetype size = 2;
-    constexpr qsizetype depth = 3;
-    return column == size || column == depth;
 }
 
 QString aligned(const QStringList& row, const std::vector<qsizetype>& widths)
 {
     QString line;
-    for (qsizetype column = 0; column + 1 < row.size(); ++column) {
-        const qsizetype width = widths[static_cast<size_t>(column)];
-        line += isRightAligned(column) ? row[column].rightJustified(width) : row[column].leftJustified(width);
-        line += QLatin1String("  ");
+    for (const ResultColumn& column : resultColumns()) {
+        const QString& text = row[column.id];
+        if (column.id == ResultColumn::Count - 1)
+            return line + text + u'\n';
+        // The status may be a text: why there was no answer.
+        const bool toTheRight = column.isNumber() && column.id != ResultColumn::Status;
+        const qsizetype width = widths[column.id];
+        line += (toTheRight ? text.rightJustified(width) : text.leftJustified(width)) + QLatin1String("  ");
     }
-    return line + row.last() + u'\n';
+    return line;
 }
 
 } // namespace
@@ -103,9 +100,8 @@ std::optional<ItemFormat> itemFormatFrom(const QString& name)
     return {};
 }
 
-ItemPrinter::ItemPrinter(const LanguageTable& language, StatusText statusText)
+ItemPrinter::ItemPrinter(const LanguageTable& language)
     : m_language(language)
-    , m_statusText(std::move(statusText))
 {
 }
 
@@ -113,7 +109,7 @@ void ItemPrinter::print(QIODevice& out, ItemFormat format, const FundListe& list
 {
     switch (format) {
     case ItemFormat::Tsv:
-        forEachShown(list, filter, [&](const FundStück& item) { out.write(SearchFile::itemLine(item) + '\n'); });
+        forEachShown(list, filter, [&](const FundStück& item) { out.write(searchFile::itemLine(item) + '\n'); });
         break;
     case ItemFormat::Urls:
         forEachShown(list, filter, [&](const FundStück& item) { out.write(item.adresse + '\n'); });
@@ -129,7 +125,8 @@ void ItemPrinter::print(QIODevice& out, ItemFormat format, const FundListe& list
 
 void ItemPrinter::printTable(QIODevice& out, const FundListe& list, const ResultFilter& filter) const
 {
-    // Two walks, so that the widths are known without keeping a table of texts for a million items.
+    // Walk the list twice: first for the widths, then to print. Keeping the texts of a million items would cost too
+    // much.
     std::vector<qsizetype> widths;
     for (const QString& title : header())
         widths.push_back(title.size());
@@ -148,25 +145,26 @@ void ItemPrinter::printTable(QIODevice& out, const FundListe& list, const Result
 QStringList ItemPrinter::header() const
 {
     QStringList titles;
-    for (int column = 1; column <= 8; ++column)
-        titles +=
-            m_language.text(QByteArray("main.l_founds.ColumnHeaders(" + QByteArray::number(column) + ')').constData());
+    for (const ResultColumn& column : resultColumns())
+        titles += m_language.text(column.headerKey);
     return titles;
 }
 
 QStringList ItemPrinter::row(const FundStück& item) const
 {
-    const auto text = [](QByteArrayView bytes) {
-        return terminal::printable(allgemein::fromSystem(bytes));
-    };
-    return {
-        cell(text(url::fileNameOf(item.adresse))),
-        cell(text(item.mimeTyp)),
-        readableSize(item.groesse),
-        QString::number(item.tiefe),
-        cell(terminal::printable(m_statusText(item))),
-        twk::referenceTypeName(item.referenzTyp),
-        cell(text(item.sprache)),
-        text(item.adresse),
-    };
+    QStringList cells;
+    for (const ResultColumn& column : resultColumns()) {
+        const QString text = terminal::printable(textOf(column, item));
+        cells += column.id == ResultColumn::Url ? text : cut(text);
+    }
+    return cells;
+}
+
+QString ItemPrinter::textOf(const ResultColumn& column, const FundStück& item) const
+{
+    if (column.id == ResultColumn::Size)
+        return readableSize(item.groesse);
+    if (column.id == ResultColumn::Status && item.statusCode == 0 && item.reason)
+        return twk::stateText(*item.reason, m_language);
+    return allgemein::fromSystem(column.text(item));
 }

@@ -5,16 +5,16 @@
 
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 class LanguageTable;
 class QIODevice;
+struct ResultColumn;
 struct ResultFilter;
 
-/// How found items are printed.
+/// The formats in which found items are printed.
 enum class ItemFormat {
-    Tsv, ///< the fields of a search file's item line
+    Tsv, ///< the fields of a search file's item line, separated by TAB
     Urls,
     Json, ///< one object a line
     Table, ///< for people
@@ -23,13 +23,10 @@ enum class ItemFormat {
 /// The format of a name; nothing for an unknown name.
 [[nodiscard]] std::optional<ItemFormat> itemFormatFrom(const QString& name);
 
-/// Prints the items of a list that a filter shows, a line each, in list order.
+/// Prints the items of a list that pass a filter: one line each, in list order.
 class ItemPrinter {
 public:
-    /// What a table's status column says of an item.
-    using StatusText = std::function<QString(const FundStück&)>;
-
-    ItemPrinter(const LanguageTable& language, StatusText statusText);
+    explicit ItemPrinter(const LanguageTable& language);
 
     void print(QIODevice& out, ItemFormat format, const FundListe& list, const ResultFilter& filter) const;
 
@@ -37,7 +34,7 @@ private:
     void printTable(QIODevice& out, const FundListe& list, const ResultFilter& filter) const;
     [[nodiscard]] QStringList header() const;
     [[nodiscard]] QStringList row(const FundStück& item) const;
+    [[nodiscard]] QString textOf(const ResultColumn& column, const FundStück& item) const;
 
     const LanguageTable& m_language;
-    StatusText m_statusText;
 };

@@ -1,38 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "console/NumberCommand.h"
-
 #include "base/allgemein.h"
 #include "base/lang.h"
-#include "console/CommandLine.h"
+#include "console/Commands.h"
+#include "console/Output.h"
 #include "downloads/NumberedUrls.h"
 
 #include <QIODevice>
 
-#include <array>
-
 namespace {
 
-const QString pos = QStringLiteral("pos");
-const QString min = QStringLiteral("min");
-const QString max = QStringLiteral("max");
-const QString digits = QStringLiteral("digits");
-const QString type = QStringLiteral("type");
+constexpr Option pos {
+    .name = "pos", .value = "N", .help = "How many characters of the URL, \"http://\" included, stand before the index."
+};
+constexpr Option min { .name = "min", .value = "N", .help = "The first index." };
+constexpr Option max { .name = "max", .value = "N", .help = "The last index." };
+constexpr Option digits {
+    .name = "digits", .value = "N", .help = "How many digits a decimal index has at least. Default: 1."
+};
+constexpr Option type {
+    .name = "type", .value = "decimal|hex|upper|lower", .help = "How the index is written. Default: decimal."
+};
 
-/// A number has no more; beyond it there is only room to fill.
+constexpr std::array options { &pos, &min, &max, &digits, &type };
+
+/// The greatest index has ten digits, so more than this would only add zeros.
 constexpr qint32 mostDigits = 20;
-
-void describe(CommandParser& parser)
-{
-    const QString number = QStringLiteral("N");
-    parser.addValue({ pos },
-        QStringLiteral("How many characters of the URL, \"http://\" included, stand before the index."), number);
-    parser.addValue({ min }, QStringLiteral("The first index."), number);
-    parser.addValue({ max }, QStringLiteral("The last index."), number);
-    parser.addValue({ digits }, QStringLiteral("How many digits a decimal index has at least. Default: 1."), number);
-    parser.addValue({ type },
-        QStringLiteral("How the index is written: decimal, hex, upper or lower. Default: decimal."),
-        QStringLiteral("TYPE"));
-}
 
 IndexType typeFrom(const QString& name)
 {
@@ -49,40 +41,32 @@ IndexType typeFrom(const QString& name)
     throw UsageError { QStringLiteral("--type knows decimal, hex, upper and lower, not '%1'").arg(name) };
 }
 
-NumberedUrls runFrom(const CommandParser& parser)
+NumberedUrls runFrom(const CommandLine& line)
 {
-    for (const QString& name : { pos, min, max }) {
-        if (!parser.isSet(name))
-            throw UsageError { QStringLiteral("number: --%1 is missing").arg(name) };
+    for (const Option* const option : { &pos, &min, &max }) {
+        if (!line.isSet(*option))
+            throw UsageError { QStringLiteral("number: --%1 is missing").arg(QLatin1String(option->name)) };
     }
     NumberedUrls run;
-    run.startUrl = allgemein::toSystem(parser.argument());
-    run.pos = parser.wholeNumber(pos);
-    run.min = parser.wholeNumber(min);
-    run.max = parser.wholeNumber(max);
-    if (parser.isSet(digits))
-        run.minStellen = parser.wholeNumber(digits);
+    run.startUrl = allgemein::toSystem(line.argument());
+    run.pos = line.wholeNumber(pos);
+    run.min = line.wholeNumber(min);
+    run.max = line.wholeNumber(max);
+    if (line.isSet(digits))
+        run.minStellen = line.wholeNumber(digits);
     if (run.minStellen > mostDigits)
         throw UsageError { QStringLiteral("--digits takes at most %1").arg(mostDigits) };
-    if (parser.isSet(type))
-        run.type = typeFrom(parser.value(type));
+    if (line.isSet(type))
+        run.type = typeFrom(line.value(type));
     if (!run.confirm())
         throw UsageError { LanguageTable().text("lang.invalidStartUrl")
-            + QStringLiteral(" '%1'").arg(parser.argument()) };
+            + QStringLiteral(" '%1'").arg(line.argument()) };
     return run;
 }
 
-} // namespace
-
-int runNumberCommand(const QStringList& arguments)
+int printUrls(const CommandLine& line)
 {
-    CommandParser parser(QStringLiteral("number"), QStringLiteral("Prints a run of URLs that differ in an index."),
-        QStringLiteral("number http://www.example.org/img.jpg --pos 26 --min 1 --max 20 --digits 3"),
-        QStringLiteral("URL"), QStringLiteral("The URL into which the index is put."));
-    describe(parser);
-    if (!parser.parse(arguments))
-        return Done;
-    const NumberedUrls run = runFrom(parser);
+    const NumberedUrls run = runFrom(line);
     const bool printed = printToStandardOutput([&](QIODevice& out) {
         for (qint64 index = run.min; index <= run.max; ++index) {
             if (out.write(run.urlFor(static_cast<qint32>(index)) + '\n') < 0)
@@ -91,3 +75,15 @@ int runNumberCommand(const QStringList& arguments)
     });
     return printed ? Done : PartlyFailed;
 }
+
+} // namespace
+
+const Command commands::number {
+    .name = "number",
+    .arguments = "URL",
+    .argumentsHelp = "The URL into which the index is put.",
+    .summary = "Prints a run of numbered URLs.",
+    .example = "number http://www.example.org/img.jpg --pos 26 --min 1 --max 20 --digits 3",
+    .options = { options },
+    .run = printUrls,
+};

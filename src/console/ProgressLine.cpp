@@ -8,14 +8,14 @@
 
 namespace {
 
-constexpr qint64 interval = 100; // milliseconds
+constexpr qint64 interval = 100; ///< between two updates, in milliseconds
 
-/// Writes lines in the place of those that were written before.
+/// Replaces the last `before` lines on the terminal.
 void writeOver(qsizetype before, const QStringList& lines)
 {
     QByteArray text = "\r";
-    text += QByteArray("\033[A").repeated(before - 1); // up to the first of them
-    text += "\033[J"; // everything from here on erased
+    text += QByteArray("\033[A").repeated(before - 1); // move up to the first of these lines
+    text += "\033[J"; // erase everything below the cursor
     text += allgemein::toSystem(lines.join(u'\n'));
     std::fputs(text.constData(), stderr);
     std::fflush(stderr);

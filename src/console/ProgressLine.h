@@ -4,24 +4,24 @@
 #include <QElapsedTimer>
 #include <QStringList>
 
-/// A line on standard error, or a few, that are written over and over. They are brought up to date a few times a second
-/// at most, however often it is told something new.
+/// Lines at the end of standard error that show the progress of the work. Each update replaces the lines of the one
+/// before. `isDue` limits the updates to ten a second.
 class ProgressLine {
 public:
-    /// An inactive line never writes anything.
+    /// An inactive object never writes anything.
     explicit ProgressLine(bool active);
 
-    /// True when it is time to show something new.
+    /// Whether the last update is long enough ago.
     [[nodiscard]] bool isDue() const;
-    /// Shows a text, cut to the width of the terminal.
+    /// Shows one line, cut to the width of the terminal.
     void show(const QString& text) { show(QStringList(text)); }
-    /// Shows a line for each text.
+    /// Shows several lines, each cut to the width of the terminal.
     void show(const QStringList& texts);
-    /// Removes the lines, so that other output starts on an empty one.
+    /// Removes the lines, so that other output starts on an empty line.
     void clear();
 
 private:
     bool m_active;
-    qsizetype m_shown = 0; ///< how many lines stand there
+    qsizetype m_shown = 0; ///< the number of lines on the terminal
     QElapsedTimer m_sinceShown;
 };

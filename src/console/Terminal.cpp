@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/Terminal.h"
 
+#include "base/allgemein.h"
+
 QString terminal::printable(QString text)
 {
     for (QChar& character : text) {
-        const bool acts = character.category() == QChar::Other_Control || character.category() == QChar::Other_Format;
-        if (acts)
+        if (allgemein::isHiddenControl(character.unicode()))
             character = u'?';
     }
     return text;

@@ -6,21 +6,21 @@
 
 #include <cstdio>
 
-/// What the console program needs to know of the terminal that it runs in.
+/// The terminal that the console program runs in, as far as operating systems differ.
 namespace terminal {
 
-/// Has standard output take bytes as they are, and the terminal understand what moves the cursor, where neither goes
-/// without saying.
+/// Makes standard output take bytes unchanged, and the terminal obey the codes that move the cursor. Only Windows needs
+/// to be told.
 void prepare();
-/// Whether the stream is shown to a person.
+/// Whether the stream goes to a terminal.
 [[nodiscard]] bool isTerminal(std::FILE* stream);
-/// The width of the terminal of standard error in columns; 80 when the system does not tell.
+/// The width of the terminal of standard error in columns; 80 when it is unknown.
 [[nodiscard]] int columns();
-/// `text` with every character that a terminal would act on, instead of showing it, made a "?".
+/// `text` with "?" in the place of every character that a terminal would act on instead of showing it.
 [[nodiscard]] QString printable(QString text);
 
-/// Tells when the user interrupts the program (Ctrl+C, or the system asks it to end). The first time only: a second
-/// interruption ends the program at once. There is at most one watch in a program.
+/// Reports the first interruption of the program: Ctrl+C, or the system's request to end. The second one ends the
+/// program at once. A program has at most one watch.
 class InterruptWatch final : public QObject {
     Q_OBJECT
 

@@ -12,15 +12,15 @@
 
 namespace {
 
-/// A signal handler is given nothing but the signal, so the way out of it has to be found without an object.
+/// The two ends of a socket pair. They are global because a signal handler gets no argument but the signal.
 int handlerEnd = -1;
 int watchEnd = -1;
 
-constexpr int watchedSignals[] = { SIGINT, SIGTERM };
+constexpr int watchedSignals[] = { SIGHUP, SIGINT, SIGTERM };
 
 void onSignal(int);
 
-/// Gives a signal back its usual effect, if it was taken over.
+/// Restores the default effect of a signal that `onSignal` handles.
 void release(int signal)
 {
     struct sigaction current = {};
@@ -35,12 +35,12 @@ void onSignal(int)
     for (const int signal : watchedSignals)
         release(signal);
     constexpr char byte = 1;
-    // Nothing can be done about a failure here.
+    // A signal handler cannot report a failure.
     [[maybe_unused]] const auto written = write(handlerEnd, &byte, sizeof byte);
     errno = interruptedError;
 }
 
-/// Leaves alone a signal that the program was started to ignore.
+/// Handles a signal by `onSignal`, unless the program was started with the signal ignored (as by nohup).
 void watch(int signal)
 {
     struct sigaction current = {};

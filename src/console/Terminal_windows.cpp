@@ -11,11 +11,12 @@
 
 namespace {
 
-/// The system calls the handler on a thread of its own with nothing but the event.
+/// The handler runs on a thread of its own and gets no argument but the event, so it needs these globals.
 QMutex watchMutex;
 terminal::InterruptWatch* currentWatch = nullptr;
 
-bool tellWatch()
+/// Emits the signal of the watch. Returns false when there is none, or when it has emitted before.
+bool notifyWatch()
 {
     const QMutexLocker lock(&watchMutex);
     if (!currentWatch)
@@ -33,13 +34,13 @@ void setWatch(terminal::InterruptWatch* watch)
 
 BOOL WINAPI onEvent(DWORD event)
 {
-    constexpr DWORD longestFarewell = 10'000; // milliseconds; the system itself waits for less
-    if (!tellWatch())
+    constexpr DWORD longestSave = 10'000; // milliseconds; the system itself waits for less
+    if (!notifyWatch())
         return FALSE;
-    // When the console closes or the user logs off, the system ends the program as soon as this returns. It ends by
-    // itself when what was found is saved.
+    // When the console closes or the user logs off, the system ends the program as soon as this handler returns. So
+    // wait here while the main thread saves and ends the program.
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
-        Sleep(longestFarewell);
+        Sleep(longestSave);
     return TRUE;
 }
 

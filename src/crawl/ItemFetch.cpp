@@ -3,17 +3,19 @@
 
 #include "base/MIMETypes.h"
 #include "base/allgemein.h"
-#include "crawl/httpHeader.h"
-#include "crawl/url.h"
+#include "http/RequestExtras.h"
+#include "http/httpHeader.h"
+#include "http/url.h"
 
 #include <utility>
 
-ItemFetch::ItemFetch(FundStück& item, const FetchRules& rules, RequestExtras& extras, QObject* parent)
+ItemFetch::ItemFetch(
+    FundStück& item, const FetchRules& rules, RequestExtras& extras, const WebRules& web, QObject* parent)
     : QObject(parent)
     , m_item(item)
     , m_rules(rules)
     , m_extras(extras)
-    , m_exchange(nullptr)
+    , m_exchange(web, nullptr)
 {
     connect(&m_exchange, &HttpExchange::connected, this, &ItemFetch::onConnected);
     connect(&m_exchange, &HttpExchange::headerArrived, this, &ItemFetch::onHeader);
@@ -24,7 +26,7 @@ ItemFetch::ItemFetch(FundStück& item, const FetchRules& rules, RequestExtras& e
 
 void ItemFetch::start()
 {
-    m_item.zustand = Zustand::Verbindet;
+    m_item.zustand = FetchState::Connecting;
     emit reported({ FetchEvent::Connecting, {} });
     m_exchange.start(url::hostOf(m_item.adresse).toByteArray(), url::portOf(m_item.adresse));
 }
@@ -32,8 +34,8 @@ void ItemFetch::start()
 void ItemFetch::close()
 {
     m_exchange.abort();
-    if (m_item.zustand == Zustand::Verbindet || m_item.zustand == Zustand::Angefragt) {
-        m_item.zustand = Zustand::Fehlgeschlagen;
+    if (m_item.zustand == FetchState::Connecting || m_item.zustand == FetchState::Requested) {
+        m_item.zustand = FetchState::Failed;
         emit reported({ FetchEvent::EarlyDisconnect, {} });
     }
 }
@@ -45,7 +47,7 @@ BodyBuffer ItemFetch::takeBody()
 
 void ItemFetch::onConnected()
 {
-    m_item.zustand = Zustand::Angefragt;
+    m_item.zustand = FetchState::Requested;
     emit reported({ FetchEvent::Requesting, {} });
     m_exchange.send(httpHeader::baueAnfrage(m_item.adresse, m_item.referer, m_extras));
 }
@@ -55,12 +57,12 @@ void ItemFetch::onHeader(const QByteArray& header)
     m_item.statusCode = httpHeader::statusCode(header);
     m_extras.takeCookies({ httpHeader::setCookie(header) }, m_item.adresse);
     if (m_rules.followRelocation && httpHeader::isRelocation(m_item.statusCode)) {
-        m_item.zustand = Zustand::Umgeleitet;
+        m_item.zustand = FetchState::Relocated;
         m_location = httpHeader::location(header);
     } else {
         takeAnswer(header);
     }
-    if (m_item.zustand != Zustand::LaedtHtml)
+    if (m_item.zustand != FetchState::ReadingPage)
         end();
 }
 
@@ -71,7 +73,7 @@ void ItemFetch::takeAnswer(const QByteArray& header)
     m_item.sprache = httpHeader::contentLanguage(header);
     emit answered();
     const bool wanted = m_rules.wantsReferences && MIMETypes::isHTML(m_item.mimeTyp);
-    m_item.zustand = wanted ? Zustand::LaedtHtml : Zustand::Fertig;
+    m_item.zustand = wanted ? FetchState::ReadingPage : FetchState::Finished;
 }
 
 void ItemFetch::onBody(const QByteArray& piece)
@@ -81,11 +83,23 @@ void ItemFetch::onBody(const QByteArray& piece)
         end();
 }
 
-void ItemFetch::onFailed(const SocketFailure& failure)
+void ItemFetch::onFailed(const ExchangeFailure& failure)
 {
-    m_item.zustand = Zustand::Fehlgeschlagen;
-    const QByteArray fehlerText = QByteArray::number(failure.number) + ':' + allgemein::toSystem(failure.description);
-    emit reported({ FetchEvent::SocketError, fehlerText });
+    m_item.zustand = FetchState::Failed;
+    const QByteArray number = QByteArray::number(failure.number);
+    switch (failure.kind) {
+    case ExchangeFailure::System: {
+        const QByteArray fehlerText = number + ':' + allgemein::toSystem(failure.description);
+        emit reported({ FetchEvent::SocketError, fehlerText });
+        break;
+    }
+    case ExchangeFailure::BadPort:
+        emit reported({ FetchEvent::BadPort, number });
+        break;
+    case ExchangeFailure::Silence:
+        emit reported({ FetchEvent::Silence, number });
+        break;
+    }
     end();
 }
 

@@ -1,36 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/BodyBuffer.h"
+#include "crawl/FetchReport.h"
 #include "crawl/FundListe.h"
-#include "crawl/HttpExchange.h"
+#include "http/BodyBuffer.h"
+#include "http/HttpExchange.h"
 
 #include <QObject>
 
 class RequestExtras;
 
-/// What has just happened to an item's fetch.
-enum class FetchEvent {
-    Connecting,
-    Requesting,
-    UnsupportedProtocol,
-    Relocated, ///< `detail` is the Location value as received
-    EarlyDisconnect,
-    SocketError, ///< `detail` is the error number, ":" and its description
-};
-
-/// A fetch event with its data. It becomes text where it is shown.
-struct FetchReport {
-    FetchEvent event = FetchEvent::Connecting;
-    QByteArray detail;
-};
-
-/// What a search has settled for a fetch.
+/// The rules of a search for one fetch.
 struct FetchRules {
     bool followRelocation = true; ///< whether 301, 302 and 307 end the fetch as relocated
     bool wantsReferences = true; ///< whether the body is kept if it is HTML
-    /// A body that exceeds this many bytes ends with the piece that does it.
-    qsizetype bodyLimit = qsizetype { 1 } << 30;
+    /// In bytes. The fetch ends with the piece of the body that exceeds it.
+    qsizetype bodyLimit = qsizetype { 256 } << 20;
 };
 
 /// One fetch of a found item: asks the server for it, records in the item what the server says, and keeps the body of
@@ -39,10 +24,10 @@ class ItemFetch final : public QObject {
     Q_OBJECT
 
 public:
-    /// The item must outlive the fetch.
-    ItemFetch(FundStück& item, const FetchRules& rules, RequestExtras& extras, QObject* parent);
+    /// The item and the web rules must outlive the fetch.
+    ItemFetch(FundStück& item, const FetchRules& rules, RequestExtras& extras, const WebRules& web, QObject* parent);
 
-    /// Begins connecting. Nothing but the first report is signalled from within.
+    /// Begins connecting. From within, only the first report is signalled.
     void start();
     /// Closes the connection as if the server had done it, without `ended`.
     void close();
@@ -51,7 +36,7 @@ public:
 
     /// The Location value, once the item was relocated.
     [[nodiscard]] const QByteArray& location() const { return m_location; }
-    /// The page as far as it arrived. Only once.
+    /// The page as far as it arrived. May be called once.
     [[nodiscard]] BodyBuffer takeBody();
 
 signals:
@@ -64,7 +49,7 @@ private:
     void onConnected();
     void onHeader(const QByteArray& header);
     void onBody(const QByteArray& piece);
-    void onFailed(const SocketFailure& failure);
+    void onFailed(const ExchangeFailure& failure);
     void takeAnswer(const QByteArray& header);
     void end();
 

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchOptions.h"
 
-#include "base/SwitchKeys.h"
+#include "base/StoredSetting.h"
 #include "base/allgemein.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 #include <QStringBuilder>
 
 #include <algorithm>
+#include <array>
+#include <limits>
 
 namespace {
-
-/// In the order in which files hold them.
-constexpr std::array switchKeys {
-    SwitchKey<AnalysisSwitches> { "AnalyseAnchors", &AnalysisSwitches::anchors },
-    SwitchKey<AnalysisSwitches> { "AnalyseLink", &AnalysisSwitches::links },
-    SwitchKey<AnalysisSwitches> { "AnalyseAllSrc", &AnalysisSwitches::allSrc },
-    SwitchKey<AnalysisSwitches> { "AnalyseFrames", &AnalysisSwitches::frames },
-    SwitchKey<AnalysisSwitches> { "AnalyseEPic", &AnalysisSwitches::images },
-    SwitchKey<AnalysisSwitches> { "AnalyseForms", &AnalysisSwitches::forms },
-};
 
 FollowMode followModeFrom(const QByteArray& value)
 {
@@ -33,44 +25,65 @@ FollowMode followModeFrom(const QByteArray& value)
     }
 }
 
-void takeSub(std::vector<SubUrl>& list, const QByteArray& value)
+void readFollowMode(SearchOptions& options, const QByteArray& value)
 {
-    if (list.size() < SearchOptions::mostSubUrls)
-        list.push_back(SubUrl::fromText(value));
+    options.followSub = followModeFrom(value);
 }
+
+QByteArrayList followModeValues(const SearchOptions& options)
+{
+    const bool isDefault = options.followSub == FollowMode::All;
+    return isDefault ? QByteArrayList() : QByteArrayList { QByteArray::number(static_cast<int>(options.followSub)) };
+}
+
+void readSubUrl(SearchOptions& options, const QByteArray& value)
+{
+    if (options.unterpfade.size() < SearchOptions::mostSubUrls)
+        options.unterpfade.push_back(SubUrl::fromText(value));
+}
+
+QByteArrayList subUrlValues(const SearchOptions& options)
+{
+    QByteArrayList values;
+    for (const SubUrl& entry : options.unterpfade)
+        values += entry.text;
+    return values;
+}
+
+/// Leads to a switch of the analysis.
+constexpr auto analysed = [](bool AnalysisSwitches::*on) {
+    return [on](auto& options) -> auto&
+    {
+        return options.analysis.*on;
+    };
+};
+
+using Row = StoredSetting<SearchOptions>;
+
+const std::array rows {
+    Row::text("StartUrl", &SearchOptions::startUrl),
+    Row::onOff("MaxDepth", &SearchOptions::maxDepth),
+    Row::number("Depth", &SearchOptions::tiefe, std::numeric_limits<qint32>::min()),
+    Row { "FollowSub", &readFollowMode, &followModeValues },
+    Row { "Sub", &readSubUrl, &subUrlValues },
+    Row::onOff("AnalyseAnchors", analysed(&AnalysisSwitches::anchors)),
+    Row::onOff("AnalyseLink", analysed(&AnalysisSwitches::links)),
+    Row::onOff("AnalyseAllSrc", analysed(&AnalysisSwitches::allSrc)),
+    Row::onOff("AnalyseFrames", analysed(&AnalysisSwitches::frames)),
+    Row::onOff("AnalyseEPic", analysed(&AnalysisSwitches::images)),
+    Row::onOff("AnalyseForms", analysed(&AnalysisSwitches::forms)),
+};
 
 } // namespace
 
 bool SearchOptions::initOpt(const QByteArray& key, const QByteArray& value)
 {
-    if (key == "StartUrl")
-        startUrl = value;
-    else if (key == "MaxDepth")
-        maxDepth = allgemein::readSwitch(value);
-    else if (key == "Depth")
-        tiefe = allgemein::leadingNumber32(value);
-    else if (key == "FollowSub")
-        followSub = followModeFrom(value);
-    else if (key == "Sub")
-        takeSub(unterpfade, value);
-    else
-        return readSwitchKey(analysis, switchKeys, key, value);
-    return true;
+    return readSetting(*this, rows, key, value);
 }
 
 void SearchOptions::speicherOpts(QIODevice& file) const
 {
-    using allgemein::writeKeyValue;
-    using allgemein::writeSwitch;
-    writeKeyValue(file, "StartUrl", startUrl);
-    writeKeyValue(file, "MaxDepth", writeSwitch(maxDepth));
-    writeKeyValue(file, "Depth", QByteArray::number(tiefe));
-    if (followSub != FollowMode::All)
-        writeKeyValue(file, "FollowSub", QByteArray::number(static_cast<int>(followSub)));
-    for (const SubUrl& entry : unterpfade)
-        writeKeyValue(file, "Sub", entry.text);
-    for (const auto& entry : switchKeys)
-        writeKeyValue(file, entry.key, writeSwitch(analysis.*(entry.member)));
+    writeSettings(file, *this, rows);
 }
 
 bool SearchOptions::follows(const QByteArray& url) const
@@ -89,6 +102,6 @@ Confirmation SearchOptions::confirm()
     if (!url::isValidUrl(url) || url.size() > url::longest)
         return Confirmation::InvalidStartUrl;
     startUrl = url;
-    // Staying outside of sub-URLs leaves the rest of the web.
+    // Sub-URLs to stay outside of do not bound a search: the rest of the web is left.
     return maxDepth || followSub == FollowMode::Inside ? Confirmation::Limited : Confirmation::Unlimited;
 }

@@ -2,36 +2,20 @@
 #include "crawl/SearchRun.h"
 
 #include "base/allgemein.h"
-#include "crawl/url.h"
-
-#include <QElapsedTimer>
+#include "http/url.h"
 
 #include <algorithm>
 #include <limits>
 #include <memory>
 #include <utility>
 
-namespace {
-
-/// How long an analysis runs before other events get their turn.
-constexpr qint64 sliceMilliseconds = 4;
-
-} // namespace
-
-SearchRun::SearchRun(FundListe& list, RequestExtras& extras, QObject* parent)
+SearchRun::SearchRun(FundListe& list, RequestExtras& extras, const WebRules& web, QObject* parent)
     : QObject(parent)
     , m_list(list)
     , m_extras(extras)
+    , m_web(web)
     , m_walk(list)
 {
-    for (size_t index = 0; index < connectionCount; ++index) {
-        QTimer& timer = m_sock[index].nextSlice;
-        timer.setSingleShot(true);
-        connect(&timer, &QTimer::timeout, this, [this, index] {
-            analyse(index);
-            pruefeSuchende();
-        });
-    }
 }
 
 void SearchRun::starteSuche(const SearchOptions& options)
@@ -40,7 +24,7 @@ void SearchRun::starteSuche(const SearchOptions& options)
     m_options = options;
     m_suchAbbruch = false;
     m_searching = true;
-    fuegeFundHinzu(m_options.startUrl, 0, m_options.quellUrl, ReferenzTyp::Unbekannt);
+    fuegeFundHinzu(m_options.startUrl, 0, m_options.quellUrl, ReferenceType::Unknown);
     if (FundKnoten* const first = nextUnfetched())
         starteAnfrage(0, first);
 }
@@ -63,17 +47,20 @@ void SearchRun::openSearch(FundListe& loaded)
 
 void SearchRun::stopSearch()
 {
-    // Those that are busy now: what one of them finds must not start the other's next fetch just to be closed as well.
+    // First, so that no page that is closed here ends the search.
+    m_searching = false;
+    // Close only the connections that are busy now: a page that is closed may give the other connection a new item,
+    // whose fetch must not be closed before it was sent.
     std::array<bool, connectionCount> busy {};
     std::transform(m_sock.begin(), m_sock.end(), busy.begin(), [](const Sock& sock) { return sock.fetch != nullptr; });
     for (size_t index = 0; index < connectionCount; ++index) {
         if (!busy[index])
             continue;
+        m_sock[index].isCut = true;
         m_sock[index].fetch->close();
         closeFetch(index);
     }
     m_suchAbbruch = true;
-    m_searching = false;
 }
 
 void SearchRun::continueSearch(const SearchOptions& options)
@@ -89,33 +76,55 @@ void SearchRun::continueSearch(const SearchOptions& options)
 void SearchRun::abandon()
 {
     for (Sock& sock : m_sock) {
-        if (sock.verbindungsKnoten)
-            sock.verbindungsKnoten->inhalt.zustand = Zustand::NichtGeholt;
+        if (sock.verbindungsKnoten) {
+            sock.verbindungsKnoten->inhalt.zustand = FetchState::NotFetched;
+            sock.verbindungsKnoten->inhalt.isPending = false;
+        }
         drop(sock);
     }
 }
 
 void SearchRun::fuegeFundHinzu(
-    const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations)
+    const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenceType type, qint32 relocations)
 {
-    const auto adresse = newUrl(url);
-    if (!adresse)
+    const auto found = newUrl(url);
+    if (!found)
         return;
-    FundStück stueck;
-    stueck.adresse = *adresse;
-    stueck.tiefe = tiefe;
-    stueck.referer = referer;
-    stueck.referenzTyp = typ;
-    stueck.umleitungen = relocations;
-    emit recorded(m_list.add(std::move(stueck)));
+    FundStück item;
+    item.adresse = *found;
+    item.tiefe = tiefe;
+    item.referer = referer;
+    item.referenzTyp = type;
+    item.relocations = static_cast<qint16>(relocations);
+    emit recorded(m_list.add(std::move(item)));
+    // Later: this may be in the middle of a page.
+    if (m_searching && reachedLimit() && !std::exchange(m_isStopping, true))
+        QMetaObject::invokeMethod(this, &SearchRun::stopAtLimit, Qt::QueuedConnection);
+}
+
+std::optional<SearchLimit> SearchRun::reachedLimit() const
+{
+    if (m_list.getAnzahl() >= m_limits.items)
+        return SearchLimit::Items;
+    return m_list.bytes() >= m_limits.bytes ? std::optional(SearchLimit::Bytes) : std::nullopt;
+}
+
+void SearchRun::stopAtLimit()
+{
+    m_isStopping = false;
+    const auto limit = reachedLimit();
+    if (!m_searching || !limit)
+        return;
+    stopSearch();
+    emit limitReached(*limit);
 }
 
 void SearchRun::record(FundStück item)
 {
-    const auto adresse = newUrl(item.adresse);
-    if (!adresse)
+    const auto found = newUrl(item.adresse);
+    if (!found)
         return;
-    item.adresse = *adresse;
+    item.adresse = *found;
     emit recorded(m_list.add(std::move(item)));
 }
 
@@ -123,32 +132,42 @@ std::optional<QByteArray> SearchRun::newUrl(const QByteArray& url) const
 {
     if (url::hostOf(url).isEmpty() || url.size() > url::longest)
         return {};
-    QByteArray adresse = allgemein::onOneLine(url::normalised(url));
-    return m_list.istBekannt(adresse) ? std::nullopt : std::optional(std::move(adresse));
+    QByteArray found = allgemein::onOneLine(url::normalised(url));
+    return m_list.istBekannt(found) ? std::nullopt : std::optional(std::move(found));
 }
 
-void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ)
+void SearchRun::pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenceType type)
 {
     if (m_options.follows(url))
-        fuegeFundHinzu(url, tiefe, referer, typ);
+        fuegeFundHinzu(url, tiefe, referer, type);
 }
 
 FundKnoten* SearchRun::nextUnfetched()
 {
-    while (FundKnoten* const knoten = m_walk.next()) {
-        if (knoten->inhalt.zustand == Zustand::NichtGeholt)
-            return knoten;
+    while (FundKnoten* const node = m_walk.next()) {
+        if (isToFetch(*node))
+            return node;
     }
     return nullptr;
 }
 
-bool SearchRun::starteAnfrage(size_t index, FundKnoten* knoten)
+bool SearchRun::isToFetch(const FundKnoten& node) const
 {
-    if (url::protocolOf(knoten->inhalt.adresse) != "http") {
-        emit reported(knoten, { FetchEvent::UnsupportedProtocol, {} });
+    const auto isBusyWith = [&node](const Sock& sock) {
+        return sock.verbindungsKnoten == &node;
+    };
+    const FundStück& item = node.inhalt;
+    return item.zustand == FetchState::NotFetched
+        || (item.isPending && std::none_of(m_sock.begin(), m_sock.end(), isBusyWith));
+}
+
+bool SearchRun::starteAnfrage(size_t index, FundKnoten* node)
+{
+    if (url::protocolOf(node->inhalt.adresse) != "http") {
+        report(node, { FetchEvent::UnsupportedProtocol, {} });
         return false;
     }
-    m_sock[index].verbindungsKnoten = knoten;
+    m_sock[index].verbindungsKnoten = node;
     openFetch(index);
     return true;
 }
@@ -158,8 +177,8 @@ void SearchRun::naechsteUrl(size_t index)
     m_sock[index].verbindungsKnoten = nullptr;
     if (m_suchAbbruch)
         return;
-    while (FundKnoten* const knoten = nextUnfetched()) {
-        if (starteAnfrage(index, knoten))
+    while (FundKnoten* const node = nextUnfetched()) {
+        if (starteAnfrage(index, node))
             return;
     }
 }
@@ -185,19 +204,21 @@ void SearchRun::pruefeSuchende()
 void SearchRun::openFetch(size_t index)
 {
     Sock& sock = m_sock[index];
-    FundKnoten* const knoten = sock.verbindungsKnoten;
+    FundKnoten* const node = sock.verbindungsKnoten;
     FetchRules rules = m_fetchRules;
-    rules.followRelocation = rules.followRelocation && knoten->inhalt.umleitungen < relocationLimit;
-    rules.wantsReferences = m_options.readsPagesAt(knoten->inhalt.tiefe);
+    rules.followRelocation = rules.followRelocation && node->inhalt.relocations < relocationLimit;
+    rules.wantsReferences = m_options.readsPagesAt(node->inhalt.tiefe);
 
-    sock.fetch = new ItemFetch(knoten->inhalt, rules, m_extras, this);
+    sock.isCut = false;
+    node->inhalt.isPending = true;
+    sock.fetch = new ItemFetch(node->inhalt, rules, m_extras, m_web, this);
     connect(sock.fetch, &ItemFetch::reported, this,
-        [this, knoten](const FetchReport& report) { emit reported(knoten, report); });
-    connect(sock.fetch, &ItemFetch::answered, this, [this, knoten] { emit refreshed(knoten); });
-    connect(sock.fetch, &ItemFetch::ended, this, [this, index] {
-        closeFetch(index);
-        pruefeSuchende();
+        [this, node](const FetchReport& fetchReport) { report(node, fetchReport); });
+    connect(sock.fetch, &ItemFetch::answered, this, [this, node] {
+        m_list.addBytes(node->inhalt.mimeTyp.size() + node->inhalt.sprache.size());
+        emit refreshed(node);
     });
+    connect(sock.fetch, &ItemFetch::ended, this, [this, index] { closeFetch(index); });
     sock.fetch->start();
 }
 
@@ -205,7 +226,7 @@ void SearchRun::releaseFetch(Sock& sock)
 {
     if (ItemFetch* const fetch = std::exchange(sock.fetch, nullptr)) {
         fetch->abort();
-        // Not at once: this may have been called by one of its signals.
+        // Later, since one of its signals may have called this.
         fetch->deleteLater();
     }
 }
@@ -214,72 +235,90 @@ void SearchRun::closeFetch(size_t index)
 {
     Sock& sock = m_sock[index];
     const ItemFetch& fetch = *sock.fetch;
-    FundKnoten* const knoten = sock.verbindungsKnoten;
-    switch (knoten->inhalt.zustand) {
-    case Zustand::LaedtHtml:
-        sock.analysis.emplace(sock.fetch->takeBody(), knoten->inhalt.adresse, m_options.analysis);
+    FundKnoten* const node = sock.verbindungsKnoten;
+    switch (node->inhalt.zustand) {
+    case FetchState::ReadingPage:
+        sock.analysis.emplace(sock.fetch->takeBody(), node->inhalt.adresse, m_options.analysis);
         releaseFetch(sock);
-        analyse(index);
+        sock.steps.add([this, index] { return analyse(index); });
         return;
-    case Zustand::Umgeleitet:
-        relocate(knoten, fetch.location());
+    case FetchState::Relocated:
+        relocate(node, fetch.location());
         break;
-    case Zustand::NichtGeholt:
-    case Zustand::Verbindet:
-    case Zustand::Angefragt:
-    case Zustand::Fertig:
-    case Zustand::Fehlgeschlagen:
+    case FetchState::NotFetched:
+    case FetchState::Connecting:
+    case FetchState::Requested:
+    case FetchState::Finished:
+    case FetchState::Failed:
         break;
     }
+    node->inhalt.isPending = sock.isCut;
     releaseFetch(sock);
     naechsteUrl(index);
+    pruefeSuchende();
 }
 
-void SearchRun::relocate(FundKnoten* knoten, const QByteArray& location)
+void SearchRun::relocate(FundKnoten* node, const QByteArray& location)
 {
-    const FundStück& item = knoten->inhalt;
+    const FundStück& item = node->inhalt;
     fuegeFundHinzu(url::resolveReference(item.adresse, location), item.tiefe, item.referer, item.referenzTyp,
-        item.umleitungen + 1);
-    emit refreshed(knoten);
-    emit reported(knoten, { FetchEvent::Relocated, location });
-    m_walk.removing(knoten);
-    emit removing(knoten);
-    m_list.remove(knoten);
+        item.relocations + 1);
+    m_list.remove(node);
+    emit refreshed(node);
+    report(node, { FetchEvent::Relocated, location });
 }
 
-void SearchRun::analyse(size_t index)
+void SearchRun::report(FundKnoten* node, const FetchReport& report)
 {
-    Sock& sock = m_sock[index];
-    if (!analyseUntilPause(sock)) {
-        sock.nextSlice.start();
-        return;
+    switch (report.event) {
+    case FetchEvent::Connecting:
+        node->inhalt.reason = nullptr;
+        break;
+    case FetchEvent::Requesting:
+        break;
+    case FetchEvent::UnsupportedProtocol:
+    case FetchEvent::Relocated:
+    case FetchEvent::EarlyDisconnect:
+    case FetchEvent::SocketError:
+    case FetchEvent::BadPort:
+    case FetchEvent::Silence:
+        node->inhalt.reason = m_list.keep(report);
+        break;
     }
-    sock.analysis.reset();
+    emit reported(node, report);
+}
+
+bool SearchRun::analyse(size_t index)
+{
+    if (handOnReference(m_sock[index]))
+        return true;
+    m_sock[index].verbindungsKnoten->inhalt.isPending = m_sock[index].isCut;
+    m_sock[index].analysis.reset();
     naechsteUrl(index);
     fuelleVerbindungen();
+    pruefeSuchende();
+    return false;
 }
 
-bool SearchRun::analyseUntilPause(Sock& sock)
+bool SearchRun::handOnReference(Sock& sock)
 {
+    if (m_suchAbbruch || m_isStopping) {
+        sock.isCut = true;
+        return false;
+    }
     const FundStück& page = sock.verbindungsKnoten->inhalt;
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < sliceMilliseconds) {
-        if (m_suchAbbruch)
-            return true;
-        switch (sock.analysis->next()) {
-        case HtmlAnalysis::Step::Reference: {
-            const Verweis& verweis = sock.analysis->reference();
-            // A file can give an item any depth.
-            const qint32 tiefe = qMin(page.tiefe, std::numeric_limits<qint32>::max() - 1) + 1;
-            pruefeUnterUrl(verweis.adresse, tiefe, page.adresse, verweis.typ);
-            break;
-        }
-        case HtmlAnalysis::Step::Pause:
-            break;
-        case HtmlAnalysis::Step::End:
-            return true;
-        }
+    switch (sock.analysis->next()) {
+    case HtmlAnalysis::Step::Reference: {
+        const PageReference& reference = sock.analysis->reference();
+        // A file can give an item any depth.
+        const qint32 depth = qMin(page.tiefe, std::numeric_limits<qint32>::max() - 1) + 1;
+        pruefeUnterUrl(reference.url, depth, page.adresse, reference.type);
+        return true;
+    }
+    case HtmlAnalysis::Step::Pause:
+        return true;
+    case HtmlAnalysis::Step::End:
+        return false;
     }
     return false;
 }
@@ -287,7 +326,7 @@ bool SearchRun::analyseUntilPause(Sock& sock)
 void SearchRun::drop(Sock& sock)
 {
     releaseFetch(sock);
-    sock.nextSlice.stop();
+    sock.steps.clear();
     sock.analysis.reset();
     sock.verbindungsKnoten = nullptr;
 }
@@ -297,5 +336,4 @@ void SearchRun::dropAll()
     for (Sock& sock : m_sock)
         drop(sock);
     m_searching = false;
-    m_walk.restart();
 }

@@ -3,13 +3,13 @@
 
 #include "base/StepQueue.h"
 #include "crawl/FundListe.h"
-#include "crawl/HtmlAnalysis.h"
 #include "crawl/ItemFetch.h"
 #include "crawl/ListWalk.h"
+#include "crawl/SearchLimits.h"
 #include "crawl/SearchOptions.h"
+#include "pages/HtmlAnalysis.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <array>
 #include <optional>
@@ -25,99 +25,114 @@ public:
     /// An item that this many relocations have led to is recorded with its answer, even if it relocates again.
     static constexpr qint32 relocationLimit = 19;
 
-    /// Works on `list`, with request lines and cookies from `extras`; both must outlive the run. Only the run may take
-    /// items out of the list or empty it.
-    SearchRun(FundListe& list, RequestExtras& extras, QObject* parent = nullptr);
+    /// Works on `list`, with request lines and cookies from `extras`; all three must outlive the run. Nobody else may
+    /// empty the list.
+    SearchRun(FundListe& list, RequestExtras& extras, const WebRules& web, QObject* parent = nullptr);
 
     /// Empties the list and starts a new search. The start URL must have been completed and validated.
     void starteSuche(const SearchOptions& options);
-    /// Drops what is running and empties the list.
+    /// Drops the running fetches and empties the list.
     void leereSuche();
-    /// Drops what is running and puts the items of `loaded` in the place of the list's own.
+    /// Drops the running fetches and replaces the items of the list by those of `loaded`.
     void openSearch(FundListe& loaded);
-    /// Closes the connections and starts nothing more, but for the fetches that the closed ones give rise to, one for
-    /// each connection at the most. Those end on their own, without `finished`.
+    /// Closes the connections. Each of them may start one more fetch, which ends on its own and without `finished`;
+    /// nothing else is started. Items that this cuts short are pending.
     void stopSearch();
-    /// Goes on with the items of the list that were not fetched yet.
+    /// Goes on with the items of the list that were not fetched yet, and with those that are pending.
     void continueSearch(const SearchOptions& options);
-    /// Drops the fetches that are running and gives their items back as not fetched. For a program that ends after
-    /// `stopSearch`, so that a search saved then can be continued later.
+    /// Drops the running fetches and marks their items as not fetched. For a program that ends after `stopSearch`, so
+    /// that a search saved then can be continued later.
     void abandon();
 
     /// Whether 301, 302 and 307 answers are followed.
     void setFollowRelocation(bool on) { m_fetchRules.followRelocation = on; }
-    /// How many bytes of a body are kept; a longer page is analysed as far as it came. A gibibyte by default.
+    /// How many bytes of a body are kept; of a longer page the beginning is analysed. 256 MiB by default.
     void setBodyLimit(qsizetype bytes) { m_fetchRules.bodyLimit = bytes; }
+    void setLimits(const SearchLimits& limits) { m_limits = limits; }
+    [[nodiscard]] const SearchLimits& limits() const { return m_limits; }
     /// True from a start or continue to the end or stop.
     [[nodiscard]] bool isSearching() const { return m_searching; }
+    /// The limit that the list has reached, if any.
+    [[nodiscard]] std::optional<SearchLimit> reachedLimit() const;
 
     /// Records a URL, unless it has no host, is too long, or is in the list. `relocations` counts the relocations that
     /// led to it.
     void fuegeFundHinzu(
-        const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ, qint32 relocations = 0);
+        const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenceType type, qint32 relocations = 0);
 
-    /// Records an item of a list, under the same conditions. A search that is continued takes it up.
+    /// Records an item of an imported list, under the same conditions. A search that is continued fetches it.
     void record(FundStück item);
 
-    // A slot of `finished` may start or continue a search. The other signals come in the middle of the run's work:
-    // their slots only look.
+    // A slot of `finished` or `limitReached` may start or continue a search. The other signals come in the middle of
+    // the run's work, so their slots must not call the run.
 signals:
-    /// All items that were in the list are gone. After `openSearch`, others are there already.
+    /// All items that were in the list are gone. After `openSearch`, the list has the new ones already.
     void cleared();
-    void recorded(FundKnoten* knoten);
-    /// The answer's fields were set in the item.
-    void refreshed(FundKnoten* knoten);
-    /// The item's state text changes.
-    void reported(FundKnoten* knoten, const FetchReport& report);
-    /// The item, which was relocated, is about to be taken out of the list. Its node lives until `cleared`.
-    void removing(FundKnoten* knoten);
-    /// No item is left to fetch and all connections are closed. Views are rebuilt from the list now.
+    void recorded(FundKnoten* node);
+    /// The answer's fields were set in the item, or the item was relocated and taken out of the list. Its node lives
+    /// until `cleared`.
+    void refreshed(FundKnoten* node);
+    /// Something happened to the item's fetch, which its state text tells.
+    void reported(FundKnoten* node, const FetchReport& report);
+    /// No item is left to fetch and all connections are closed.
     void finished();
+    /// The list has reached a limit, so the search was stopped, as `stopSearch` does it.
+    void limitReached(SearchLimit limit);
 
 private:
     static constexpr size_t connectionCount = 2;
+    /// How long an analysis runs before other events get their turn, in milliseconds.
+    static constexpr int analysisSlice = 4;
 
     struct Sock {
         /// The item that the connection works on; nullptr when it is idle.
         FundKnoten* verbindungsKnoten = nullptr;
         /// nullptr while the socket is closed.
         ItemFetch* fetch = nullptr;
+        bool isCut = false; ///< a stop has cut the item's fetch or its analysis short
         std::optional<HtmlAnalysis> analysis;
-        /// Takes the analysis up again after other events.
-        QTimer nextSlice;
+        StepQueue steps { analysisSlice }; ///< of the analysis
     };
 
     /// A URL as it would be recorded; nothing when it has no host, is too long, or is in the list.
     [[nodiscard]] std::optional<QByteArray> newUrl(const QByteArray& url) const;
-    bool starteAnfrage(size_t index, FundKnoten* knoten);
+    bool starteAnfrage(size_t index, FundKnoten* node);
     void naechsteUrl(size_t index);
     void fuelleVerbindungen();
-    /// Ends the search when all connections are closed. Always the last thing done, since `finished` may change it all.
+    /// Ends the search when all connections are closed. Always called last, since a slot of `finished` may start
+    /// another search.
     void pruefeSuchende();
-    void pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenzTyp typ);
+    void pruefeUnterUrl(const QByteArray& url, qint32 tiefe, const QByteArray& referer, ReferenceType type);
     [[nodiscard]] FundKnoten* nextUnfetched();
+    [[nodiscard]] bool isToFetch(const FundKnoten& node) const;
+    void stopAtLimit();
 
     void openFetch(size_t index);
     static void releaseFetch(Sock& sock);
     /// Goes on by the state in which the fetch has left its item.
     void closeFetch(size_t index);
-    void relocate(FundKnoten* knoten, const QByteArray& location);
+    void relocate(FundKnoten* node, const QByteArray& location);
+    /// Keeps a report that ends a fetch as the item's reason, and passes every report on.
+    void report(FundKnoten* node, const FetchReport& report);
 
-    /// Runs one slice of the page's analysis; at its end, gives the connections their next items.
-    void analyse(size_t index);
-    /// Hands on references until the time of a slice is over; true when the page is finished or the search stopped.
-    [[nodiscard]] bool analyseUntilPause(Sock& sock);
+    /// One step of a page's analysis. Behind the last one, the connections get their next items, and false is returned.
+    [[nodiscard]] bool analyse(size_t index);
+    /// Records the page's next reference; false when there is none, or the search was stopped.
+    [[nodiscard]] bool handOnReference(Sock& sock);
     static void drop(Sock& sock);
     void dropAll();
 
     FundListe& m_list;
     RequestExtras& m_extras;
+    const WebRules& m_web;
     SearchOptions m_options;
     std::array<Sock, connectionCount> m_sock;
-    /// The walk for the next item to fetch. Items are taken in list order, so whatever a connection has just finished,
-    /// nothing before the walk's place is left to fetch.
-    ListWalk m_walk;
-    StepQueue m_freeing; ///< of dropped items, between other events
+    /// The walk for the next item to fetch, for both connections: items are fetched in list order, so none before the
+    /// walk's place is left.
+    ListWalk<FundListe> m_walk;
+    SearchLimits m_limits;
+    bool m_isStopping = false; ///< a limit was reached; the stop follows
+    StepQueue m_freeing; ///< frees dropped items between other events
     bool m_suchAbbruch = false;
     bool m_searching = false;
     FetchRules m_fetchRules;

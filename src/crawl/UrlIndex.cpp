@@ -41,7 +41,7 @@ void UrlIndex::Table::grow()
 
 void UrlIndex::Table::erase(size_t slot)
 {
-    // Whoever stands behind it, up to the next free slot, may have found this one taken and comes up.
+    // The URLs up to the next free slot may have found this slot taken. Each that did moves up.
     for (size_t other = next(slot); !isFree(other); other = next(other)) {
         const size_t mask = m_slots.size() - 1;
         const size_t distance = (other - homeOf(m_slots[other].hash)) & mask;

@@ -9,29 +9,28 @@
 
 /// Which URLs a list holds, and how often each. The URLs' bytes are shared, not copied.
 ///
-/// Made for millions of URLs, where every look at memory that is not in the caches counts: a URL's slot holds its hash
-/// and leads straight to its bytes, so that a URL that is not there is told by one such look, and one that is there by
-/// two. Moved from, it can only be assigned to. And there are many small tables, so that growing costs a little now and
-/// then instead of one long standstill.
+/// Made for millions of URLs, where the time goes into cache misses. A slot holds the URL's hash and points to its
+/// bytes, so an unknown URL costs one miss and a known one two. There are many small tables, which grow one at a time:
+/// growing a single one would hold up the event loop. An index that was moved from can only be assigned to.
 class UrlIndex {
 public:
     [[nodiscard]] bool contains(const QByteArray& url) const;
     void insert(const QByteArray& url);
-    /// Takes out one of the times that `url` was inserted.
+    /// Undoes one insertion of `url`.
     void remove(const QByteArray& url);
     void clear();
     /// Forgets some of the URLs; false when there are none.
     bool forgetSome();
 
 private:
-    /// A hash table with open addressing: a URL stands in the first slot that is free from its hash's own on.
+    /// A hash table with open addressing: a URL stands in the first slot that was free, counted from that of its hash.
     class Table {
     public:
         /// The slot of `url`, or the free one where it belongs.
         [[nodiscard]] size_t find(size_t hash, const QByteArray& url) const;
         [[nodiscard]] bool isFree(size_t slot) const { return m_slots[slot].hash == 0; }
         [[nodiscard]] bool isEmpty() const { return m_count == 0; }
-        /// Puts a URL that is not there into its slot.
+        /// Inserts a URL that the table does not have.
         void add(size_t hash, const QByteArray& url);
         void erase(size_t slot);
 
@@ -44,7 +43,7 @@ private:
         [[nodiscard]] size_t homeOf(size_t hash) const;
         void grow();
 
-        std::vector<Slot> m_slots = std::vector<Slot>(1); ///< a power of two, of which a quarter and more is free
+        std::vector<Slot> m_slots = std::vector<Slot>(1); ///< a power of two; at least a quarter is free
         size_t m_count = 0;
     };
 
@@ -55,6 +54,6 @@ private:
     [[nodiscard]] static size_t tableOf(size_t hash) { return hash % tableCount; }
 
     std::array<Table, tableCount> m_tables;
-    /// What was inserted again, and how often. Hardly ever anything.
+    /// How many further times a URL was inserted. Almost always empty.
     QHash<QByteArray, qint32> m_again;
 };

@@ -18,7 +18,7 @@ void DLGeschwindigkeitsmessung::push(qint64 timeMs, qint64 totalBytes)
 
 qint64 DLGeschwindigkeitsmessung::getDurschnittsGeschwindigkeit() const
 {
-    // What stands at index 1 before the first sample is kept is another transfer's.
+    // Before the first sample is kept, index 1 holds a sample of the last transfer.
     if (m_current == 0 && !m_wrapped)
         return 0;
     const Sample& newest = m_samples[static_cast<size_t>(m_current)];

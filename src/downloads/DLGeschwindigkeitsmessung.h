@@ -5,15 +5,16 @@
 
 #include <array>
 
-/// The average speed of a transfer over its recent past: of the samples that are offered, one in six is kept, and the
-/// newest ten of these count.
+/// Measures the average speed of a transfer over its recent past. It keeps one in six of the samples offered to it, and
+/// averages over the newest ten of these.
 class DLGeschwindigkeitsmessung {
 public:
-    /// Offers a sample: a time in milliseconds and the bytes that the transfer has received until then.
+    /// Offers a sample: a time in milliseconds, and the bytes received until then.
     void push(qint64 timeMs, qint64 totalBytes);
-    /// In bytes per second, halves rounded to even; 0 while there are no two samples of different times.
+    /// In bytes per second, halves rounded to even; 0 until two samples of different times are kept.
     [[nodiscard]] qint64 getDurschnittsGeschwindigkeit() const;
-    /// Starts a new measurement. Up to five samples of it may be passed over before the first is kept.
+    /// Starts a new measurement. The count of skipped samples goes on, so up to five are skipped before the first is
+    /// kept.
     void reset();
 
 private:
@@ -27,7 +28,7 @@ private:
 
     [[nodiscard]] static int nextIndex(int index) { return index < size - 1 ? index + 1 : 0; }
 
-    /// A ring; the first sample of a measurement stands at index 1.
+    /// A ring buffer. The first sample of a measurement is at index 1.
     std::array<Sample, size> m_samples;
     int m_current = 0;
     bool m_wrapped = false;

@@ -2,17 +2,16 @@
 #include "downloads/DownloadQueue.h"
 
 #include "base/allgemein.h"
-#include "crawl/url.h"
 #include "downloads/Transfer.h"
-
-#include <QFile>
+#include "http/url.h"
 
 #include <algorithm>
 #include <utility>
 
-DownloadQueue::DownloadQueue(RequestExtras& extras, QObject* parent)
+DownloadQueue::DownloadQueue(RequestExtras& extras, const WebRules& web, QObject* parent)
     : QObject(parent)
     , m_extras(extras)
+    , m_web(web)
 {
 }
 
@@ -67,15 +66,16 @@ void DownloadQueue::startNextForSlot(Slot& slot)
 bool DownloadQueue::startEntry(Slot& slot, DownloadEntry& entry)
 {
     slot.item = entry.id;
+    if (!m_settings.overwrite && entry.written && entry.written->standsWhole()) {
+        endAtOnce(entry, DownloadTag::Complete, DownloadStatus::Complete);
+        return false;
+    }
     if (url::protocolOf(entry.url) != "http") {
-        entry.status = DownloadStatus::UnsupportedProtocol;
-        entry.tag = DownloadTag::Failed;
-        emit changed(entry.id);
-        emit ended(entry);
+        endAtOnce(entry, DownloadTag::Failed, DownloadStatus::UnsupportedProtocol);
         return false;
     }
     slot.url = entry.url;
-    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, slot.meter, this);
+    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, m_web, slot.meter, this);
     connect(slot.transfer.get(), &Transfer::changed, this, [this, id = entry.id] { emit changed(id); });
     connect(slot.transfer.get(), &Transfer::ended, this, [this, &slot] { finishSlot(slot); });
     slot.transfer->start();
@@ -83,22 +83,34 @@ bool DownloadQueue::startEntry(Slot& slot, DownloadEntry& entry)
     return true;
 }
 
-void DownloadQueue::finishSlot(Slot& slot)
+void DownloadQueue::endAtOnce(DownloadEntry& entry, DownloadTag tag, DownloadStatus status)
 {
-    const DownloadEntry& entry = entryOf(slot.item);
-    release(slot);
-    emit ended(entry);
-    if (entry.tag == DownloadTag::Complete && m_settings.removeFinished) {
-        const int row = rowOf(slot.item);
-        removeRun({ row, row });
-    }
-    goOn(slot);
+    entry.tag = tag;
+    entry.status = status;
+    emit changed(entry.id);
+    reportEnd(entry);
 }
 
-void DownloadQueue::goOn(Slot& slot)
+void DownloadQueue::finishSlot(Slot& slot)
+{
+    release(slot);
+    reportEnd(entryOf(slot.item));
+    serveNext(slot);
+}
+
+void DownloadQueue::reportEnd(const DownloadEntry& entry)
+{
+    emit ended(entry);
+    if (entry.tag == DownloadTag::Complete && m_settings.removeFinished) {
+        const int row = rowOf(entry.id);
+        removeRun({ row, row });
+    }
+}
+
+void DownloadQueue::serveNext(Slot& slot)
 {
     startNextForSlot(slot);
-    // What waits further up has waited for a free slot.
+    // Entries further up may wait as well. They are not found by the slot's own walk, which goes down.
     startWaiting();
 }
 
@@ -109,7 +121,7 @@ void DownloadQueue::release(Slot& slot)
     slot.transfer->stop();
     slot.transfer->disconnect(this);
     slot.meter.reset();
-    // Not at once: this may have been called by one of its signals.
+    // One of the transfer's signals may have led here, so delete it later.
     slot.transfer.release()->deleteLater();
     if (const QByteArray& url = entryOf(slot.item).url; url != slot.url) {
         m_urls.remove(slot.url);
@@ -128,12 +140,8 @@ void DownloadQueue::enqueue(DownloadEntry& entry)
 void DownloadQueue::queue(const RowRuns& rows)
 {
     for (Slot* const slot : slotsServing(rows)) {
-        DownloadEntry& entry = entryOf(slot->item);
         release(*slot);
         slot->item = 0;
-        // What it has written so far is its own, and would be in its way.
-        if (!entry.target.isEmpty() && entry.status == DownloadStatus::Loading)
-            QFile::remove(std::exchange(entry.target, {}));
     }
     for (const RowRun& run : rows) {
         for (int row = run.first; row <= run.last; ++row)
@@ -144,14 +152,17 @@ void DownloadQueue::queue(const RowRuns& rows)
 
 void DownloadQueue::stop(const RowRuns& rows)
 {
-    // All of them first: a slot that goes on must not be given an entry that is to be stopped next.
+    // Stop all of them before any slot goes on: it could start an entry that is to be stopped.
     const std::vector<Slot*> serving = slotsServing(rows);
     for (Slot* const slot : serving) {
         release(*slot);
-        emit changed(slot->item);
+        DownloadEntry& entry = entryOf(slot->item);
+        entry.status = DownloadStatus::Stopped;
+        entry.speed.reset();
+        emit changed(entry.id);
     }
     for (Slot* const slot : serving)
-        goOn(*slot);
+        serveNext(*slot);
 }
 
 void DownloadQueue::remove(const RowRuns& rows)
@@ -159,14 +170,14 @@ void DownloadQueue::remove(const RowRuns& rows)
     const std::vector<Slot*> serving = slotsServing(rows);
     for (Slot* const slot : serving)
         release(*slot);
-    // Views follow a few removals; more would cost them the length of the list each.
+    // Announce few removals one by one, but many as a reset: each costs the views time in proportion to the list.
     constexpr size_t mostRuns = 64;
     if (rows.size() <= mostRuns)
         std::for_each(rows.rbegin(), rows.rend(), [this](const RowRun& run) { removeRun(run); });
     else
         removeScattered(rows);
     for (Slot* const slot : serving)
-        goOn(*slot);
+        serveNext(*slot);
     tellIfIdle();
 }
 
@@ -196,6 +207,8 @@ void DownloadQueue::removeScattered(const RowRuns& rows)
 
 void DownloadQueue::forget(const std::unique_ptr<DownloadEntry>& entry)
 {
+    if (entry->written)
+        entry->written->removePart();
     m_waiting.erase(entry->id);
     m_urls.remove(entry->url);
 }

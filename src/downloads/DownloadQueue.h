@@ -16,29 +16,32 @@
 
 class RequestExtras;
 class Transfer;
+struct WebRules;
 
-/// The download list and the slots in which its entries are transferred. Rows are counted from 0. What it costs to add
-/// an entry, to test for duplicates and to find the next one does not grow with the list.
+/// The download list, and the slots that transfer its entries. Rows are counted from 0. Adding an entry, testing for
+/// duplicates and finding the next entry take the same time in a list of any length.
 class DownloadQueue final : public QObject {
     Q_OBJECT
 
 public:
-    /// Request lines and cookies come from `extras`, which must outlive the queue.
-    explicit DownloadQueue(RequestExtras& extras, QObject* parent = nullptr);
+    /// `extras` supplies request lines and cookies. Both arguments must outlive the queue.
+    DownloadQueue(RequestExtras& extras, const WebRules& web, QObject* parent = nullptr);
     ~DownloadQueue() override;
 
     [[nodiscard]] DownloadSettings& settings() { return m_settings; }
     [[nodiscard]] const DownloadSettings& settings() const { return m_settings; }
 
-    /// Adds an entry, unless its URL is in the list. `size` is in bytes, -1 when unknown.
+    /// Adds an entry, unless the list has its URL already. `size` is in bytes, -1 when unknown.
     void addDL(const QByteArray& url, qint64 size, const QByteArray& referer);
     /// Gives waiting entries to the slots that are free.
     void startWaiting();
-    /// Queues entries again, whatever became of them; those that are running begin anew.
+    /// Queues entries again in whatever state they are. A running one begins anew. A finished one is not fetched again
+    /// while its file stands there and existing files are not overwritten.
     void queue(const RowRuns& rows);
-    /// Stops the transfers of entries; they keep what they show. The slots go on with the next ones.
+    /// Stops the transfers of entries, which keep their tag. Their slots go on with the next entries.
     void stop(const RowRuns& rows);
-    /// Takes entries off the list, stopping those that are running.
+    /// Removes entries from the list, and the files of which they have written only a part. Entries that are running
+    /// are stopped first.
     void remove(const RowRuns& rows);
 
     [[nodiscard]] int count() const { return static_cast<int>(m_entries.size()); }
@@ -47,54 +50,60 @@ public:
     [[nodiscard]] bool isRunning(quint64 id) const;
     [[nodiscard]] int runningCount() const;
     [[nodiscard]] int waitingCount() const { return static_cast<int>(m_waiting.size()); }
-    /// The entries that slots serve.
+    /// The entries that are being transferred.
     [[nodiscard]] std::vector<const DownloadEntry*> running() const;
 
 signals:
-    /// An entry was appended.
+    /// An entry was appended to the list.
     void added();
     void changed(quint64 id);
     void aboutToRemove(int firstRow, int lastRow);
     void removed();
-    /// Entries all over the list are taken off it.
+    /// Entries in many places of the list are about to be removed.
     void aboutToReset();
     void wasReset();
-    /// A transfer has come to its end, whatever it was.
+    /// A transfer has ended by itself, successfully or not.
     void ended(const DownloadEntry& entry);
-    /// Nothing is running and nothing waits any more.
+    /// The last transfer has ended and no entry is waiting.
     void idle();
 
 private:
     struct Slot {
-        /// The entry that the slot serves or, once its transfer is over, has served last; 0 when the slot is free.
+        /// The id of the entry that the slot serves, or served last while it looks for the next one; 0 when it is free.
         quint64 item = 0;
-        QByteArray url; ///< the entry's when its transfer began
+        QByteArray url; ///< the entry's URL when its transfer began
         DLGeschwindigkeitsmessung meter;
         std::unique_ptr<Transfer> transfer;
     };
 
     [[nodiscard]] std::vector<Slot*> slotsServing(const RowRuns& rows);
     [[nodiscard]] DownloadEntry& entryOf(quint64 id);
-    /// Starts the next waiting entry from the slot's own on; frees the slot when there is none.
+    /// Starts the first waiting entry at or below the row that the slot served last, and frees the slot when there is
+    /// none.
     void startNextForSlot(Slot& slot);
-    /// False when the entry's protocol is not spoken, which ends it.
+    /// Returns false when the entry ended at once: its protocol is not supported, or its file is there already.
     [[nodiscard]] bool startEntry(Slot& slot, DownloadEntry& entry);
+    void endAtOnce(DownloadEntry& entry, DownloadTag tag, DownloadStatus status);
     void finishSlot(Slot& slot);
-    void goOn(Slot& slot);
-    /// Ends a slot's transfer, if it has one, without a word.
+    /// Reports the end of an entry, and removes it from the list if the user wants that for finished ones.
+    void reportEnd(const DownloadEntry& entry);
+    /// Starts the next entry on a slot whose transfer has ended, and waiting entries on all free slots.
+    void serveNext(Slot& slot);
+    /// Ends the transfer of a slot, if it has one, without a signal.
     void release(Slot& slot);
     void enqueue(DownloadEntry& entry);
     void removeRun(const RowRun& run);
     void removeScattered(const RowRuns& rows);
-    /// Takes an entry out of everything but the list.
+    /// Removes an entry from all indexes, but not from the list.
     void forget(const std::unique_ptr<DownloadEntry>& entry);
     void tellIfIdle();
 
     RequestExtras& m_extras;
+    const WebRules& m_web;
     DownloadSettings m_settings;
     /// In ascending order of their ids.
     std::vector<std::unique_ptr<DownloadEntry>> m_entries;
-    UrlIndex m_urls; ///< relocation can make two alike
+    UrlIndex m_urls; ///< may hold a URL twice, since relocation changes URLs
     std::set<quint64> m_waiting;
     std::array<Slot, DownloadSettings::mostSlots> m_slots;
     quint64 m_lastId = 0;

@@ -3,7 +3,7 @@
 
 #include "base/LetterNumbers.h"
 #include "base/allgemein.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 QByteArray indexText(qint32 index, IndexType type, qint32 minStellen)
 {
@@ -24,7 +24,9 @@ QByteArray indexText(qint32 index, IndexType type, qint32 minStellen)
 
 bool NumberedUrls::confirm()
 {
-    const QByteArray url = startUrl.startsWith("http://") ? startUrl : "http://" + startUrl;
+    QByteArray url = url::withProtocol(startUrl);
+    if (allgemein::startsWithNoCase(url, "http://"))
+        url.replace(0, 4, "http");
     if (!url::isValidUrl(url))
         return false;
     startUrl = url;

@@ -3,17 +3,18 @@
 
 #include "base/MIMETypes.h"
 #include "base/allgemein.h"
-#include "crawl/url.h"
+#include "base/folders.h"
+#include "http/url.h"
 
 #include <algorithm>
 
 namespace {
 
-/// No system takes a path of more directories.
+/// More directories than a path can have on any system.
 constexpr qint32 deepest = 2000;
 
-/// The host's labels from the top level down, the port, and the directories. An empty directory is the one that it
-/// stands in. The URL is no deeper than that.
+/// The host's labels from the top level down, the port, and the directories. Empty directories are left out, since
+/// "a//b" is "a/b" in every file system. The URL must have at most `deepest` levels.
 QByteArrayList piecesOf(const QByteArray& url)
 {
     QByteArrayList pieces = url::components(url, deepest);
@@ -23,7 +24,7 @@ QByteArrayList piecesOf(const QByteArray& url)
     return pieces;
 }
 
-QByteArray renamedForMS(const QByteArray& name)
+QByteArray renamedForMs(const QByteArray& name)
 {
     const auto isForbidden = [](char c) {
         return QByteArrayView("<>|\"?*:\\/").contains(c);
@@ -35,29 +36,40 @@ QByteArray renamedForMS(const QByteArray& name)
 QByteArray nameOf(const QByteArray& url, const QByteArray& contentType, const NamingRules& rules)
 {
     QByteArray name = url.sliced(url.lastIndexOf('/') + 1);
-    if (rules.extByMIME)
+    if (rules.extByMime)
         name = MIMETypes::extensionByMIME(name, contentType.split(';').first());
-    return rules.renameForMS ? renamedForMS(name) : name;
+    return rules.renameForMs ? renamedForMs(name) : name;
+}
+
+/// Names that hide or reverse a part of themselves would deceive the user about the kind of the file.
+QByteArray withVisibleControls(const QByteArray& name)
+{
+    const QString text = allgemein::fromSystem(name);
+    const QString visible = allgemein::withVisibleControls(text);
+    return visible == text ? name : allgemein::toSystem(visible);
 }
 
 } // namespace
 
-targetName::Result targetName::of(const QByteArray& url, const QByteArray& contentType, const NamingRules& rules)
+TargetName TargetName::of(const QByteArray& url, const QByteArray& contentType, const NamingRules& rules)
 {
-    Result result;
+    TargetName target;
     if (rules.dirByUrl && url::levelCount(url) > deepest) {
-        result.refusal = Refusal::Directory;
-        return result;
+        target.refusal = Refusal::Directory;
+        return target;
     }
     if (rules.dirByUrl)
-        result.target.directories = piecesOf(url);
+        target.directories = piecesOf(url);
+    target.name = nameOf(url, contentType, rules);
     const auto isPlain = [](const QByteArray& piece) {
         return allgemein::isPlainFileName(piece);
     };
-    result.target.name = nameOf(url, contentType, rules);
-    if (!std::all_of(result.target.directories.begin(), result.target.directories.end(), isPlain))
-        result.refusal = Refusal::Directory;
-    else if (!isPlain(result.target.name))
-        result.refusal = Refusal::Name;
-    return result;
+    if (!std::all_of(target.directories.begin(), target.directories.end(), isPlain))
+        target.refusal = Refusal::Directory;
+    else if (!isPlain(target.name))
+        target.refusal = Refusal::Name;
+    for (QByteArray& directory : target.directories)
+        directory = withVisibleControls(directory);
+    target.name = withVisibleControls(target.name);
+    return target;
 }

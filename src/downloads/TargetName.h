@@ -8,29 +8,22 @@
 
 /// How the file of a download is named.
 struct NamingRules {
-    bool dirByUrl = false; ///< in directories by host, port and path
-    bool extByMIME = false; ///< with an extension of its type
-    bool renameForMS = true; ///< with characters that Windows does not take percent-encoded
+    bool dirByUrl = false; ///< put it into directories by host, port and path
+    bool extByMime = false; ///< append an extension of its MIME type
+    bool renameForMs = true; ///< percent-encode characters that Windows does not take
 };
 
-/// Where a download goes, below the target folder. Nothing in it leads out of that folder.
+/// The place of a downloaded file below the target folder. It never lies outside that folder.
 struct TargetName {
+    /// The part for which a URL has no place.
+    enum class Refusal { Directory, Name };
+
     QByteArrayList directories; ///< one inside the other, outermost first
     QByteArray name;
+    std::optional<Refusal> refusal; ///< if set, nothing may be created
+
+    /// The place for a URL that was answered with this Content-Type, of which everything behind ";" is ignored. A
+    /// directory or name is refused if it is "..", holds a separator, is empty, or names a device. Hidden controls in
+    /// them are percent-encoded.
+    [[nodiscard]] static TargetName of(const QByteArray& url, const QByteArray& contentType, const NamingRules& rules);
 };
-
-namespace targetName {
-
-/// Why a URL has no target.
-enum class Refusal { Directory, Name };
-
-struct Result {
-    TargetName target;
-    std::optional<Refusal> refusal;
-};
-
-/// The target of a URL that was answered with this Content-Type (parameters behind ";" do not count). A directory or a
-/// name that would lead elsewhere, or that the system takes for a device, is refused, as is an empty name.
-[[nodiscard]] Result of(const QByteArray& url, const QByteArray& contentType, const NamingRules& rules);
-
-} // namespace targetName

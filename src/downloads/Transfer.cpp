@@ -2,58 +2,37 @@
 #include "downloads/Transfer.h"
 
 #include "base/allgemein.h"
-#include "crawl/httpHeader.h"
-#include "crawl/url.h"
 #include "downloads/DownloadEntry.h"
 #include "downloads/DownloadSettings.h"
+#include "downloads/TargetName.h"
+#include "http/RequestExtras.h"
+#include "http/httpHeader.h"
+#include "http/url.h"
 
-#include <QDir>
-#include <QFileInfo>
-
-namespace {
-
-/// A link would lead out of the target folder. Whoever else can write there could place one.
-bool isLink(const QString& path)
-{
-    const QFileInfo there(path);
-    return there.isSymbolicLink() || there.isJunction();
-}
-
-/// Creates a folder inside one that exists. That something is there already is no failure here: if it is no folder, the
-/// file cannot be created. But a link is one.
-bool makeFolder(const QString& path)
-{
-    return QDir().mkdir(path) || (QFileInfo::exists(path) && !isLink(path));
-}
-
-/// Whether something stands there that is no ordinary file. Writing to a pipe would wait for a reader.
-bool isNoFile(const QString& path)
-{
-    const QFileInfo there(path);
-    return isLink(path) || (there.exists() && !there.isFile());
-}
-
-} // namespace
-
-Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
+Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, const WebRules& web,
     DLGeschwindigkeitsmessung& meter, QObject* parent)
     : QObject(parent)
     , m_entry(entry)
     , m_settings(settings)
     , m_extras(extras)
-    , m_exchange(nullptr)
+    , m_exchange(web, nullptr)
     , m_meter(meter)
 {
     connect(&m_exchange, &HttpExchange::connected, this, &Transfer::onConnected);
     connect(&m_exchange, &HttpExchange::headerArrived, this, &Transfer::onHeader);
     connect(&m_exchange, &HttpExchange::bodyArrived, this, &Transfer::onBody);
-    connect(&m_exchange, &HttpExchange::failed, this, [this] { fail(DownloadStatus::NetError); });
+    connect(&m_exchange, &HttpExchange::failed, this, [this](const auto& failure) {
+        m_entry.failureDetail = failure.description;
+        fail(DownloadStatus::NetError);
+    });
     connect(&m_exchange, &HttpExchange::closed, this, &Transfer::onClosed);
 }
 
 void Transfer::start()
 {
     m_entry.tag = DownloadTag::Running;
+    m_entry.httpStatus = 0;
+    m_entry.failureDetail.clear();
     m_clock.start();
     m_exchange.start(url::hostOf(m_entry.url).toByteArray(), url::portOf(m_entry.url));
 }
@@ -61,7 +40,18 @@ void Transfer::start()
 void Transfer::stop()
 {
     m_exchange.abort();
+    if (!m_file.isOpen())
+        return;
     m_file.close();
+    m_entry.written = WrittenFile::at(m_file.path(), extent());
+}
+
+WrittenFile::Extent Transfer::extent() const
+{
+    if (m_entry.tag == DownloadTag::Complete)
+        return WrittenFile::Whole;
+    const bool hasAllBytes = m_entry.received == m_entry.size;
+    return m_entry.tag == DownloadTag::Warning || hasAllBytes ? WrittenFile::Unconfirmed : WrittenFile::Part;
 }
 
 void Transfer::onConnected()
@@ -74,54 +64,50 @@ void Transfer::onConnected()
 void Transfer::onHeader(const QByteArray& header)
 {
     m_extras.takeCookies(httpHeader::setCookies(header), m_entry.url);
-    if (m_settings.followRelocation && httpHeader::isRelocation(httpHeader::statusCode(header))) {
+    m_entry.httpStatus = httpHeader::statusCode(header);
+    if (m_settings.followRelocation && httpHeader::isRelocation(m_entry.httpStatus)) {
         const QByteArray location = httpHeader::location(header);
         if (!location.isEmpty())
             m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, location));
         fail(DownloadStatus::Relocated);
         return;
     }
-    openTarget(header);
+    if (m_settings.refuseErrors && m_entry.httpStatus >= DownloadEntry::firstErrorStatus) {
+        fail(DownloadStatus::Refused);
+        return;
+    }
+    const TargetName target = TargetName::of(m_entry.url, httpHeader::contentType(header), m_settings.naming);
+    if (const auto failure = m_file.open(m_settings.target, target, m_settings.overwrite, m_entry.written)) {
+        fail(*failure);
+        return;
+    }
+    // The settings may have changed since the entry was stopped, so that the file has another place now.
+    if (m_entry.written && m_entry.written->path != m_file.path())
+        m_entry.written->removePart();
+    beginBody(httpHeader::contentLength(header));
 }
 
-void Transfer::openTarget(const QByteArray& header)
+void Transfer::beginBody(qint64 size)
 {
-    const auto named = targetName::of(m_entry.url, httpHeader::contentType(header), m_settings.naming);
-    QString path = m_settings.target;
-    bool folders = named.refusal != targetName::Refusal::Directory && (QDir().mkpath(path) || QFileInfo::exists(path));
-    for (const QByteArray& directory : named.target.directories) {
-        path += allgemein::fromSystem(directory);
-        folders = folders && makeFolder(path);
-        path = allgemein::withTrailingSeparator(path);
-    }
-    if (!folders) {
-        fail(DownloadStatus::CannotCreateDirectory);
-        return;
-    }
-    path += allgemein::fromSystem(named.target.name);
-    m_file.setFileName(path);
-    const QFile::OpenMode mode = m_settings.overwrite ? QFile::Truncate : QFile::NewOnly;
-    // Unbuffered, so that a write that fails is known to have failed.
-    if (named.refusal || isNoFile(path) || !m_file.open(QFile::WriteOnly | QFile::Unbuffered | mode)) {
-        const bool exists = !named.refusal && !m_settings.overwrite && QFileInfo::exists(path);
-        fail(exists ? DownloadStatus::FileExists : DownloadStatus::CannotCreateFile);
-        return;
-    }
-    m_entry.target = path;
+    m_entry.target = m_file.path();
     m_entry.status = DownloadStatus::Loading;
     m_entry.speed.reset();
     m_entry.received = 0;
-    m_entry.size = httpHeader::contentLength(header);
+    m_entry.size = size;
     emit changed();
-    // The measurement begins here, whether the header brought a piece of the body with it or not.
+    // The measurement of the speed begins now, even if the body's first bytes come later.
     onBody({});
 }
 
-void Transfer::onBody(const QByteArray& body)
+void Transfer::onBody(const QByteArray& piece)
 {
+    // A server may send more than it announced, and never stop. The first byte too many ends the transfer.
+    const bool isAnnounced = m_entry.size >= 0;
+    const qint64 wanted = isAnnounced ? m_entry.size - *m_entry.received + 1 : piece.size();
+    const QByteArrayView body = QByteArrayView(piece).first(qMin(wanted, piece.size()));
     qsizetype at = 0;
     do {
-        if (!writePiece(body.constData() + at, qMin(pieceSize, body.size() - at))) {
+        if (!writePiece(body.data() + at, qMin(pieceSize, body.size() - at))) {
             fail(DownloadStatus::CannotWrite);
             return;
         }
@@ -129,11 +115,13 @@ void Transfer::onBody(const QByteArray& body)
     } while (at < body.size());
     m_entry.speed = m_meter.getDurschnittsGeschwindigkeit();
     emit changed();
+    if (isAnnounced && *m_entry.received > m_entry.size)
+        onClosed();
 }
 
 bool Transfer::writePiece(const char* bytes, qsizetype size)
 {
-    const bool written = m_file.write(bytes, size) == size;
+    const bool written = m_file.write(bytes, size);
     *m_entry.received += size;
     m_meter.push(m_clock.elapsed(), *m_entry.received);
     return written;

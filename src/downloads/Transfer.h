@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/HttpExchange.h"
 #include "downloads/DLGeschwindigkeitsmessung.h"
+#include "downloads/TargetFile.h"
+#include "downloads/WrittenFile.h"
+#include "http/HttpExchange.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QObject>
 
 class RequestExtras;
@@ -13,36 +14,39 @@ enum class DownloadStatus;
 struct DownloadEntry;
 struct DownloadSettings;
 
-/// One transfer: asks for an entry's URL, names and creates the target file, and writes the body to it as it arrives.
-/// What happens is recorded in the entry. It ends once, with `ended` or by `stop`.
+/// One transfer: requests an entry's URL, names and creates the target file, and writes the body to it as it arrives.
+/// It keeps the entry up to date, and ends once: with `ended`, or by `stop`.
 class Transfer final : public QObject {
     Q_OBJECT
 
 public:
-    /// The body goes to the file and the meter in pieces of at most this many bytes.
+    /// The file and the meter get the body in pieces of at most this many bytes.
     static constexpr qsizetype pieceSize = 32 * 1024;
 
-    /// The entry's URL is one of "http". All that is referred to must outlive the transfer.
-    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
+    /// The entry's URL must be one of "http". All arguments must outlive the transfer.
+    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, const WebRules& web,
         DLGeschwindigkeitsmessung& meter, QObject* parent);
 
-    /// Begins connecting; no signal comes from within.
+    /// Begins connecting. No signal is emitted before this returns.
     void start();
-    /// Closes connection and file and leaves the entry as it is, without a signal.
+    /// Closes connection and file without a signal. The entry learns the file, and stays as it is otherwise.
     void stop();
 
 signals:
-    /// The entry shows something else.
+    /// The entry has changed.
     void changed();
     void ended();
 
 private:
     void onConnected();
     void onHeader(const QByteArray& header);
-    void onBody(const QByteArray& body);
+    void onBody(const QByteArray& piece);
     void onClosed();
-    void openTarget(const QByteArray& header);
+    /// `size` is the announced one; -1 when none was.
+    void beginBody(qint64 size);
     [[nodiscard]] bool writePiece(const char* bytes, qsizetype size);
+    /// How much of the file the transfer has written, judged by the entry.
+    [[nodiscard]] WrittenFile::Extent extent() const;
     void fail(DownloadStatus why);
     void end();
 
@@ -50,7 +54,7 @@ private:
     const DownloadSettings& m_settings;
     RequestExtras& m_extras;
     HttpExchange m_exchange;
-    QFile m_file;
+    TargetFile m_file;
     DLGeschwindigkeitsmessung& m_meter;
     QElapsedTimer m_clock;
 };

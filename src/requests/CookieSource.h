@@ -13,21 +13,21 @@ struct ForeignCookie {
     Cookie cookie;
 };
 
-/// Why not all cookies of a browser could be had.
+/// Why cookies of a browser could not be imported.
 struct ImportError {
     enum Where {
         NoStore, ///< there is no such browser here
-        TooLarge, ///< `text` names a file that is larger than a browser's would be
-        NotCookies, ///< `text` names a file in which nothing looks like a cookie
-        File, ///< `text` names the file, and says what the system says of it
-        Database, ///< `text` is what the database library says, and the file
-        CookieFile, ///< of the host `text`: the program's own, which cannot be written
+        TooLarge, ///< the file named by `text` is larger than a browser's would be
+        NotCookies, ///< the file named by `text` holds nothing that looks like a cookie
+        File, ///< the file cannot be read: `text` is its name and the system's error text
+        Database, ///< `text` is the error text of the database library and the file's name
+        CookieFile, ///< the program's own file for the host `text` cannot be written
     };
     Where where;
     QString text;
 };
 
-/// Lines of a browser's file that hold something else than a cookie.
+/// Lines of a browser's file that do not hold a usable cookie.
 struct PassedOver {
     QString fileName;
     UnusableLines lines;
@@ -40,15 +40,15 @@ public:
 
     using Take = std::function<void(const ForeignCookie& cookie)>;
 
-    /// Reads on, and hands the next cookie to `take` if it has come to one. False at the end.
+    /// Does one small piece of reading, and calls `take` if it completed a cookie. False at the end.
     [[nodiscard]] virtual bool read(const Take& take) = 0;
-    /// The first failure, which may have left cookies out.
+    /// The first failure. Cookies may be missing after one.
     [[nodiscard]] const std::optional<ImportError>& error() const { return m_error; }
-    /// What was passed over in the first file in which anything was.
+    /// The lines without a usable cookie, of the first file that has any.
     [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
 protected:
-    /// In bytes. No file of a browser with cookies in it comes near.
+    /// In bytes. The cookie files of browsers are far smaller.
     static constexpr qint64 largestFile = 64 * 1024 * 1024;
 
     void fail(ImportError::Where where, const QString& text)

@@ -6,9 +6,9 @@
 
 #include <QFile>
 
-/// A "cookies.txt", as browsers kept it and exporters write it still: a line for each cookie, with seven fields between
-/// TABs, of which the host, the path, the name and the value are read. Lines that begin with "#" are comments, but for
-/// the mark that today's exporters put before the host of a cookie that scripts cannot see.
+/// Reads a "cookies.txt" in the Netscape format, which old browsers kept and exporters still write: a line for each
+/// cookie with seven fields between TABs. Host, path, name and value are used. Lines that begin with "#" are comments,
+/// except those that begin with "#HttpOnly_", by which exporters mark cookies that scripts cannot see.
 class CookiesTxt final : public CookieSource {
 public:
     explicit CookiesTxt(const QString& fileName);
@@ -20,6 +20,6 @@ private:
 
     QFile m_file;
     LineReader m_lines;
-    qint64 m_number = 0; ///< of the line that was read last
-    bool m_looksRight = false; ///< something in it was a cookie or a comment
+    qint64 m_number = 0; ///< of the last line that was read, from 1
+    bool m_looksRight = false; ///< a line was a cookie or a comment
 };

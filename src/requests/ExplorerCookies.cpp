@@ -3,7 +3,7 @@
 
 #include "base/ErrorReport.h"
 #include "base/Registry.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 #include <QDir>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Name, value, host and path run together, then flags, times and a mark.
+/// Name, value, host with path, then five lines of flags and times, and "*".
 constexpr size_t linesOfCookie = 9;
 
 std::optional<QString> cookieFolder(const Registry& registry)

@@ -11,7 +11,7 @@
 
 class Registry;
 
-/// The cookie folder of Internet Explorer, which the registry names: text files with nine lines for each cookie.
+/// Reads the cookie folder of Internet Explorer, which the registry names: text files with nine lines for each cookie.
 class ExplorerCookies final : public CookieSource {
 public:
     explicit ExplorerCookies(const Registry& registry);
@@ -22,12 +22,12 @@ public:
     [[nodiscard]] static bool areHere(const Registry& registry);
 
 private:
-    /// False when there is none.
+    /// False when no file is left.
     [[nodiscard]] bool openNext();
     void endFile();
 
-    QStringList m_files; ///< those that are still to be read
-    QFile m_file; ///< the one that is being read
-    std::optional<LineReader> m_lines; ///< of that one
-    qint64 m_number = 0; ///< of its line that was read last
+    QStringList m_files; ///< still to be read
+    QFile m_file; ///< being read
+    std::optional<LineReader> m_lines; ///< of `m_file`
+    qint64 m_number = 0; ///< of the last line that was read, from 1
 };

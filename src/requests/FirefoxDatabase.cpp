@@ -16,25 +16,25 @@ namespace {
 
 constexpr const char* query = "select host,path,name,value from moz_cookies;";
 
-/// In bytes. No text of a cookie is nearly as long.
+/// In bytes. Texts of cookies are far shorter.
 constexpr int longestText = 64 * 1024;
-/// A query on a table of as many cookies as a browser keeps takes some of these; one on what else a file may have put
-/// in the table's place may never end.
+/// The bound of the query's work. The cookies of a browser need a small part of it; a hostile file may have put a view
+/// in the table's place whose query never ends.
 constexpr int mostSteps = 5'000;
 constexpr int instructionsPerStep = 1000;
-/// In milliseconds, other events in between included.
+/// In milliseconds, including the time of other events between the steps.
 constexpr qint64 longestRead = 60'000;
 
 const QString logEnding = QStringLiteral("-wal");
 
-/// What tells whether a file was written to.
+/// Size and time of a file; they change when somebody writes to it.
 QPair<qint64, QDateTime> stampOf(const QString& fileName)
 {
     const QFileInfo file(fileName);
     return { file.size(), file.lastModified() };
 }
 
-/// Whether a file can be copied: what is none, such as a pipe, might never end.
+/// Whether a path is an ordinary file or free. Copying from a pipe might never end.
 bool isFileOrNothing(const QString& fileName)
 {
     const QFileInfo file(fileName);
@@ -47,8 +47,8 @@ bool copyAnew(const QString& from, const QString& to)
     return !QFile::exists(from) || QFile::copy(from, to);
 }
 
-/// Copies a database and its log as they were at one time: when the browser moves rows from the log to the database
-/// meanwhile, the copies are made again. False when that goes on and on, or one cannot be copied.
+/// Copies a database and its log in the state of one moment: when the browser moves rows from the log to the database
+/// meanwhile, both are copied again. False if they keep changing or cannot be copied.
 bool copyDatabase(const QString& from, const QString& to)
 {
     constexpr int mostAttempts = 5;
@@ -99,12 +99,12 @@ void FirefoxDatabase::open(const QString& copy)
         prepare();
     else
         failHere();
-    // Whatever happens to the program now, no copy of the cookies stays behind, where the system lets go of open files.
+    // Removed while open, where the system allows it: so no copy of the cookies stays behind if the program dies.
     QFile::remove(copy);
     QFile::remove(copy + logEnding);
 }
 
-/// Anybody may have written the file: neither what is in it nor what it asks for is trusted.
+/// The file may be hostile: neither its content nor its schema is trusted.
 void FirefoxDatabase::prepare()
 {
     m_sinceOpened.start();
@@ -126,7 +126,7 @@ bool FirefoxDatabase::read(const Take& take)
 {
     if (!m_rows)
         return false;
-    // Columns may compute whatever the file asks for, a little in each row.
+    // The schema can define computed columns, so even a single row may take long.
     if (m_sinceOpened.hasExpired(longestRead))
         sqlite3_interrupt(m_database);
     const int result = sqlite3_step(m_rows);

@@ -9,8 +9,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// The "cookies.sqlite" of a Firefox, which may be running. What is read is a copy of the database and of the log with
-/// its newest rows: the browser keeps the original locked.
+/// Reads the "cookies.sqlite" of Firefox, also while Firefox runs. The browser keeps the database locked, so a copy of
+/// the database and of its write-ahead log, which holds the newest rows, is read.
 class FirefoxDatabase final : public CookieSource {
 public:
     explicit FirefoxDatabase(const QString& fileName);
@@ -19,9 +19,9 @@ public:
 
     [[nodiscard]] bool read(const Take& take) override;
 
-    /// Whether a file begins as a database does.
+    /// Whether a file begins like an SQLite database.
     [[nodiscard]] static bool isDatabase(const QString& fileName);
-    /// The version of the database library.
+    /// The version of SQLite.
     [[nodiscard]] static QString libraryVersion();
 
 private:
@@ -35,5 +35,5 @@ private:
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_rows = nullptr;
     QElapsedTimer m_sinceOpened;
-    int m_steps = 0; ///< of the query, in thousands
+    int m_steps = 0; ///< of the query, in thousands of instructions
 };

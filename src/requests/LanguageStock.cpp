@@ -5,7 +5,8 @@
 
 namespace {
 
-/// UTF-8. Some entries stand twice, as two codes of the bibliographic and the terminology list share one short code.
+/// UTF-8. Some entries stand twice: ISO 639-2 has two three-letter codes for these languages, which share one
+/// two-letter code.
 constexpr std::array stock {
     // clang-format off
     "aa Afar", "ab Abkhazian", "ae Avestan", "af Afrikaans", "ak Akan", "am Amharic", "an Aragonese", "ar Arabic",
@@ -41,7 +42,7 @@ constexpr std::array stock {
 
 } // namespace
 
-namespace LanguageStock {
+namespace languageStock {
 
 QStringList entries()
 {
@@ -60,4 +61,4 @@ QString entryFor(QStringView code)
     return {};
 }
 
-} // namespace LanguageStock
+} // namespace languageStock

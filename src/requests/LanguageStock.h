@@ -3,14 +3,14 @@
 
 #include <QStringList>
 
-/// The languages that a user can choose from for the Accept-Language line.
-namespace LanguageStock {
+/// The languages that the user can choose for the Accept-Language line.
+namespace languageStock {
 
-/// 205 entries in the order of their codes: a two-letter ISO 639-1 code, a blank, and the language's English name, cut
-/// to eleven characters.
+/// 205 entries in the order of their codes. An entry is a two-letter ISO 639-1 code, a blank, and the English name of
+/// the language, cut to eleven characters.
 [[nodiscard]] QStringList entries();
 
-/// The first entry with a code; empty for a code that is not in the stock.
+/// The first entry with this code; empty for an unknown code.
 [[nodiscard]] QString entryFor(QStringView code);
 
-} // namespace LanguageStock
+} // namespace languageStock

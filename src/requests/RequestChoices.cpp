@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/RequestChoices.h"
 
-RequestChoices::RequestChoices(RequestPrefs& prefs)
+RequestChoices::RequestChoices(RequestPrefs& prefs, RequestPrefs& own)
     : userAgent(RequestPrefs::readyUserAgents().constFirst())
     , m_prefs(prefs)
+    , m_own(own)
 {
     begin();
 }
@@ -26,16 +27,32 @@ void RequestChoices::apply()
     m_prefs.useLanguage = useLanguage;
     m_prefs.languageHeader = languageHeader();
     m_prefs.useReferrer = useReferrer;
+    m_own = m_prefs;
+}
+
+void RequestChoices::dontWarnAgain()
+{
+    m_prefs.dontWarnAboutCookiesAgain = true;
+    m_own.dontWarnAboutCookiesAgain = true;
+}
+
+void RequestChoices::setLanguages(const QList<QByteArray>& languages)
+{
+    if (m_own.sprachAuswahl == m_prefs.sprachAuswahl)
+        m_own.sprachAuswahl = languages;
+    m_prefs.sprachAuswahl = languages;
 }
 
 void RequestChoices::addLanguages(const QList<QByteArray>& entries)
 {
-    m_prefs.sprachAuswahl += entries;
+    setLanguages(languages() + entries);
 }
 
 void RequestChoices::removeLanguage(qsizetype index)
 {
-    m_prefs.sprachAuswahl.removeAt(index);
+    QList<QByteArray> rest = languages();
+    rest.removeAt(index);
+    setLanguages(rest);
 }
 
 qsizetype RequestChoices::moveLanguage(qsizetype index, int by)
@@ -43,6 +60,8 @@ qsizetype RequestChoices::moveLanguage(qsizetype index, int by)
     const qsizetype neighbour = index + by;
     if (neighbour < 0 || neighbour >= m_prefs.sprachAuswahl.size())
         return index;
-    m_prefs.sprachAuswahl.swapItemsAt(index, neighbour);
+    QList<QByteArray> order = languages();
+    order.swapItemsAt(index, neighbour);
+    setLanguages(order);
     return neighbour;
 }

@@ -1,27 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/RequestPrefs.h"
 
-#include "base/SwitchKeys.h"
-#include "base/allgemein.h"
+#include "base/StoredSetting.h"
+
+#include <array>
 
 namespace {
 
-constexpr std::array switchKeys {
-    SwitchKey<RequestPrefs> { "Referrer", &RequestPrefs::useReferrer },
-    SwitchKey<RequestPrefs> { "UseUserAgent", &RequestPrefs::useUserAgent },
-    SwitchKey<RequestPrefs> { "UseLanguage", &RequestPrefs::useLanguage },
-    SwitchKey<RequestPrefs> { "useCookies", &RequestPrefs::useCookies },
-    SwitchKey<RequestPrefs> { "setCookies", &RequestPrefs::setCookies },
-    SwitchKey<RequestPrefs> { "dontWarnAboutCookiesAgain", &RequestPrefs::dontWarnAboutCookiesAgain },
-};
-
-/// A weight with up to 15 significant digits and a decimal point.
+/// A weight with up to 15 significant digits and a decimal point in every locale.
 QByteArray weight(qsizetype rank, qsizetype count)
 {
     return QByteArray::number(static_cast<double>(count - rank) / static_cast<double>(count), 'g', 15);
 }
 
-void takeLanguage(RequestPrefs& prefs, const QByteArray& entry)
+void readLanguage(RequestPrefs& prefs, const QByteArray& entry)
 {
     constexpr qsizetype most = 500;
     if (prefs.sprachAuswahl.size() >= most)
@@ -29,6 +21,19 @@ void takeLanguage(RequestPrefs& prefs, const QByteArray& entry)
     prefs.sprachAuswahl += entry;
     prefs.languageHeader = prefs.aktSprachen();
 }
+
+using Row = StoredSetting<RequestPrefs>;
+
+const std::array rows {
+    Row::onOff("Referrer", &RequestPrefs::useReferrer),
+    Row::onOff("UseUserAgent", &RequestPrefs::useUserAgent),
+    Row::text("UserAgent", &RequestPrefs::userAgent),
+    Row::onOff("UseLanguage", &RequestPrefs::useLanguage),
+    Row { "Language", &readLanguage, &RequestPrefs::sprachAuswahl },
+    Row::onOff("useCookies", &RequestPrefs::useCookies),
+    Row::onOff("setCookies", &RequestPrefs::setCookies),
+    Row::onOff("dontWarnAboutCookiesAgain", &RequestPrefs::dontWarnAboutCookiesAgain),
+};
 
 } // namespace
 
@@ -63,32 +68,10 @@ QList<QByteArray> RequestPrefs::readyUserAgents()
 
 void twkEinstellungen::writeRequestPrefs(QIODevice& file, const RequestPrefs& prefs)
 {
-    using allgemein::writeKeyValue;
-    using allgemein::writeSwitch;
-    writeKeyValue(file, "Referrer", writeSwitch(prefs.useReferrer));
-    writeKeyValue(file, "UseUserAgent", writeSwitch(prefs.useUserAgent));
-    writeKeyValue(file, "UserAgent", prefs.userAgent);
-    writeKeyValue(file, "UseLanguage", writeSwitch(prefs.useLanguage));
-    writeListItems(file, "Language", prefs.sprachAuswahl);
-    writeKeyValue(file, "useCookies", writeSwitch(prefs.useCookies));
-    writeKeyValue(file, "setCookies", writeSwitch(prefs.setCookies));
-    writeKeyValue(file, "dontWarnAboutCookiesAgain", writeSwitch(prefs.dontWarnAboutCookiesAgain));
+    writeSettings(file, prefs, rows);
 }
 
 bool twkEinstellungen::readRequestPref(RequestPrefs& prefs, const QByteArray& key, const QByteArray& value)
 {
-    if (key == "UserAgent") {
-        prefs.userAgent = value;
-    } else if (key == "Language") {
-        takeLanguage(prefs, value);
-    } else {
-        return readSwitchKey(prefs, switchKeys, key, value);
-    }
-    return true;
-}
-
-void twkEinstellungen::writeListItems(QIODevice& file, QByteArrayView key, const QList<QByteArray>& items)
-{
-    for (const QByteArray& item : items)
-        allgemein::writeKeyValue(file, key, item);
+    return readSetting(prefs, rows, key, value);
 }

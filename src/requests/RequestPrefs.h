@@ -6,26 +6,28 @@
 
 class QIODevice;
 
-/// What the user wants requests to carry. The defaults are those of a program that was never used.
+/// What requests carry. The defaults are those of a first start.
 struct RequestPrefs {
-    bool useCookies = false; ///< send the Cookie line
+    bool useCookies = false; ///< send stored cookies
     bool setCookies = true; ///< store received cookies
     bool useUserAgent = true;
     QByteArray userAgent;
     bool useLanguage = false;
     /// The chosen languages in the order of preference, each with its code in the first two bytes.
     QList<QByteArray> sprachAuswahl;
-    /// The Accept-Language value that is sent: what `aktSprachen` gave when the choice was last confirmed.
+    /// The Accept-Language value that is sent: the result of `aktSprachen` when the languages were last applied or
+    /// read.
     QByteArray languageHeader;
     bool useReferrer = true;
     bool dontWarnAboutCookiesAgain = false;
 
-    /// The Accept-Language value for the chosen languages, their weights falling linearly from 1; empty without any.
+    /// The Accept-Language value for the chosen languages, with weights that fall linearly from 1. Empty without
+    /// languages.
     [[nodiscard]] QByteArray aktSprachen() const;
-    /// Chooses no language.
+    /// Leaves no language chosen or sent.
     void clearLanguages();
 
-    /// The texts that are offered for the User-Agent line, the default first.
+    /// The texts offered for the User-Agent line. The first is the default of the dialog and of the console.
     [[nodiscard]] static QList<QByteArray> readyUserAgents();
 };
 
@@ -33,10 +35,7 @@ struct RequestPrefs {
 namespace twkEinstellungen {
 
 void writeRequestPrefs(QIODevice& file, const RequestPrefs& prefs);
-/// Applies one line; false for a key that is none of the block's. Languages are added to those already chosen, as long
-/// as these are fewer than 500.
+/// Applies one line; false for an unknown key. A language is added to those already chosen, up to 500.
 bool readRequestPref(RequestPrefs& prefs, const QByteArray& key, const QByteArray& value);
-/// Writes one "key=item" line for each item.
-void writeListItems(QIODevice& file, QByteArrayView key, const QList<QByteArray>& items);
 
 } // namespace twkEinstellungen

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/RequestProfile.h"
 
-#include "crawl/url.h"
+#include "http/url.h"
 
-RequestProfile::RequestProfile(const RequestPrefs& prefs, const CookieStore& cookies)
+RequestProfile::RequestProfile(const RequestPrefs& prefs, CookieStore& cookies)
     : m_prefs(prefs)
     , m_cookies(cookies)
 {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/httpHeader.h"
+#include "http/RequestExtras.h"
 #include "requests/CookieStore.h"
 #include "requests/RequestPrefs.h"
 
-/// What requests carry by the user's preferences and stored cookies. Read afresh for each request.
+/// Fills requests by the request preferences and the stored cookies, which it looks up for each request.
 class RequestProfile final : public RequestExtras {
 public:
     /// Both must outlive the profile.
-    RequestProfile(const RequestPrefs& prefs, const CookieStore& cookies);
+    RequestProfile(const RequestPrefs& prefs, CookieStore& cookies);
 
     [[nodiscard]] std::optional<QByteArray> userAgentLine() const override;
     [[nodiscard]] std::optional<QByteArray> acceptLanguageLine() const override;
@@ -19,5 +19,5 @@ public:
 
 private:
     const RequestPrefs& m_prefs;
-    const CookieStore& m_cookies;
+    CookieStore& m_cookies;
 };

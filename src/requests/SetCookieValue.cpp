@@ -3,13 +3,13 @@
 
 #include "base/allgemein.h"
 
-namespace SetCookieValue {
+namespace setCookieValue {
 
 namespace {
 
 using allgemein::notFound;
 
-/// Takes the first and the last byte off a text that begins with a double quote, whatever the last one is.
+/// Removes the first and the last byte if the first is a double quote. The last byte is not checked.
 std::optional<QByteArray> unquoted(const QByteArray& text)
 {
     if (!text.startsWith('"'))
@@ -21,30 +21,30 @@ std::optional<QByteArray> unquoted(const QByteArray& text)
 
 } // namespace
 
-std::optional<QByteArray> cookieName(const QByteArray& setCookieValue)
+std::optional<QByteArray> cookieName(const QByteArray& field)
 {
-    const qsizetype equals = setCookieValue.indexOf('=');
+    const qsizetype equals = field.indexOf('=');
     if (equals == notFound)
         return {};
-    return setCookieValue.first(equals);
+    return field.first(equals);
 }
 
-std::optional<QByteArray> cookieValue(const QByteArray& setCookieValue)
+std::optional<QByteArray> cookieValue(const QByteArray& field)
 {
-    const qsizetype start = setCookieValue.indexOf('=') + 1;
-    const qsizetype end = setCookieValue.indexOf(';', start);
+    const qsizetype start = field.indexOf('=') + 1;
+    const qsizetype end = field.indexOf(';', start);
     if (end == notFound)
         return {};
-    return unquoted(setCookieValue.sliced(start, end - start));
+    return unquoted(field.sliced(start, end - start));
 }
 
-std::optional<QByteArray> cookiePath(const QByteArray& setCookieValue)
+std::optional<QByteArray> cookiePath(const QByteArray& field)
 {
     constexpr QByteArrayView attribute = "path=";
-    // One less than the attribute's length when it is missing.
-    const qsizetype start = allgemein::indexOfNoCase(setCookieValue, attribute) + attribute.size();
-    const qsizetype end = setCookieValue.indexOf(';', start);
-    return unquoted(setCookieValue.mid(start, end == notFound ? -1 : end - start));
+    // `notFound` is -1, so without the attribute the path starts at index 4.
+    const qsizetype start = allgemein::indexOfNoCase(field, attribute) + attribute.size();
+    const qsizetype end = field.indexOf(';', start);
+    return unquoted(field.mid(start, end == notFound ? -1 : end - start));
 }
 
-} // namespace SetCookieValue
+} // namespace setCookieValue

@@ -5,16 +5,17 @@
 
 #include <optional>
 
-/// The three parts of a Set-Cookie value that the cookie store keeps. Each reader returns nothing where the value
-/// cannot be cut; such a cookie is not stored.
-namespace SetCookieValue {
+/// Parses the value of a Set-Cookie field (`field`). Each function returns nothing if its part cannot be found; such a
+/// cookie is not stored.
+namespace setCookieValue {
 
-/// What stands before the first "=".
-[[nodiscard]] std::optional<QByteArray> cookieName(const QByteArray& setCookieValue);
-/// What stands between the first "=" and the next ";", without double quotes around it. Nothing without the ";".
-[[nodiscard]] std::optional<QByteArray> cookieValue(const QByteArray& setCookieValue);
-/// What follows the first "path=" (letter case ignored) up to the next ";", without double quotes around it. Without
-/// the attribute, what follows the first four bytes: no "/" in front, so the cookie is kept but matches no request.
-[[nodiscard]] std::optional<QByteArray> cookiePath(const QByteArray& setCookieValue);
+/// The text before the first "=".
+[[nodiscard]] std::optional<QByteArray> cookieName(const QByteArray& field);
+/// The text between the first "=" and the next ";", without double quotes around it. Nothing without the ";".
+[[nodiscard]] std::optional<QByteArray> cookieValue(const QByteArray& field);
+/// The text behind the first "path=" (in any letter case) up to the next ";", without double quotes around it. Without
+/// that attribute, the text behind the first four bytes: such a path rarely begins with "/", so the cookie is stored
+/// but matches no request.
+[[nodiscard]] std::optional<QByteArray> cookiePath(const QByteArray& field);
 
-} // namespace SetCookieValue
+} // namespace setCookieValue

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/HostArena.h"
 
-#include "crawl/url.h"
+#include "http/url.h"
 
 namespace {
 
-/// Up to and including the "/" before the file name.
+/// The length of `url` without its file name.
 qsizetype directoryEnd(const QByteArray& url)
 {
     return url.lastIndexOf('/') + 1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/SubUrl.h"
+#include "http/SubUrl.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -10,15 +10,15 @@
 #include <utility>
 #include <vector>
 
-/// Found URLs arranged by host and path: below a root come the labels of the host from the top level down, the port as
-/// ":80", and the directories; file names make no node. Nodes are known by numbers, a node's being greater than its
-/// parent's.
+/// The nodes of the tree of found URLs. Below the root are the labels of the host (the top-level domain first), then
+/// the port as ":80", then the directories. File names have no nodes. A node is named by a number, which is greater
+/// than that of its parent.
 class HostArena {
 public:
     using NodeId = qint32;
     static constexpr NodeId root = 0;
     static constexpr NodeId none = -1;
-    /// Pieces of a URL beyond this level make no nodes of their own; a server could send any number of them.
+    /// Directories below this level have no nodes of their own: a server could send any number of them.
     static constexpr qint32 deepestLevel = 250;
 
     struct Node {
@@ -32,13 +32,13 @@ public:
 
     HostArena();
 
-    /// Adds the nodes of a URL that are missing; returns its last one.
+    /// Adds the missing nodes of a URL. Returns the deepest of its nodes.
     NodeId add(const QByteArray& url);
-    /// The node that stands for the first `level` pieces of `url`; `none` when there is none.
+    /// The node for the first `level` components of `url`; `none` if there is no such node.
     [[nodiscard]] NodeId find(const QByteArray& url, qint32 level) const;
     [[nodiscard]] const Node& node(NodeId id) const { return m_nodes[static_cast<size_t>(id)]; }
     [[nodiscard]] qint32 count() const { return static_cast<qint32>(m_nodes.size()); }
-    /// What the URLs below the node have in common.
+    /// The sub-URL that all URLs below the node have in common.
     [[nodiscard]] SubUrl branch(NodeId id) const;
 
 private:
@@ -46,10 +46,10 @@ private:
 
     NodeId addChild(const Key& key, const QByteArray& url);
 
-    /// A deque, since growing must not move a million nodes at once.
+    /// A deque never moves its elements: moving a million nodes would hold up the window.
     std::deque<Node> m_nodes;
     QHash<Key, NodeId> m_children;
-    /// Where the last URL was added: the next one is mostly from the same directory.
+    // The last URL that was added, and its deepest node: the next URL is mostly in the same directory.
     QByteArray m_lastUrl;
     qsizetype m_lastDirectoryEnd = 0;
     NodeId m_lastNode = none;

@@ -3,52 +3,54 @@
 
 #include "base/allgemein.h"
 #include "base/lang.h"
-#include "crawl/url.h"
+#include "http/url.h"
+#include "results/ResultColumns.h"
 #include "results/twk.h"
 
 #include <algorithm>
 
 namespace {
 
-enum Column { FileName, MimeContent, Size, Depth, Status, RefType, Language, Url, ColumnCount };
-
 constexpr char apostrophe = '\'';
 
-constexpr bool isRun(char c)
+/// Whether a spreadsheet program may run a cell that begins with this.
+constexpr bool beginsFormula(char c)
 {
     return c == '=' || c == '+' || c == '-' || c == '@' || c == '"';
 }
 
-constexpr bool beginsCell(char c)
+/// Whether some programs begin a new cell after this.
+constexpr bool endsCell(char c)
 {
     return c == ',' || c == ';' || c == ' ' || c == '"';
 }
 
-/// Puts an apostrophe before what a spreadsheet program would run: in the beginning of the text, or wherever it may
-/// begin a cell. Apostrophes that stand there already count, so that none is mistaken for one of these.
-QByteArray asText(const QByteArray& text, bool (*begins)(char))
+/// Puts an apostrophe before every character that would begin a formula: at the beginning of the text and wherever
+/// `ends` says that a program may begin a new cell. Where apostrophes stand already, one more is put behind them, so
+/// that reading can remove exactly one.
+QByteArray asText(const QByteArray& text, bool (*ends)(char))
 {
     QByteArray guarded;
     bool atBeginning = true;
     for (const char c : text) {
-        if (atBeginning && isRun(c))
+        if (atBeginning && beginsFormula(c))
             guarded += apostrophe;
         guarded += c;
-        atBeginning = begins(c) || (atBeginning && c == apostrophe);
+        atBeginning = ends(c) || (atBeginning && c == apostrophe);
     }
     return guarded;
 }
 
-/// What `asText` was made from.
-QByteArray fromText(const QByteArray& guarded, bool (*begins)(char))
+/// Reverts `asText`.
+QByteArray fromText(const QByteArray& guarded, bool (*ends)(char))
 {
     QByteArray text;
     bool atBeginning = true;
     for (const char c : guarded) {
-        if (atBeginning && isRun(c) && text.endsWith(apostrophe))
+        if (atBeginning && beginsFormula(c) && text.endsWith(apostrophe))
             text.chop(1);
         text += c;
-        atBeginning = begins(c) || (atBeginning && c == apostrophe);
+        atBeginning = ends(c) || (atBeginning && c == apostrophe);
     }
     return text;
 }
@@ -60,15 +62,15 @@ bool nowhere(char)
 
 using listFormat::Format;
 
-/// Within a line of URLs nobody begins a cell, and other programs shall read them as they are.
+/// No program splits the lines of a list of URLs into cells, so only the beginning of a line is guarded there.
 QByteArray guarded(Format format, const QByteArray& text)
 {
-    return asText(allgemein::onOneLine(text), format == Format::Csv ? &beginsCell : &nowhere);
+    return asText(allgemein::onOneLine(text), format == Format::Csv ? &endsCell : &nowhere);
 }
 
 QByteArray unguarded(Format format, const QByteArray& text)
 {
-    return fromText(text, format == Format::Csv ? &beginsCell : &nowhere);
+    return fromText(text, format == Format::Csv ? &endsCell : &nowhere);
 }
 
 QByteArray joined(const QByteArrayList& fields)
@@ -76,13 +78,13 @@ QByteArray joined(const QByteArrayList& fields)
     return fields.join('\t');
 }
 
-/// What stands in the place of the URL.
+/// The field of the URL, which is the last one of a short line.
 QByteArray urlField(Format format, const QByteArrayList& fields)
 {
-    return unguarded(format, fields.value(qMin<qsizetype>(Url, fields.size() - 1))).trimmed();
+    return unguarded(format, fields.value(qMin<qsizetype>(ResultColumn::Url, fields.size() - 1))).trimmed();
 }
 
-/// Whether a protocol or a host is made of what these are made of. What people write beside URLs is not.
+/// Whether `name` has only characters of protocols and hosts. Remarks that people write beside URLs have others.
 bool isName(QByteArrayView name)
 {
     const auto isOfName = [](char c) {
@@ -94,9 +96,9 @@ bool isName(QByteArrayView name)
 
 std::optional<QByteArray> urlFrom(const QByteArray& text)
 {
-    // Judged as it is kept: a TAB before the number of a port is read over, its percent-encoding is not.
+    // Encoded before it is tested: reading a port skips a TAB before the number, but not the TAB's encoding.
     const QByteArray url = allgemein::onOneLine(url::withProtocol(text));
-    // "mailto:" and the like name neither a host nor a port.
+    // A "mailto:" URL has neither a host nor a port.
     const bool usable = !text.isEmpty() && url::isValidUrl(url) && url.size() <= url::longest
         && isName(url::protocolOf(url)) && isName(url::hostOf(url)) && url::portOf(url) > 0;
     return usable ? std::optional(url) : std::nullopt;
@@ -104,17 +106,18 @@ std::optional<QByteArray> urlFrom(const QByteArray& text)
 
 void readFields(FundStück& item, const QByteArrayList& fields)
 {
-    const auto field = [&](Column column) {
+    const auto text = [&](ResultColumn::Id column) {
         return unguarded(Format::Csv, fields[column]);
     };
-    item.mimeTyp = field(MimeContent);
-    item.groesse = fields[Size] == "?" ? -1 : allgemein::leadingNumber(fields[Size]);
-    item.tiefe = qMax(0, allgemein::leadingNumber32(fields[Depth]));
-    item.statusCode = allgemein::leadingNumber32(fields[Status]);
-    item.referenzTyp = twk::referenceTypeFrom(allgemein::fromSystem(fields[RefType]));
-    item.sprache = field(Language);
+    const QByteArray& size = fields[ResultColumn::Size];
+    item.mimeTyp = text(ResultColumn::MimeContent);
+    item.groesse = size == "?" ? -1 : allgemein::leadingNumber(size);
+    item.tiefe = qMax(0, allgemein::leadingNumber32(fields[ResultColumn::Depth]));
+    item.statusCode = allgemein::leadingNumber32(fields[ResultColumn::Status]);
+    item.referenzTyp = twk::referenceTypeFrom(allgemein::fromSystem(fields[ResultColumn::RefType]));
+    item.sprache = text(ResultColumn::Language);
     if (item.statusCode > 0)
-        item.zustand = Zustand::Fertig;
+        item.zustand = FetchState::Finished;
 }
 
 } // namespace
@@ -124,22 +127,19 @@ QByteArray listFormat::headerLine(Format format, const LanguageTable& language)
     if (format == Format::Urls)
         return {};
     QByteArrayList names;
-    for (int column = 1; column <= ColumnCount; ++column) {
-        const QByteArray key = "main.l_founds.ColumnHeaders(" + QByteArray::number(column) + ')';
-        names += guarded(format, allgemein::toSystem(language.text(key)));
-    }
+    for (const ResultColumn& column : resultColumns())
+        names += guarded(format, allgemein::toSystem(language.text(column.headerKey)));
     return joined(names);
 }
 
 QByteArray listFormat::itemLine(Format format, const FundStück& item)
 {
-    const QByteArray url = guarded(format, item.adresse);
     if (format == Format::Urls)
-        return url;
-    return joined({ guarded(format, url::fileNameOf(item.adresse).toByteArray()), guarded(format, item.mimeTyp),
-        item.groesse < 0 ? QByteArray("?") : QByteArray::number(item.groesse), QByteArray::number(item.tiefe),
-        QByteArray::number(item.statusCode), allgemein::toSystem(twk::referenceTypeName(item.referenzTyp)),
-        guarded(format, item.sprache), url });
+        return guarded(format, item.adresse);
+    QByteArrayList fields;
+    for (const ResultColumn& column : resultColumns())
+        fields += column.isNumber() ? column.text(item) : guarded(format, column.text(item));
+    return joined(fields);
 }
 
 std::optional<FundStück> listFormat::itemFrom(Format format, const QByteArray& line)
@@ -150,7 +150,7 @@ std::optional<FundStück> listFormat::itemFrom(Format format, const QByteArray& 
         return {};
     FundStück item;
     item.adresse = *url;
-    if (fields.size() >= ColumnCount)
+    if (fields.size() > ResultColumn::Url)
         readFields(item, fields);
     return item;
 }

@@ -9,24 +9,24 @@
 
 class LanguageTable;
 
-/// Lists of found items for other programs, a line each, in the system code page: of URLs alone, or of the columns of
-/// the results list with TABs between them ("CSV").
+/// Lists of found items for other programs, one line an item, in the system code page. A line holds the URL alone, or
+/// the columns of the results list separated by TABs ("CSV").
 ///
-/// A spreadsheet program takes a text that begins with "=", "+", "-" or "@" for a formula and runs it, and may begin a
-/// new cell at other places than at a TAB. So an apostrophe is put before such a sign, which these programs take for
-/// the mark of a text. Reading takes it away again.
+/// A spreadsheet program runs a cell that begins with "=", "+", "-" or "@" as a formula, and may begin a new cell at
+/// other characters than a TAB. Therefore an apostrophe is written before such a character: it tells the program that
+/// the cell is text. Reading removes the apostrophe.
 namespace listFormat {
 
 enum class Format { Urls, Csv };
 
-/// The line before the items: the names of the columns, or nothing for a list of URLs.
+/// The line before the items: the titles of the columns. Empty for a list of URLs.
 [[nodiscard]] QByteArray headerLine(Format format, const LanguageTable& language);
-/// An item's line without its end. Sizes are in bytes, "?" for an unknown one.
+/// An item's line without its line end. Sizes are in bytes, "?" for an unknown one.
 [[nodiscard]] QByteArray itemLine(Format format, const FundStück& item);
-/// The item of a line. One of a URL alone is not fetched yet, is of depth 0 and of an unknown kind. The URL of a line
-/// with fewer columns stands in the last one, and nothing else is read. Nothing for a line without a usable URL.
+/// Reads the item of a line; nullopt if the line has no usable URL. If the line has fewer columns than the results
+/// list, the last one is taken for the URL and nothing else is read; the item is then not fetched and has depth 0.
 [[nodiscard]] std::optional<FundStück> itemFrom(Format format, const QByteArray& line);
-/// Whether the first line of a file names the columns: no URL is in the place of its URL.
+/// Whether the first line of a file holds the titles of the columns: it has no URL in the column of the URL.
 [[nodiscard]] bool isHeaderLine(Format format, const QByteArray& line);
 
 } // namespace listFormat

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// In bytes. A URL may be 64 KiB long, and the name of its file as well.
+/// In bytes. Other programs write longer URLs than are taken; a line with one is reported as unusable.
 constexpr qsizetype longestLine = 256 * 1024;
 
 } // namespace
@@ -14,10 +14,9 @@ ListReader::ListReader(const QString& fileName, listFormat::Format format)
     : m_file(fileName)
     , m_lines(m_file, longestLine)
     , m_format(format)
+    , m_error(openForReading(m_file))
 {
-    if (!m_file.open(QIODevice::ReadOnly))
-        m_error = m_file.errorString();
-    else
+    if (m_file.isOpen())
         skipUtf8Mark(m_file);
 }
 
@@ -47,7 +46,7 @@ void ListReader::takeLine(const QByteArray& text, const std::function<void(FundS
 bool ListReader::end()
 {
     if (m_file.isOpen() && m_file.error() != QFile::NoError)
-        m_error = m_file.errorString();
+        m_error = FileError { FileError::System, m_file.errorString() };
     m_file.close();
     return false;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileError.h"
 #include "base/LineReader.h"
 #include "base/UnusableLines.h"
 #include "results/ListFormat.h"
@@ -8,18 +9,19 @@
 #include <QFile>
 
 #include <functional>
+#include <optional>
 
-/// Reads a list of URLs, or of the columns of found items, from a file.
+/// Reads the items of a list file, one line at a time.
 class ListReader {
 public:
     ListReader(const QString& fileName, listFormat::Format format);
 
-    /// Hands the item of the next line to `take`, if the line has one. False at the end of the file.
+    /// Reads the next line and passes its item, if it has one, to `take`. Returns false at the end of the file.
     [[nodiscard]] bool readLine(const std::function<void(FundStück item)>& take);
 
-    /// What the system says if the file cannot be read (to its end); empty otherwise.
-    [[nodiscard]] const QString& error() const { return m_error; }
-    /// The lines without a usable URL. Empty lines do not count.
+    /// Why the file could not be read to its end; nullopt if it could.
+    [[nodiscard]] const std::optional<FileError>& error() const { return m_error; }
+    /// The lines without a usable URL. Empty lines are not counted.
     [[nodiscard]] const UnusableLines& unusable() const { return m_unusable; }
 
 private:
@@ -29,7 +31,7 @@ private:
     QFile m_file;
     LineReader m_lines;
     listFormat::Format m_format;
-    QString m_error;
+    std::optional<FileError> m_error;
     qint64 m_number = 0;
     UnusableLines m_unusable;
 };

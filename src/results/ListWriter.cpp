@@ -7,7 +7,7 @@
 
 namespace {
 
-/// How much is handed to the file at once, in bytes.
+/// In bytes. Lines are written to the file in pieces of about this size.
 constexpr qsizetype pieceSize = 128 * 1024;
 
 } // namespace
@@ -28,7 +28,7 @@ void ListWriter::write(const FundStück& item)
         m_file.write(std::exchange(m_lines, {}));
 }
 
-std::optional<QString> ListWriter::commit()
+std::optional<FileError> ListWriter::commit()
 {
     m_file.write(std::exchange(m_lines, {}));
     return m_file.commit();

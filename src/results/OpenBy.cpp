@@ -2,7 +2,7 @@
 #include "results/OpenBy.h"
 
 #include "base/allgemein.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +19,8 @@ bool isOfProtocol(char c)
     return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
 }
 
-bool partsArguments(char c)
+/// Whether a byte may end an argument in a command line.
+bool endsArgument(char c)
 {
     const auto code = static_cast<unsigned char>(c);
     return code <= ' ' || c == '"' || code >= 0x7f;
@@ -27,7 +28,7 @@ bool partsArguments(char c)
 
 QString argumentFrom(const QByteArray& url)
 {
-    return QString::fromLatin1(allgemein::percentEncoded(url, &partsArguments));
+    return QString::fromLatin1(allgemein::percentEncoded(url, &endsArgument));
 }
 
 } // namespace

@@ -6,19 +6,20 @@
 #include <QByteArray>
 #include <QList>
 
-/// Programs that are started on URLs.
+/// Which URLs are handed to other programs, and how.
 namespace openBy {
 
-/// Whether a program can be started on a URL: it begins with a protocol, so no program takes it for an option.
+/// Whether a URL can be an argument of a program: it begins with a protocol, so no program takes it for an option.
 [[nodiscard]] bool isArgument(const QByteArray& url);
 
-/// A command for each URL, which follows the parameter at once; or one for all of them, each after a blank. Nothing
-/// that stands in a URL parts it in two: blanks, double quotes, and whatever is not ASCII are percent-encoded in it.
-/// URLs that are no arguments are left out; no URL makes no command.
+/// The commands that open URLs with a program: one for each URL, which is appended to the parameter, or with
+/// `oneInstance` a single one with all URLs, each after a blank. Blanks, double quotes and bytes beyond ASCII are
+/// percent-encoded in URLs, so that a URL stays one argument. URLs that cannot be arguments are left out. Empty if no
+/// URL is left.
 [[nodiscard]] QList<ProgramCommand> commands(
     const QString& program, const QString& parameter, const QList<QByteArray>& urls, bool oneInstance);
 
-/// Whether a URL may be handed to the system, to be opened with whatever it has for it: http, https and ftp only.
+/// Whether a URL may be opened with the system's program for it: only http, https and ftp URLs may.
 [[nodiscard]] bool isForTheSystem(const QByteArray& url);
 
 } // namespace openBy

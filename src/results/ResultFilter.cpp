@@ -21,9 +21,9 @@ template <typename IsListed> bool passes(FilterSwitch mode, IsListed isListed)
     return true;
 }
 
-/// The library's own search prepares itself for long texts, which takes longer than the search in a URL. Most places
-/// where the first letter of the part stands are told by its last letter.
-bool holds(QByteArrayView url, QByteArrayView part)
+/// Faster than QByteArrayView::contains, whose preparations for long texts cost more than the search in a URL. Where
+/// the first letter of the part matches, its last letter is tested next, which rules out most places.
+bool contains(QByteArrayView url, QByteArrayView part)
 {
     if (part.isEmpty())
         return true;
@@ -43,14 +43,31 @@ bool holds(QByteArrayView url, QByteArrayView part)
 
 } // namespace
 
+void ResultFilter::setBranch(const SubUrl& chosen)
+{
+    branch = chosen.level > 0 ? std::optional(chosen) : std::nullopt;
+}
+
+void ResultFilter::reset()
+{
+    depth.used = size.used = false;
+    mimeSwitch = urlSwitch = FilterSwitch::Off;
+    branch.reset();
+}
+
+bool ResultFilter::isActive() const
+{
+    return depth.used || size.used || mimeSwitch != FilterSwitch::Off || urlSwitch != FilterSwitch::Off || branch;
+}
+
 bool ResultFilter::shows(const FundStück& item) const
 {
     const auto typeListed = [&] {
         return mimeListe.isListed(item.mimeTyp);
     };
     const auto partListed = [&] {
-        return std::any_of(
-            filterTexte.begin(), filterTexte.end(), [&](const QByteArray& part) { return holds(item.adresse, part); });
+        return std::any_of(filterTexte.begin(), filterTexte.end(),
+            [&](const QByteArray& part) { return contains(item.adresse, part); });
     };
     return depth.admits(item.tiefe) && size.admits(item.groesse, sizeUnit) && passes(mimeSwitch, typeListed)
         && passes(urlSwitch, partListed) && (!branch || branch->matches(item.adresse));

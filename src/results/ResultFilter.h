@@ -1,42 +1,57 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/SubUrl.h"
-#include "results/MimeListe.h"
+#include "http/SubUrl.h"
+#include "results/MimeTypeList.h"
 
 #include <QByteArray>
 #include <QList>
 
+#include <array>
 #include <optional>
 
 struct FundStück;
 
-/// How a list of the filter is used.
+/// How the filter uses a list: as the only values shown (Whitelist), or as the values hidden (Blacklist).
 enum class FilterSwitch { Off = 0, Whitelist = 1, Blacklist = 2 };
 
-/// Bounds, both included. Nothing is inside when `min` exceeds `max`.
+/// Bounds, both included. No value is inside if `min` exceeds `max`.
 struct FilterRange {
+    /// The greatest number that a bound can be. As `max` it means that there is no upper bound.
+    static constexpr qint64 greatest = 999'999'999'999;
+
     bool used = false;
     qint64 min = 0;
-    qint64 max = 0;
+    qint64 max = greatest;
+
     [[nodiscard]] bool admits(qint64 value, qint64 unit = 1) const
     {
-        return !used || (min * unit <= value && value <= max * unit);
+        return !used || (min * unit <= value && (max == greatest || value <= max * unit));
     }
+    bool operator==(const FilterRange&) const = default;
 };
 
-/// Which found items are shown. The default shows all.
+/// Decides which found items are shown. The default shows all.
 struct ResultFilter {
+    /// B, kiB and MiB.
+    static constexpr std::array<qint64, 3> sizeUnits { 1, 1024, 1024 * 1024 };
+
     FilterRange depth;
-    /// In units of `sizeUnit`. An unknown size is -1 byte.
+    /// In units of `sizeUnit`. An unknown size counts as -1 byte.
     FilterRange size;
-    qint64 sizeUnit = 1; ///< in bytes
+    qint64 sizeUnit = 1; ///< in bytes; one of `sizeUnits`
     FilterSwitch mimeSwitch = FilterSwitch::Off;
-    MimeListe mimeListe;
+    MimeTypeList mimeListe;
     FilterSwitch urlSwitch = FilterSwitch::Off;
-    QList<QByteArray> filterTexte; ///< parts of URLs, found anywhere in them, exactly
-    /// The branch of the host tree that is looked at; its root is "http://" at level 0.
+    QList<QByteArray> filterTexte; ///< parts of URLs; letter case counts
+    /// The chosen branch of the host tree; nullopt for its root, which shows everything.
     std::optional<SubUrl> branch;
 
+    /// Looks at a branch. The root, at level 0, stands for all items, those of other protocols included.
+    void setBranch(const SubUrl& chosen);
+    /// Switches all tests off. The bounds and lists stay.
+    void reset();
+    /// Whether any test is on.
+    [[nodiscard]] bool isActive() const;
     [[nodiscard]] bool shows(const FundStück& item) const;
 };

@@ -4,7 +4,7 @@
 std::optional<std::vector<RowChange>> rowChanges(size_t rowCount, const std::vector<RowChoice>& choice, size_t most)
 {
     std::vector<RowChange> changes;
-    size_t old = 0; // the rows before it are dealt with
+    size_t old = 0; // all rows before this one are handled
     const auto changeHere = [&](size_t place) -> RowChange& {
         if (changes.empty() || changes.back().at + changes.back().removed != old
             || changes.back().from + changes.back().inserted != place)
@@ -17,6 +17,8 @@ std::optional<std::vector<RowChange>> rowChanges(size_t rowCount, const std::vec
             ++changeHere(place).inserted;
         } else {
             const size_t row = atEnd ? rowCount : static_cast<size_t>(*choice[place].row);
+            if (row < old)
+                return std::nullopt;
             if (row > old)
                 changeHere(place).removed += row - old;
             old = row + 1;

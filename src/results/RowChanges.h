@@ -6,16 +6,16 @@
 #include <optional>
 #include <vector>
 
-struct FundKnoten;
+class FundKnoten;
 
-/// An item that is chosen to be shown, and the row that it has so far, from 0.
+/// An item that the filter shows, and the row that it has now, from 0; nullopt if it has none.
 struct RowChoice {
-    FundKnoten* knoten = nullptr;
+    FundKnoten* node = nullptr;
     std::optional<qint32> row;
 };
 
-/// A place where a new choice of rows differs from the old one: from row `at` on, `removed` rows give way to the
-/// `inserted` choices that begin at `from`.
+/// One difference between the present rows and a choice: the `removed` rows from `at` on are replaced by the `inserted`
+/// choices from `from` on.
 struct RowChange {
     size_t at = 0;
     size_t removed = 0;
@@ -23,8 +23,7 @@ struct RowChange {
     size_t inserted = 0;
 };
 
-/// How to get from `rowCount` rows to a choice, in ascending order; applied from the last to the first, none moves
-/// another's place. Nothing when more than `most` changes were needed. What has rows in `choice` has them in ascending
-/// order.
+/// The changes that turn `rowCount` rows into `choice`, in ascending order. Apply them from last to first: then none
+/// moves the place of another. Returns nullopt if more than `most` changes are needed, or if rows change their order.
 [[nodiscard]] std::optional<std::vector<RowChange>> rowChanges(
     size_t rowCount, const std::vector<RowChoice>& choice, size_t most);

@@ -2,7 +2,7 @@
 #include "results/SearchFile.h"
 
 #include "base/allgemein.h"
-#include "crawl/url.h"
+#include "http/url.h"
 
 #include <array>
 #include <charconv>
@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Takes the fields of a line one after the other.
+/// Reads the fields of a line one after the other.
 class FieldReader {
 public:
     explicit FieldReader(QByteArrayView line)
@@ -18,7 +18,7 @@ public:
     {
     }
 
-    /// Up to the next TAB or the end; empty beyond it.
+    /// The next field; empty after the last one.
     QByteArrayView text()
     {
         const qsizetype start = std::exchange(m_next, m_line.size() + 1);
@@ -29,7 +29,7 @@ public:
             m_next = tab + 1;
         return tab < 0 ? m_line.sliced(start) : m_line.sliced(start, tab - start);
     }
-    /// The same, in the bytes of `other` when they are equal.
+    /// The next field. Shares the bytes of `other` if they are equal.
     QByteArray textLike(const QByteArray& other)
     {
         const QByteArrayView own = text();
@@ -51,7 +51,7 @@ void appendText(QByteArray& line, const QByteArray& text)
         line += allgemein::onOneLine(text);
 }
 
-/// A TAB and the number.
+/// Appends a TAB and the number.
 void appendNumber(QByteArray& line, qint64 number)
 {
     std::array<char, 24> digits { '\t' };
@@ -61,12 +61,12 @@ void appendNumber(QByteArray& line, qint64 number)
 
 } // namespace
 
-void SearchFile::appendItemLine(QByteArray& text, const FundStück& item)
+void searchFile::appendItemLine(QByteArray& text, const FundStück& item)
 {
     appendText(text, item.adresse);
     text += '\t';
     appendText(text, item.mimeTyp);
-    for (const qint64 number : { item.groesse, qint64 { item.tiefe }, static_cast<qint64>(item.zustand),
+    for (const qint64 number : { item.groesse, qint64 { item.tiefe }, static_cast<qint64>(item.keptState()),
              qint64 { item.statusCode }, static_cast<qint64>(item.referenzTyp) })
         appendNumber(text, number);
     text += '\t';
@@ -75,14 +75,14 @@ void SearchFile::appendItemLine(QByteArray& text, const FundStück& item)
     appendText(text, item.referer);
 }
 
-QByteArray SearchFile::itemLine(const FundStück& item)
+QByteArray searchFile::itemLine(const FundStück& item)
 {
     QByteArray line;
     appendItemLine(line, item);
     return line;
 }
 
-std::optional<FundStück> SearchFile::itemFrom(QByteArrayView line, const FundStück& like)
+std::optional<FundStück> searchFile::itemFrom(QByteArrayView line, const FundStück& like)
 {
     FieldReader fields(line);
     FundStück item;
@@ -90,9 +90,9 @@ std::optional<FundStück> SearchFile::itemFrom(QByteArrayView line, const FundSt
     item.mimeTyp = fields.textLike(like.mimeTyp);
     item.groesse = fields.size();
     item.tiefe = fields.number();
-    item.zustand = static_cast<Zustand>(fields.number());
+    item.zustand = static_cast<FetchState>(fields.number());
     item.statusCode = fields.number();
-    item.referenzTyp = static_cast<ReferenzTyp>(fields.number());
+    item.referenzTyp = static_cast<ReferenceType>(fields.number());
     item.sprache = fields.textLike(like.sprache);
     item.referer = fields.textLike(like.referer);
     return item.adresse.isEmpty() || item.adresse.size() > 4 * url::longest ? std::nullopt

@@ -7,9 +7,9 @@
 
 #include <optional>
 
-/// Search files (`*.twk`): lines of search options, lines of request preferences, the line "Results:", and a line for
-/// each found item in the order of the list.
-namespace SearchFile {
+/// Search files (`*.twk`): the lines of the search options, the lines of the request preferences, the line "Results:",
+/// and one line for each found item in the order of the list.
+namespace searchFile {
 
 /// The line between the options and the items.
 constexpr QByteArrayView resultsMark = "Results:";
@@ -17,11 +17,11 @@ constexpr QByteArrayView resultsMark = "Results:";
 /// The nine fields of an item, joined by TAB: URL, MIME type, size, depth, processing state, HTTP status, reference
 /// type number, language, referring URL. A byte that would break the line is percent-encoded.
 [[nodiscard]] QByteArray itemLine(const FundStück& item);
-/// The same at the end of `text`.
+/// Appends the item line to `text`.
 void appendItemLine(QByteArray& text, const FundStück& item);
-/// Reads an item line. Missing fields are empty, number fields without a number 0. Nothing without a URL, or with one
-/// that is too long to be recorded. Texts that are equal to those of `like` share their bytes: neighbouring items
-/// mostly have the same type and referring URL.
+/// Reads an item line; nullopt if the URL is missing or too long to be recorded. Other missing texts are empty, and
+/// number fields without a number are 0. Texts that equal those of `like` share its bytes, to save memory: neighbouring
+/// items mostly have the same type and referring URL.
 [[nodiscard]] std::optional<FundStück> itemFrom(QByteArrayView line, const FundStück& like = {});
 
-} // namespace SearchFile
+} // namespace searchFile

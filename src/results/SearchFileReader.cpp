@@ -4,24 +4,22 @@
 #include "base/allgemein.h"
 #include "results/SearchFile.h"
 
-#include <QElapsedTimer>
-
 #include <utility>
 
-using SearchFile::LoadError;
-using SearchFile::SkippedLine;
+using searchFile::LoadError;
+using searchFile::SkippedLine;
 
 namespace {
 
-/// In bytes. A byte of a header of 256 KiB may make three of a line, and stand in two of its fields; beside them are
-/// two URLs of 64 KiB.
+/// In bytes. A line has two fields from a header of up to 256 KiB, whose bytes may be percent-encoded as three each,
+/// and two URLs.
 constexpr qsizetype longestLine = 4 * 1024 * 1024;
-/// A file of which no line is known until then is no search file.
+/// If none of this many lines at the beginning of a file is understood, it is no search file.
 constexpr qint64 mostUnknownLines = 10'000;
 
 } // namespace
 
-bool SearchFile::isUsable(LoadError error)
+bool searchFile::isUsable(LoadError error)
 {
     switch (error) {
     case LoadError::None:
@@ -40,24 +38,24 @@ SearchFileReader::SearchFileReader(const QString& fileName, StoredSearch& search
     , m_lines(m_file, longestLine)
     , m_search(search)
 {
-    if (m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return;
-    m_result.error = LoadError::CannotOpen;
-    m_result.systemText = m_file.errorString();
+    if (const auto error = openForReading(m_file, QIODevice::Unbuffered)) {
+        m_result.error = LoadError::CannotOpen;
+        m_result.reason = *error;
+    } else {
+        // Editors write the mark; it belongs to no line.
+        skipUtf8Mark(m_file);
+    }
 }
 
-bool SearchFileReader::readFor(int milliseconds)
+bool SearchFileReader::readSome()
 {
-    QElapsedTimer timer;
-    timer.start();
-    while (m_file.isOpen() && !timer.hasExpired(milliseconds)) {
-        // The clock costs more than a line.
-        for (int line = 0; line < 100; ++line) {
-            if (!readLine())
-                return true;
-        }
+    // A look at the clock, which follows each call, costs more than a line.
+    constexpr int linesPerCall = 100;
+    for (int line = 0; m_file.isOpen() && line < linesPerCall; ++line) {
+        if (!readLine())
+            return false;
     }
-    return !m_file.isOpen();
+    return m_file.isOpen();
 }
 
 bool SearchFileReader::readLine()
@@ -81,7 +79,7 @@ void SearchFileReader::finish(bool whole)
 {
     if (m_file.error() != QFile::NoError) {
         m_result.error = LoadError::CannotRead;
-        m_result.systemText = m_file.errorString();
+        m_result.reason = { FileError::System, m_file.errorString() };
     } else if (!m_knewSomething) {
         m_result.error = LoadError::NotASearchFile;
     } else if (!whole) {
@@ -107,7 +105,7 @@ void SearchFileReader::takeHeaderLine(const QByteArray& line)
             m_knewSomething = true;
         else
             skip(SkippedLine::UnknownKey, pair->key);
-    } else if (line == SearchFile::resultsMark) {
+    } else if (line == searchFile::resultsMark) {
         m_inResults = m_knewSomething = true;
     } else {
         skip(SkippedLine::NoKey, line);
@@ -117,7 +115,7 @@ void SearchFileReader::takeHeaderLine(const QByteArray& line)
 void SearchFileReader::takeItem(QByteArrayView line)
 {
     const FundKnoten* const previous = m_search.list.getLetzter();
-    auto item = previous ? SearchFile::itemFrom(line, previous->inhalt) : SearchFile::itemFrom(line);
+    auto item = previous ? searchFile::itemFrom(line, previous->inhalt) : searchFile::itemFrom(line);
     if (!item) {
         skip(SkippedLine::NoUrl, line);
         return;
@@ -137,9 +135,9 @@ void SearchFileReader::skip(SkippedLine::Why why, QByteArrayView text)
         m_result.skipped += { m_number, why, text.first(qMin(text.size(), longest)).toByteArray() };
 }
 
-SearchFile::LoadResult SearchFile::load(const QString& fileName, StoredSearch& search)
+searchFile::LoadResult searchFile::load(const QString& fileName, StoredSearch& search)
 {
     SearchFileReader reader(fileName, search);
-    while (!reader.readFor(1000)) { }
+    while (reader.readSome()) { }
     return reader.result();
 }

@@ -8,17 +8,17 @@
 
 namespace {
 
-/// How much is handed to the file at once, in bytes.
+/// In bytes. Lines are written to the file in pieces of about this size.
 constexpr qsizetype pieceSize = 128 * 1024;
 
-/// Everything before the item lines.
+/// All lines before the item lines.
 QByteArray headerLines(const SearchOptions& options, const RequestPrefs& prefs)
 {
     QBuffer lines;
     lines.open(QIODevice::WriteOnly);
     options.speicherOpts(lines);
     twkEinstellungen::writeRequestPrefs(lines, prefs);
-    return lines.data() + SearchFile::resultsMark + allgemein::lineEnd;
+    return lines.data() + searchFile::resultsMark + allgemein::lineEnd;
 }
 
 } // namespace
@@ -36,18 +36,18 @@ bool SearchFileWriter::writeSome()
     QByteArray lines;
     lines.reserve(pieceSize + pieceSize / 4);
     while (lines.size() < pieceSize) {
-        const FundKnoten* const knoten = m_walk.next();
-        if (!knoten)
+        const FundKnoten* const node = m_walk.next();
+        if (!node)
             break;
-        SearchFile::appendItemLine(lines, knoten->inhalt);
+        searchFile::appendItemLine(lines, node->inhalt);
         lines += allgemein::lineEnd;
     }
     m_file.write(lines);
-    // Only the end of the list makes a short piece.
+    // Only the last piece is short.
     return lines.size() < pieceSize || m_file.hasFailed();
 }
 
-std::optional<QString> SearchFile::save(
+std::optional<FileError> searchFile::save(
     const QString& fileName, const SearchOptions& options, const RequestPrefs& prefs, const FundListe& list)
 {
     SearchFileWriter writer(fileName, options, prefs, list);

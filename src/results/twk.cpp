@@ -4,62 +4,69 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 
-QString twk::referenceTypeName(ReferenzTyp typ)
+#include <QAbstractSocket>
+
+QString twk::referenceTypeName(ReferenceType type)
 {
-    switch (typ) {
-    case ReferenzTyp::Unbekannt:
+    switch (type) {
+    case ReferenceType::Unknown:
         return QStringLiteral("?");
-    case ReferenzTyp::Anchor:
+    case ReferenceType::Anchor:
         return QStringLiteral("anchor");
-    case ReferenzTyp::Link:
+    case ReferenceType::Link:
         return QStringLiteral("link");
-    case ReferenzTyp::AnySrc:
+    case ReferenceType::AnySrc:
         return QStringLiteral("? src");
-    case ReferenzTyp::Frame:
+    case ReferenceType::Frame:
         return QStringLiteral("frame");
-    case ReferenzTyp::Img:
+    case ReferenceType::Img:
         return QStringLiteral("img");
     }
     return {};
 }
 
-ReferenzTyp twk::referenceTypeFrom(QStringView name)
+ReferenceType twk::referenceTypeFrom(QStringView name)
 {
-    for (const ReferenzTyp typ :
-        { ReferenzTyp::Anchor, ReferenzTyp::Link, ReferenzTyp::AnySrc, ReferenzTyp::Frame, ReferenzTyp::Img }) {
-        if (referenceTypeName(typ) == name)
-            return typ;
+    for (const ReferenceType type : { ReferenceType::Anchor, ReferenceType::Link, ReferenceType::AnySrc,
+             ReferenceType::Frame, ReferenceType::Img }) {
+        if (referenceTypeName(type) == name)
+            return type;
     }
-    return ReferenzTyp::Unbekannt;
+    return ReferenceType::Unknown;
 }
 
-QString twk::errorText(const SearchFile::LoadResult& result, const LanguageTable& language)
+QString twk::errorText(const searchFile::LoadResult& result, const LanguageTable& language)
 {
     switch (result.error) {
-    case SearchFile::LoadError::None:
+    case searchFile::LoadError::None:
         return {};
-    case SearchFile::LoadError::CannotOpen:
-        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.systemText;
-    case SearchFile::LoadError::CannotRead:
-        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.systemText;
-    case SearchFile::LoadError::NotASearchFile:
+    case searchFile::LoadError::CannotOpen:
+        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.reason.text(language);
+    case searchFile::LoadError::CannotRead:
+        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.reason.text(language);
+    case searchFile::LoadError::NotASearchFile:
         return language.text("lang.errWhileOpening") + QLatin1String(": ") + language.text("more.notASearchFile");
-    case SearchFile::LoadError::Truncated:
+    case searchFile::LoadError::Truncated:
         return language.text("lang.errEOF");
     }
     return {};
 }
 
-QString twk::warningText(const SearchFile::SkippedLine& line, const LanguageTable& language)
+QString twk::warningText(const searchFile::SkippedLine& line, const LanguageTable& language)
 {
     constexpr qsizetype longest = 60;
-    return language.text("lang.invalidAttribut") + QLatin1String(": ") + allgemein::fromSystem(line.text).left(longest);
+    return language.text("lang.invalidAttribut") + QLatin1String(": ") + allgemein::shownText(line.text).left(longest);
 }
 
 QString twk::stateText(const FetchReport& report, const LanguageTable& language)
 {
     const auto withDetail = [&](const char* key) -> QString {
-        return language.text(key) + QLatin1String(": ") + allgemein::fromSystem(report.detail);
+        return language.labelled(language.text(key), allgemein::shownText(report.detail));
+    };
+    // As for a socket error: its number, ":", and its description.
+    const auto failure = [&](int number, const char* key) -> QString {
+        return language.text("lang.netError") + QLatin1String(": ") + QString::number(number) + u':'
+            + language.text(key).arg(allgemein::fromSystem(report.detail));
     };
     switch (report.event) {
     case FetchEvent::Connecting:
@@ -74,6 +81,10 @@ QString twk::stateText(const FetchReport& report, const LanguageTable& language)
         return language.text("lang.netEarlyDisconnect");
     case FetchEvent::SocketError:
         return withDetail("lang.netError");
+    case FetchEvent::BadPort:
+        return failure(QAbstractSocket::SocketAddressNotAvailableError, "more.badPort");
+    case FetchEvent::Silence:
+        return failure(QAbstractSocket::SocketTimeoutError, "more.silence");
     }
     return {};
 }

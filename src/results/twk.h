@@ -2,27 +2,27 @@
 #pragma once
 
 #include "crawl/FundListe.h"
-#include "crawl/ItemFetch.h"
+#include "crawl/FetchReport.h"
 #include "results/SearchFileReader.h"
 
 #include <QString>
 
 class LanguageTable;
 
-/// How found items and their states are worded.
+/// The texts for found items, their states and what was wrong with their files.
 namespace twk {
 
-/// The name of a kind of reference, in views and exports of every language; empty for a number that has none.
-[[nodiscard]] QString referenceTypeName(ReferenzTyp typ);
-/// The kind of reference of a name; unknown for any other text.
-[[nodiscard]] ReferenzTyp referenceTypeFrom(QStringView name);
+/// The name of a reference type, the same in every language; empty for a number without a name.
+[[nodiscard]] QString referenceTypeName(ReferenceType type);
+/// The reference type with this name; `Unknown` for any other text.
+[[nodiscard]] ReferenceType referenceTypeFrom(QStringView name);
 
-/// What was wrong with a search file, as one line; empty when nothing was.
-[[nodiscard]] QString errorText(const SearchFile::LoadResult& result, const LanguageTable& language);
-/// What was not understood in a line of a search file.
-[[nodiscard]] QString warningText(const SearchFile::SkippedLine& line, const LanguageTable& language);
+/// One line that says why a search file could not be loaded; empty if it could.
+[[nodiscard]] QString errorText(const searchFile::LoadResult& result, const LanguageTable& language);
+/// Says what was not understood in a line of a search file.
+[[nodiscard]] QString warningText(const searchFile::SkippedLine& line, const LanguageTable& language);
 
-/// What the status column says of a fetch event.
+/// The text of the status column for a fetch event.
 [[nodiscard]] QString stateText(const FetchReport& report, const LanguageTable& language);
 
 } // namespace twk

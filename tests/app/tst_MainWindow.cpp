@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/EndRequest.h"
+#include "base/window/zahlenEingabe.h"
+#include "results/ResultColumns.h"
+#include "results/window/MimeModel.h"
 #include "support/Table.h"
 #include "support/WindowFixture.h"
 
@@ -9,8 +13,9 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QSpinBox>
 #include <QTreeView>
+
+#include <csignal>
 
 /// Drives the main window as a user does, by the names of its controls.
 class tst_MainWindow : public WindowFixture {
@@ -20,9 +25,14 @@ private slots:
     void init();
     void aSearchFromStartToFile();
     void stopsAndContinues();
+    void tellsWhyASearchHasEnded();
     void narrowsByTheFilter();
     void withoutAutomaticsTheListWaitsForApply();
     void narrowsByTheTree();
+    void theListShowsTheCurrentBranch();
+    void tellsOfAHiddenFilter();
+    void answersPassTheFilterWhileSearching();
+    void aDoubleClickOpensItsRow();
     void changesUnits();
     void keysReachTheirCommands();
     void rowsAreTheSameInEveryMode();
@@ -35,12 +45,21 @@ private slots:
     void opensFiles();
     void opensADroppedFile();
     void tellsWhatCannotBeSaved();
+#ifdef Q_OS_UNIX
+    void signalsSaveTheSettings_data();
+    void signalsSaveTheSettings();
+#endif
     void helps();
 
 private:
+    /// The search commands that can be used.
+    [[nodiscard]] QByteArray enabledCommands() const;
     /// The rows' file names with commas between them.
     [[nodiscard]] QByteArray shownNames() const;
-    [[nodiscard]] HostTree& hosts() const { return *qobject_cast<HostTree*>(the<QTreeView>("baum").model()); }
+    [[nodiscard]] HostTree& hosts() const
+    {
+        return *qobject_cast<HostTree*>(the<QTreeView>("baum").model());
+    }
     void clickBranch(const QByteArray& url, qint32 level) const;
 };
 
@@ -63,7 +82,7 @@ QByteArray tst_MainWindow::shownNames() const
 {
     QByteArrayList names;
     for (int row = 0; row < details().model()->rowCount(); ++row)
-        names += cell(row, FoundModel::Filename);
+        names += cell(row, ResultColumn::FileName);
     return names.join(',');
 }
 
@@ -86,14 +105,14 @@ void tst_MainWindow::aSearchFromStartToFile()
     QCOMPARE(panel(3), "Depth: 3");
     QCOMPARE(panel(4), "Found urls: 6");
     QCOMPARE(panel(5), "Analysed urls: coming soon");
-    QTRY_COMPARE(panel(6), "Shown: 6"); // told after the rows
+    QTRY_COMPARE(panel(6), "Shown: 6"); // The panel is updated after the rows.
     QCOMPARE(the<QLabel>("nAngezeigte").text(), QStringLiteral("6"));
-    QCOMPARE(cell(2, FoundModel::Size), "5000000000");
+    QCOMPARE(cell(2, ResultColumn::Size), "5000000000");
 
     m_dialogs.choice = file("a.twk");
     choose("m_searchSave");
     QCOMPARE(m_dialogs.requests.first().types.first().pattern, QStringLiteral("*.twk"));
-    QCOMPARE(m_dialogs.requests.first().defaultSuffix, QStringLiteral("twk"));
+    QCOMPARE(m_dialogs.requests.first().extension, QStringLiteral("twk"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("a.twk – Tarnwick"));
     choose("m_searchSave"); // Now it has a name.
     QCOMPARE(m_dialogs.requests.size(), 1);
@@ -108,31 +127,61 @@ void tst_MainWindow::aSearchFromStartToFile()
     QTRY_VERIFY(hosts().find(m_server->origin() + "/b/c/", 7).isValid());
 }
 
+QByteArray tst_MainWindow::enabledCommands() const
+{
+    QStringList names;
+    for (const QAction* const entry :
+        { &the<QAction>("m_searchNew"), &the<QAction>("m_searchStop"), &the<QAction>("m_searchContinue") })
+        names += entry->isEnabled() ? entry->objectName().mid(8) : QString();
+    return names.join(u' ').toLatin1();
+}
+
 void tst_MainWindow::stopsAndContinues()
 {
-    const auto enabled = [this] {
-        QStringList names;
-        for (const QAction* const entry :
-            { &the<QAction>("m_searchNew"), &the<QAction>("m_searchStop"), &the<QAction>("m_searchContinue") })
-            names += entry->isEnabled() ? entry->objectName().mid(8) : QString();
-        return names.join(u' ').toLatin1();
-    };
     m_server->script("/a/one.html", { { okHeader("text/html") }, Afterwards::Stall });
     QCOMPARE(panel(1), "no Search");
     QCOMPARE(panel(2), "Start: -");
-    QCOMPARE(enabled(), "New  ");
+    QCOMPARE(enabledCommands(), "New  ");
     beginSearch();
     QCOMPARE(panel(1), "State: Searching ...");
-    QCOMPARE(enabled(), " Stop ");
+    QCOMPARE(enabledCommands(), " Stop ");
     QVERIFY(the<QWidget>("busy").isVisible());
-    QTRY_COMPARE(panel(4), "Found urls: 5"); // The sixth has relocated and is gone.
+    QTRY_COMPARE(panel(4), "Found urls: 5"); // The sixth item has relocated and was removed.
+    const QAbstractItemModel& rows = *details().model();
+    const auto toolTipOfRelocated = [&rows] {
+        const QModelIndexList relocated = rows.match(rows.index(0, 0), Qt::DisplayRole, QStringLiteral("old"));
+        return relocated.value(0).siblingAtColumn(ResultColumn::Status).data(Qt::ToolTipRole).toString();
+    };
+    QTRY_VERIFY(toolTipOfRelocated().contains(QLatin1String("Relocated: /a/one.html")));
     choose("m_searchStop");
     QCOMPARE(panel(1), "Search stopped");
-    QCOMPARE(enabled(), "New  Continue");
+    QCOMPARE(enabledCommands(), "New  Continue");
     QVERIFY(!the<QWidget>("busy").isVisible());
+    m_server->page("/a/one.html", {});
     choose("m_searchContinue");
     QTRY_COMPARE(panel(1), "Search finished");
-    QCOMPARE(enabled(), "New  ");
+    QCOMPARE(enabledCommands(), "New  ");
+}
+
+void tst_MainWindow::tellsWhyASearchHasEnded()
+{
+    const QByteArray url = m_server->origin();
+    m_session->search.setLimits({ 3, SearchLimits().bytes });
+    beginSearch();
+    QTRY_COMPARE(m_messages.told.size(), 1);
+    QVERIFY2(m_messages.toldText().contains("3 URLs"), m_messages.toldText().constData());
+    QCOMPARE(enabledCommands(), "New  Continue");
+
+    m_server.reset();
+    m_messages.told.clear();
+    choose("m_searchNew");
+    confirm("dialog_getSearch");
+    QTRY_COMPARE(m_messages.told.size(), 1);
+    const QByteArrayList lines = m_messages.toldText().split('\n');
+    QCOMPARE(lines.value(0), "The start page could not be reached.");
+    QCOMPARE(lines.value(1), url + '/');
+    QVERIFY2(lines.value(2).startsWith("Network failure: "), lines.value(2).constData());
+    QTRY_COMPARE(details().model()->rowCount(), 1);
 }
 
 void tst_MainWindow::narrowsByTheFilter()
@@ -146,8 +195,8 @@ void tst_MainWindow::narrowsByTheFilter()
     QTRY_COMPARE(panel(6), "Shown: 1");
     click("mimeFilterSwitch(2)");
     QTRY_COMPARE(shownNames(), ",one.html,three.pdf,,four.html");
-    the<QSpinBox>("minDepth").setValue(1);
-    the<QSpinBox>("maxDepth").setValue(1);
+    the<zahlenEingabe>("minDepth").setValue(1);
+    the<zahlenEingabe>("maxDepth").setValue(1);
     click("c_useMaxDepth");
     QTRY_COMPARE(shownNames(), "one.html,three.pdf,");
 }
@@ -163,7 +212,7 @@ void tst_MainWindow::withoutAutomaticsTheListWaitsForApply()
     clickBranch(m_server->origin() + '/', 0);
     QCoreApplication::sendPostedEvents();
     QCOMPARE(details().model()->rowCount(), 6);
-    QCOMPARE(cell(4, FoundModel::Size), "2048");
+    QCOMPARE(cell(4, ResultColumn::Size), "2048");
     click("b_filterAkt");
     QTRY_COMPARE(shownNames(), "three.pdf");
 
@@ -182,17 +231,17 @@ void tst_MainWindow::narrowsByTheTree()
     QTRY_COMPARE(shownNames(), "three.pdf,four.html");
     clickBranch(m_server->origin() + "/b/c/", 7);
     QTRY_COMPARE(shownNames(), "four.html");
-    // The tree is made anew at the end, since an item has relocated; what was chosen stays chosen.
+    // An item has relocated, so the tree is rebuilt at the end of the search. The chosen branch stays chosen.
     const auto& tree = the<QTreeView>("baum");
     QCOMPARE(tree.currentIndex().data().toString(), QStringLiteral("c"));
-    hosts().removing(m_session->foundItems.getLetzter());
+    m_session->foundItems.remove(m_session->foundItems.getStart());
     QSignalSpy remade(tree.model(), &QAbstractItemModel::modelReset);
     hosts().rebuild();
     QTRY_COMPARE(remade.count(), 1);
     QCOMPARE(tree.currentIndex().data().toString(), QStringLiteral("c"));
     QVERIFY(tree.isExpanded(tree.currentIndex().parent()));
     clickBranch(m_server->origin(), 0);
-    QTRY_COMPARE(details().model()->rowCount(), 6);
+    QTRY_COMPARE(details().model()->rowCount(), 5);
 
     // A new search begins at the root.
     clickBranch(m_server->origin() + "/b/", 6);
@@ -200,13 +249,97 @@ void tst_MainWindow::narrowsByTheTree()
     QTRY_COMPARE(details().model()->rowCount(), 6);
 }
 
+void tst_MainWindow::theListShowsTheCurrentBranch()
+{
+    searchToEnd();
+    auto& tree = the<QTreeView>("baum");
+    tree.expandAll();
+    const QByteArray origin = m_server->origin();
+    clickBranch(origin + "/a/", 6);
+    QTRY_COMPARE(shownNames(), "one.html,two.png");
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTRY_COMPARE(shownNames(), "three.pdf,four.html");
+    tree.scrollTo(hosts().find(origin + "/b/c/", 7));
+    QTest::mouseClick(
+        tree.viewport(), Qt::RightButton, {}, tree.visualRect(hosts().find(origin + "/b/c/", 7)).center());
+    QTRY_COMPARE(shownNames(), "four.html");
+    // The selection is what the user sees.
+    QTest::mouseClick(
+        tree.viewport(), Qt::LeftButton, Qt::ControlModifier, tree.visualRect(tree.currentIndex()).center());
+    QVERIFY(tree.selectionModel()->isSelected(tree.currentIndex()));
+    QTest::keyClick(&tree, Qt::Key_Home);
+    QTRY_COMPARE(details().model()->rowCount(), 6);
+
+    // Without the tree, the filter pane lifts the branch.
+    clickBranch(origin + "/b/", 6);
+    choose("m_showTree");
+    click("b_liftBranch");
+    QTRY_COMPARE(details().model()->rowCount(), 6);
+    QCOMPARE(tree.currentIndex(), tree.model()->index(0, 0));
+}
+
+void tst_MainWindow::tellsOfAHiddenFilter()
+{
+    searchToEnd();
+    const auto& sign = the<QWidget>("b_filtered");
+    QVERIFY(!sign.isVisible());
+    click("b_closeFilter");
+    clickBranch(m_server->origin() + "/a/", 6);
+    QTRY_VERIFY(sign.isVisible());
+    click("b_filtered");
+    QVERIFY(the<QWidget>("fr_filter").isVisible());
+    click("b_resetFilter");
+    QTRY_VERIFY(!sign.isVisible());
+    QTRY_COMPARE(details().model()->rowCount(), 6);
+
+    choose("m_filterAutoApply");
+    click("mimeFilterSwitch(1)");
+    QCOMPARE(details().model()->rowCount(), 6);
+    choose("m_filterAutoApply"); // applies what is waiting
+    QTRY_COMPARE(details().model()->rowCount(), 0);
+}
+
+void tst_MainWindow::answersPassTheFilterWhileSearching()
+{
+    auto& types = *qobject_cast<MimeModel*>(the<QListView>("mimeListe").model());
+    types.meet("image/png");
+    types.setData(types.index(0), Qt::Checked, Qt::CheckStateRole);
+    click("mimeFilterSwitch(1)");
+    m_server->script("/b/c/four.html", { { okHeader("text/html") }, Afterwards::Stall });
+    beginSearch();
+    QTRY_COMPARE(shownNames(), "two.png");
+    choose("m_searchStop");
+    QCOMPARE(shownNames(), "two.png");
+}
+
+void tst_MainWindow::aDoubleClickOpensItsRow()
+{
+    searchToEnd();
+    details().selectAll();
+    const auto doubleClick = [this](const QModelIndex& index, int x) {
+        const QRect cell = details().visualRect(index);
+        QTest::mouseClick(details().viewport(), Qt::LeftButton, {}, { cell.left() + x, cell.center().y() });
+        details().selectAll(); // as if the click had been one with Ctrl
+        QTest::mouseDClick(details().viewport(), Qt::LeftButton, {}, { cell.left() + x, cell.center().y() });
+        QTest::mouseRelease(details().viewport(), Qt::LeftButton, {}, { cell.left() + x, cell.center().y() });
+    };
+    const QModelIndex name = details().model()->index(2, ResultColumn::FileName);
+    doubleClick(name, 10); // on the check box
+    QCOMPARE(m_shell.openedUrls.size(), 0);
+    QCOMPARE(name.data(Qt::CheckStateRole).toInt(), static_cast<int>(Qt::Unchecked)); // toggled twice
+    doubleClick(name, details().visualRect(name).width() - 5);
+    doubleClick(name.siblingAtColumn(ResultColumn::MimeContent), 5);
+    const QUrl url(QString::fromLatin1(m_server->origin() + "/b/three.pdf"));
+    QCOMPARE(m_shell.openedUrls, (QList<QUrl> { url, url }));
+}
+
 void tst_MainWindow::changesUnits()
 {
     searchToEnd();
     choose("m_einheit(1)");
-    QTRY_COMPARE(cell(4, FoundModel::Size), "2");
-    the<QSpinBox>("minSize").setValue(2);
-    the<QSpinBox>("maxSize").setValue(2);
+    QTRY_COMPARE(cell(4, ResultColumn::Size), "2");
+    the<zahlenEingabe>("minSize").setValue(2);
+    the<zahlenEingabe>("maxSize").setValue(2);
     click("c_useSize");
     QTRY_COMPARE(shownNames(), "two.png");
     choose("m_einheit(2)");
@@ -270,7 +403,7 @@ void tst_MainWindow::marksSelectsAndCopies()
     choose("m_markedSelect");
     choose("m_selectedToClipboard");
     QCOMPARE(copied(), "/a/one.html /b/three.pdf");
-    details().setCurrentIndex(details().model()->index(5, FoundModel::Url));
+    details().setCurrentIndex(details().model()->index(5, ResultColumn::Url));
     QTest::keyClick(&details(), Qt::Key_Space);
     choose("m_markedToClipboard");
     QCOMPARE(copied(), "/a/one.html /b/c/four.html");
@@ -296,11 +429,11 @@ void tst_MainWindow::downloadsRows()
     QCOMPARE(m_session->downloads.count(), 0);
 
     choose("m_einheit(1)");
-    QTRY_COMPARE(cell(4, FoundModel::Size), "2");
+    QTRY_COMPARE(cell(4, ResultColumn::Size), "2");
     details().selectRow(4);
     choose("m_selectedDownload");
     QCOMPARE(m_session->downloads.count(), 1);
-    // The number that the list shows, in its unit.
+    // The queue gets the number that the list shows, in the unit of the list.
     QCOMPARE(m_session->downloads.entryAt(0).size, 2);
     QCOMPARE(m_session->downloads.entryAt(0).referer, QByteArray());
     details().selectRow(3);
@@ -309,7 +442,7 @@ void tst_MainWindow::downloadsRows()
     QCOMPARE(m_session->downloads.entryAt(1).url, "https://h:80/");
 
     m_session->downloads.queue({ { 0, 0 } });
-    QTRY_COMPARE(m_session->downloads.entryAt(0).tag, DownloadTag::Warning); // its body never came
+    QTRY_COMPARE(m_session->downloads.entryAt(0).tag, DownloadTag::Warning); // The server sends no body.
     choose("m_resolve3xx");
     QVERIFY(!downloads().followRelocation);
     downloadManager()->close();
@@ -327,7 +460,7 @@ void tst_MainWindow::speaksEveryLanguage_data()
     row("m_lang(2)", "Recherche terminée", QStringLiteral("Taille"), "", QStringLiteral("français.html"));
 }
 
-/// The entries whose access key another one of the same menu has already.
+/// The entries whose access key is that of an entry above in the same menu.
 static QStringList accessKeyClashes(const QList<QAction*>& entries)
 {
     QStringList clashes;
@@ -349,7 +482,7 @@ void tst_MainWindow::speaksEveryLanguage()
     searchToEnd();
     choose(QTest::currentDataTag());
     QTEST(panel(1), "finished");
-    QTEST(details().model()->headerData(FoundModel::Size, Qt::Horizontal).toString(), "sizeHeader");
+    QTEST(details().model()->headerData(ResultColumn::Size, Qt::Horizontal).toString(), "sizeHeader");
     QStringList fixed { QStringLiteral("lbl_depthTo"), QStringLiteral("lbl_sizeTo"), QStringLiteral("lbl_sizeUnit"),
         QStringLiteral("nAngezeigte"), QStringLiteral("addFilterText"), QStringLiteral("removeFilterText") };
     for (int number = 0; number < 7; ++number) {
@@ -423,7 +556,7 @@ void tst_MainWindow::opensFiles()
     QTRY_COMPARE(m_messages.told.size(), told.isEmpty() ? 0 : 1);
     QVERIFY2(m_messages.toldText().endsWith(told), m_messages.toldText().constData());
     QTRY_COMPARE(details().model()->rowCount(), rows);
-    // What cannot be read changes nothing.
+    // A file that cannot be read changes nothing.
     const bool isRead = told != "Error while opening: this is not a search file";
     QCOMPARE(m_window->windowTitle(), isRead ? QStringLiteral("o.twk – Tarnwick") : QStringLiteral("Tarnwick"));
     QCOMPARE(m_session->searchOptions.startUrl == m_server->origin(), !isRead || !content.contains("StartUrl"));
@@ -434,7 +567,7 @@ void tst_MainWindow::opensADroppedFile()
     QVERIFY(writeFile(file("d.twk"), "Results:\r\nhttp://h:80/dropped\r\n"));
     QVERIFY(drop(*m_window, { QUrl::fromLocalFile(file("d.twk")) }));
     QTRY_COMPARE(shownNames(), "dropped");
-    // A page from a browser is no file.
+    // A page that is dragged from a browser is not a file.
     QVERIFY(!drop(*m_window, { QUrl(QStringLiteral("http://h/x.twk")) }));
 }
 
@@ -446,6 +579,27 @@ void tst_MainWindow::tellsWhatCannotBeSaved()
     QCOMPARE(m_messages.told.first().title, QStringLiteral("Error while saving"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Tarnwick"));
 }
+
+#ifdef Q_OS_UNIX
+void tst_MainWindow::signalsSaveTheSettings_data()
+{
+    const auto row = table<int>("signal");
+    row("SIGHUP", SIGHUP);
+    row("SIGINT", SIGINT);
+    row("SIGTERM", SIGTERM);
+}
+
+void tst_MainWindow::signalsSaveTheSettings()
+{
+    QFETCH(int, signal);
+    const EndRequest request;
+    connect(&request, &EndRequest::received, m_window.get(), &MainWindow::saveBeforeEnd);
+    choose("m_showTree");
+    QVERIFY(!QFile::exists(settingsFile()));
+    std::raise(signal);
+    QTRY_VERIFY(contentOf(settingsFile()).contains("\r\ntree=0\r\n"));
+}
+#endif
 
 void tst_MainWindow::helps()
 {

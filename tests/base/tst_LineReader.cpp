@@ -15,7 +15,7 @@ private slots:
 void tst_LineReader::readsLines_data()
 {
     QTest::addColumn<QByteArray>("content");
-    // With "!" behind one that did not end, and "+" behind and before the pieces of one.
+    // "!" stands behind a line without an end; "+" joins the pieces of one line.
     QTest::addColumn<QByteArrayList>("lines");
     const auto row = [](const char* name, const QByteArray& content, const QByteArrayList& lines) {
         QTest::newRow(name) << content << lines;
@@ -30,7 +30,7 @@ void tst_LineReader::readsLines_data()
     row("longer, in pieces", longest + "yz\r\na\n", { longest + "!+", "+yz+", "a" });
     row("longer than two pieces, and no end", longest + longest + "y",
         { longest + "!+", '+' + longest + "!+", "+y!+" });
-    // Ends that are cut by the end of the buffer.
+    // Line ends at the end of the buffer.
     const QByteArray short5 = QByteArray("abcde\r\n").repeated(100'000);
     row("more than a buffer holds", short5, QByteArrayList(100'000, "abcde"));
 }

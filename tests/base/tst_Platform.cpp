@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Platform.h"
-#include "base/allgemein.h"
+#include "base/folders.h"
 #include "support/Text.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,7 @@
 
 static constexpr bool onWindows = QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
 
-/// What differs between systems, each as it is on its own.
+/// Tests the functions of the system on which it runs.
 class tst_Platform : public QObject {
     Q_OBJECT
 

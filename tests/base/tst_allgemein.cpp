@@ -13,6 +13,8 @@ private slots:
     void readsLeadingNumber();
     void findsTextInAnyCase_data();
     void findsTextInAnyCase();
+    void hidesNoControls_data();
+    void hidesNoControls();
 };
 
 void tst_allgemein::readsLeadingNumber_data()
@@ -42,6 +44,29 @@ void tst_allgemein::readsLeadingNumber()
 {
     QFETCH(QByteArray, text);
     QTEST(leadingNumber(text), "number");
+}
+
+void tst_allgemein::hidesNoControls_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const char* title, const char16_t* text, const char* shown) {
+        QTest::newRow(title) << QString::fromUtf16(text) << QString::fromUtf8(shown);
+    };
+    row("override of the direction", u"photo\u202Egpj.exe", "photo%E2%80%AEgpj.exe");
+    row("embedding and isolate", u"\u202A\u202C\u2066\u2069", "%E2%80%AA%E2%80%AC%E2%81%A6%E2%81%A9");
+    row("marks of the direction", u"a\u200E\u200F\u061Cb", "a%E2%80%8E%E2%80%8F%D8%9Cb");
+    row("of no width", u"a\uFEFF\u200B\u200C\u200D\u2060", "a%EF%BB%BF%E2%80%8B%E2%80%8C%E2%80%8D%E2%81%A0");
+    row("separators", u"\u2028\u2029", "%E2%80%A8%E2%80%A9");
+    row("controls", u"\t\n\x7f\u0085", "%09%0A%7F%C2%85");
+    row("an invisible tag", u"\U000E0041", "%F3%A0%81%81");
+    row("letters, signs and what is encoded already", u"\u00E4 \u05D0\u4E2D\U0001F600&%E2%80%AE", "ä א中😀&%E2%80%AE");
+}
+
+void tst_allgemein::hidesNoControls()
+{
+    QFETCH(QString, text);
+    QTEST(withVisibleControls(text), "shown");
 }
 
 void tst_allgemein::findsTextInAnyCase_data()

@@ -4,6 +4,7 @@
 #include "base/lang.h"
 #include "support/Text.h"
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,6 +17,7 @@ class tst_lang : public QObject {
 private slots:
     void languagesHaveTheSameKeys_data();
     void languagesHaveTheSameKeys();
+    void frenchTextsUseProtectedSpaces();
     void selectsBuiltInLanguages();
     void knowsTheLanguageOfALocale();
     void readsLanguageFiles_data();
@@ -42,7 +44,7 @@ Texts textsOf(const char* fileName)
     return texts;
 }
 
-/// Without what varies between captions that are the same word.
+/// A caption without the marks that may differ between translations of one word.
 QString bare(QString text)
 {
     return text.remove(u'&').remove(QChar(QChar::Nbsp)).remove(u' ');
@@ -67,8 +69,8 @@ void tst_lang::languagesHaveTheSameKeys_data()
     row("english.lng", "german.lng",
         "Filter Details Status Url URL: URL Links(linkhref) Frames(framesrc) Cookies OK Start");
     row("english.lng", "french.lng", "Options URL: URL Cookies OK Question");
-    row("more_english.lng", "more_german.lng", "");
-    row("more_english.lng", "more_french.lng", "%1,version%2");
+    row("more_english.lng", "more_german.lng", "%1:%2");
+    row("more_english.lng", "more_french.lng", "%1,version%2 %1:%2");
 }
 
 void tst_lang::languagesHaveTheSameKeys()
@@ -86,7 +88,7 @@ void tst_lang::languagesHaveTheSameKeys()
         QCOMPARE(key, expected[index].first);
         QVERIFY2(!text.isEmpty(), key.constData());
         QVERIFY2(bare(text) != bare(expected[index].second) || same.contains(bare(text)), key.constData());
-        // A caption that asks for more says so in every language; places for values are kept.
+        // A translation keeps the dots of a command that opens a dialog, and the places for values.
         for (const char* piece : { "...", ":", "%1", "%2" }) {
             const QLatin1String mark(piece);
             const bool both = text.endsWith(mark) == expected[index].second.endsWith(mark);
@@ -96,11 +98,19 @@ void tst_lang::languagesHaveTheSameKeys()
     }
 }
 
+void tst_lang::frenchTextsUseProtectedSpaces()
+{
+    // A mark that ends a word has U+00A0 before it, a quotation mark inside of it. "http://" ends no word.
+    const QRegularExpression fault(QStringLiteral("[^\\x{00A0}][!?;»]|[^\\x{00A0}]:(\\s|$)|«[^\\x{00A0}]|’"));
+    for (const auto& [key, text] : textsOf("french.lng") + textsOf("more_french.lng"))
+        QVERIFY2(!text.contains(fault), key.constData());
+}
+
 void tst_lang::selectsBuiltInLanguages()
 {
     LanguageTable table;
     QSignalSpy changed(&table, &LanguageTable::changed);
-    QCOMPARE(table.keys().size(), 214); // Language files may hold all of them, and no others.
+    QCOMPARE(table.keys().size(), 214); // The number of keys that language files can set.
     QCOMPARE(table.text("lang.search_noSearch"), QStringLiteral("no Search"));
     table.selectBuiltIn(LanguageTable::German);
     QCOMPARE(table.text("lang.netConnecting"), QStringLiteral("Verbindungsaufbau"));
@@ -111,6 +121,8 @@ void tst_lang::selectsBuiltInLanguages()
     QCOMPARE(table.text("lang.dlComplete"), QStringLiteral("x"));
     table.selectBuiltIn(LanguageTable::French);
     QCOMPARE(table.text("lang.helpfile"), QStringLiteral("français.html"));
+    QCOMPARE(
+        table.labelled(table.text("lang.search_depth"), QStringLiteral("2")), QStringLiteral("Profondeur\u00a0: 2"));
     QCOMPARE(table.text("lang.nothing"), QString());
     QCOMPARE(LanguageTable::plain(QStringLiteral("Save &as ...")), QStringLiteral("Save as"));
 }
@@ -138,6 +150,7 @@ void tst_lang::readsLanguageFiles_data()
     row("a comment", "//main.m_quit=x\n", "&Beenden");
     row("the last of two", "main.m_quit=a\nmain.m_quit=b\n", "b");
     row("a line that is too long", "main.m_quit=a\nmain.m_quit=" + QByteArray(200'000, 'x') + "\n", "a");
+    row("UTF-8 without a mark", "main.m_quit=\xc3\xa9\n", "\xc3\xa9");
     row("marked as UTF-8", "\xef\xbb\xbfmain.m_quit=\xc3\xa9\n", "\xc3\xa9");
 }
 
@@ -156,15 +169,17 @@ void tst_lang::readsLanguageFiles()
 void tst_lang::stopsAtUnknownKeys()
 {
     LanguageTable table;
-    LanguageFile file(
-        fileWith(QByteArray(200'000, 'x') + "\nmain.m_help=1\nMain.m_quit=x\nmore.hintNew=y\nmain.m_quit=2\n"), table);
+    LanguageFile file(fileWith(QByteArray(200'000, 'x')
+                          + "\nmain.m_help=1\nMain.m_quit=x\nmore.hintNew=y\nmore.x=z\nmain.m_quit=2\n"),
+        table);
     QCOMPARE(file.read(), Step::UnknownKey);
     QCOMPARE(file.key(), "Main.m_quit");
     QVERIFY(file.place().endsWith(QLatin1String(":3")));
     QCOMPARE(table.text("main.m_help"), QStringLiteral("1"));
     QCOMPARE(table.text("main.m_quit"), QStringLiteral("E&xit"));
     QCOMPARE(file.read(), Step::UnknownKey);
-    QCOMPARE(file.key(), "more.hintNew");
+    QCOMPARE(file.key(), "more.x");
+    QCOMPARE(table.text("more.hintNew"), QStringLiteral("y"));
     QCOMPARE(file.read(), Step::End);
     QCOMPARE(table.text("main.m_quit"), QStringLiteral("2"));
 }

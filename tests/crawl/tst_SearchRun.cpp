@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/SearchFixture.h"
+#include "support/Table.h"
 
 /// What a search does. What it makes of the many forms of pages and answers is judged by the independent walk.
 class tst_SearchRun : public SearchFixture {
@@ -13,6 +14,8 @@ private slots:
     void stopLeavesTheRestForContinue();
     void stopHandsOnWhatAPageHeld();
     void stopEndsAnalysis();
+    void limitsStopTheSearch_data();
+    void limitsStopTheSearch();
     void abandonedFetchIsDoneByContinue();
     void continueWithNothingLeftFinishesOnce();
     void newSearchDropsTheOld();
@@ -37,7 +40,7 @@ void tst_SearchRun::takesTheFirstCookieOfAnAnswer()
 
 void tst_SearchRun::recordsUrlsUpToTheirLimit()
 {
-    const QByteArray longest = m_server->origin() + '/' + QByteArray(64 * 1024 - m_server->origin().size() - 1, 'x');
+    const QByteArray longest = m_server->origin() + '/' + QByteArray(8 * 1024 - m_server->origin().size() - 1, 'x');
     m_server->page("/", "<a href='" + longest + "'><a href='" + longest + "x'>");
     QVERIFY(searchToEnd());
     QCOMPARE(urlsOf(m_list), (QByteArrayList { url("/"), longest }));
@@ -65,7 +68,12 @@ void tst_SearchRun::manyFailuresDoNotNest()
     m_server->page("/", body);
     QVERIFY(searchToEnd());
     QCOMPARE(m_list.getAnzahl(), 20'001);
-    QCOMPARE(m_list.getLetzter()->inhalt.zustand, Zustand::Fehlgeschlagen);
+    QCOMPARE(m_list.getLetzter()->inhalt.zustand, FetchState::Failed);
+    // Every item has its reason, and equal ones are kept once.
+    const FetchReport* const reason = m_list.getLetzter()->inhalt.reason;
+    QVERIFY(reason && reason->event == FetchEvent::BadPort && reason->detail == "0");
+    QCOMPARE(item("/").reason, nullptr);
+    QCOMPARE(m_list.getStart()->naechster()->inhalt.reason, reason);
 }
 
 bool tst_SearchRun::continueToEnd()
@@ -87,39 +95,52 @@ void tst_SearchRun::stopLeavesTheRestForContinue()
     QSignalSpy finished(m_run.get(), &SearchRun::finished);
     m_run->stopSearch();
     QVERIFY(!m_run->isSearching());
-    QCOMPARE(item("/1").zustand, Zustand::Fehlgeschlagen);
+    QCOMPARE(item("/1").zustand, FetchState::Failed);
     QCOMPARE(eventsOf("/2").constLast(), FetchEvent::EarlyDisconnect);
-    QTRY_VERIFY(m_server->paths().contains("/3") && item("/4").zustand == Zustand::Fertig);
-    QCOMPARE(item("/5").zustand, Zustand::NichtGeholt);
+    QCOMPARE(item("/2").reason->event, FetchEvent::EarlyDisconnect);
+    QTRY_VERIFY(m_server->paths().contains("/3") && item("/4").zustand == FetchState::Finished);
+    QCOMPARE(item("/5").zustand, FetchState::NotFetched);
+    for (const char* path : { "/1", "/2", "/3" }) // closed by the stop, and begun by it
+        QCOMPARE(item(path).keptState(), FetchState::NotFetched);
 
-    // The connection that has run dry is there for the rest, while the other is still busy.
+    // The connection that has run dry fetches the rest and what was closed, while the other is still busy.
+    m_server->page("/1", "<a href='x'>");
+    m_server->page("/2", "");
     m_run->continueSearch(m_options);
-    QTRY_COMPARE(item("/5").zustand, Zustand::Fertig);
+    QTRY_COMPARE(item("/5").zustand, FetchState::Finished);
     QCOMPARE(finished.count(), 0);
     m_server->release("/3", okHeader("text/html") + "<a href='6'>");
     QVERIFY(finished.wait());
     QCOMPARE(item("/6").statusCode, 404);
-    QCOMPARE(m_server->paths().count("/1"), 1);
+    QCOMPARE(item("/x").statusCode, 404);
+    for (const char* path : { "/1", "/2", "/3" })
+        QCOMPARE(item(path).keptState(), FetchState::ReadingPage);
+    QCOMPARE(m_server->paths().count("/3"), 1);
+    QCOMPARE(m_server->paths().count("/4"), 1);
 }
 
 void tst_SearchRun::stopHandsOnWhatAPageHeld()
 {
     m_server->script("/", { { okHeader("text/html") + "<a href='1'><a href='2'><a hr" }, Afterwards::Stall });
     m_run->starteSuche(m_options);
-    QTRY_COMPARE(item("/").zustand, Zustand::LaedtHtml);
+    QTRY_COMPARE(item("/").zustand, FetchState::ReadingPage);
     m_run->stopSearch();
     QCOMPARE(urlsOf(m_list), urls({ "/", "/1", "/2" }));
     // Both connections may begin a fetch; neither is cut off before it has asked.
-    QTRY_COMPARE(item("/1").zustand, Zustand::Fertig);
-    QTRY_COMPARE(item("/2").zustand, Zustand::Fertig);
+    QTRY_COMPARE(item("/1").zustand, FetchState::Finished);
+    QTRY_COMPARE(item("/2").zustand, FetchState::Finished);
+    // Of the page only a part was read.
+    m_server->page("/", "<a href='1'><a href='2'><a href='3'>");
+    QVERIFY(continueToEnd());
+    QCOMPARE(urlsOf(m_list), urls({ "/", "/1", "/2", "/3" }));
 }
 
 void tst_SearchRun::stopEndsAnalysis()
 {
     m_server->page("/", "<a href='x'>" + QByteArray(8'000'000, '<') + "<a href='last'>");
     // Queued, the stop comes between the slice that found "x" and the next one.
-    const auto stop = [this](const FundKnoten* knoten) {
-        if (knoten->inhalt.tiefe == 1)
+    const auto stop = [this](const FundKnoten* node) {
+        if (node->inhalt.tiefe == 1)
             m_run->stopSearch();
     };
     QObject context;
@@ -131,8 +152,38 @@ void tst_SearchRun::stopEndsAnalysis()
     QSignalSpy passes(&eachPass, &QTimer::timeout);
     eachPass.start(0);
     QTRY_VERIFY(passes.count() >= 3);
-    QVERIFY(continueToEnd());
     QCOMPARE(urlsOf(m_list), urls({ "/", "/x" }));
+    QVERIFY(m_run->disconnect(&context));
+    QVERIFY(continueToEnd());
+    QCOMPARE(urlsOf(m_list), urls({ "/", "/x", "/last" }));
+}
+
+void tst_SearchRun::limitsStopTheSearch_data()
+{
+    const auto row = table<SearchLimits, SearchLimit>("limits", "limit");
+    row("of items", { 3, SearchLimits().bytes }, SearchLimit::Items);
+    row("of bytes", { SearchLimits().items, 1000 }, SearchLimit::Bytes);
+}
+
+void tst_SearchRun::limitsStopTheSearch()
+{
+    QFETCH(SearchLimits, limits);
+    m_run->setLimits(limits);
+    QByteArray body;
+    for (int number = 0; number < 100; ++number)
+        body += "<a href='" + QByteArray::number(number) + "'>";
+    m_server->page("/", body);
+    QSignalSpy finished(m_run.get(), &SearchRun::finished);
+    QSignalSpy limitReached(m_run.get(), &SearchRun::limitReached);
+    m_run->starteSuche(m_options);
+    QTRY_COMPARE(limitReached.count(), 1);
+    QTEST(limitReached.first().first().value<SearchLimit>(), "limit");
+    QVERIFY(!m_run->isSearching());
+    QCOMPARE(finished.count(), 0);
+    QVERIFY(m_list.getAnzahl() >= 3 && m_list.getAnzahl() < 20);
+    m_run->setLimits({});
+    QVERIFY(continueToEnd());
+    QCOMPARE(m_list.getAnzahl(), 101);
 }
 
 void tst_SearchRun::abandonedFetchIsDoneByContinue()
@@ -143,7 +194,7 @@ void tst_SearchRun::abandonedFetchIsDoneByContinue()
     m_run->starteSuche(m_options);
     QTRY_COMPARE(m_server->paths().size(), 3);
     m_run->abandon();
-    QCOMPARE(item("/1").zustand, Zustand::NichtGeholt);
+    QCOMPARE(item("/1").zustand, FetchState::NotFetched);
     m_server->page("/1", "");
     m_server->page("/2", "");
     QVERIFY(continueToEnd());

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "downloads/DownloadQueue.h"
-#include "base/allgemein.h"
+#include "base/folders.h"
 #include "base/lang.h"
-#include "downloads/DownloadText.h"
+#include "downloads/DownloadQueue.h"
+#include "downloads/EntryText.h"
+#include "http/WebRules.h"
 #include "support/FileSizeLimit.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
@@ -29,13 +30,16 @@ private slots:
     void init();
     void cleanup();
     void replacesOnlyWhenAsked();
-    void tellsWhatCannotBeMade();
+    void reportsWhatCannotBeCreated();
     void aFullDiskIsAFailure();
-    void whatIsNoFileIsNotWritten();
+    void writesOnlyToOrdinaryFiles();
     void aRelocatedEntryIsQueuedForItsNewAddress();
     void addsEachUrlOnce();
-    void whatIsNotQueuedWaits();
+    void entriesWaitUntilTheyAreQueued();
     void aRunningEntryBeginsAnew();
+    void aStoppedEntryOwnsItsPart();
+    void aFinishedEntryStaysFinished();
+    void twoEntriesNeverWriteOneFile();
     void nothingLosesItsSlot();
     void showsProgress_data();
     void showsProgress();
@@ -43,17 +47,24 @@ private slots:
 private:
     [[nodiscard]] QByteArray url(const QByteArray& path) const { return m_server->origin() + path; }
     void add(const QByteArray& path) { m_queue->addDL(url(path), -1, {}); }
-    /// The letters of the entries' tags; "." for none.
+    /// One letter for each entry: its tag, or "." for none.
     [[nodiscard]] QByteArray tags() const;
     [[nodiscard]] QString statusText(int row) const
     {
-        return downloadText::status(m_queue->entryAt(row), LanguageTable());
+        return entryText::status(m_queue->entryAt(row), LanguageTable());
     }
+    [[nodiscard]] QString target(const char* name) const
+    {
+        return m_queue->settings().target + QString::fromLatin1(name);
+    }
+    /// Starts a download of five bytes of many, then stops it.
+    void stopInTheMiddle(const QByteArray& path);
     [[nodiscard]] bool isIdle() const { return m_queue->runningCount() + m_queue->waitingCount() == 0; }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<ScriptedServer> m_server;
     PlainExtras m_extras;
+    WebRules m_web;
     std::unique_ptr<DownloadQueue> m_queue;
 };
 
@@ -62,7 +73,7 @@ void tst_DownloadQueue::init()
     m_folder = std::make_unique<QTemporaryDir>();
     m_server = std::make_unique<ScriptedServer>();
     m_extras = {};
-    m_queue = std::make_unique<DownloadQueue>(m_extras);
+    m_queue = std::make_unique<DownloadQueue>(m_extras, m_web);
     m_queue->settings().target = allgemein::withTrailingSeparator(m_folder->filePath(QStringLiteral("target")));
 }
 
@@ -97,7 +108,7 @@ void tst_DownloadQueue::replacesOnlyWhenAsked()
     QCOMPARE(contentOf(file), "new");
 }
 
-void tst_DownloadQueue::tellsWhatCannotBeMade()
+void tst_DownloadQueue::reportsWhatCannotBeCreated()
 {
     m_server->script("/a/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n" } });
     QVERIFY(writeFile(m_folder->filePath(QStringLiteral("file")), "x"));
@@ -127,10 +138,10 @@ void tst_DownloadQueue::aFullDiskIsAFailure()
 #endif
 }
 
-void tst_DownloadQueue::whatIsNoFileIsNotWritten()
+void tst_DownloadQueue::writesOnlyToOrdinaryFiles()
 {
 #ifdef Q_OS_UNIX
-    // Opening a pipe for writing would wait for a reader, and the program with it.
+    // Opening a pipe for writing would block the program until somebody reads from it.
     m_server->script("/pipe", { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } });
     m_server->script("/folder", { { "HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\n." } });
     QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("target/folder"))));
@@ -152,7 +163,7 @@ void tst_DownloadQueue::aRelocatedEntryIsQueuedForItsNewAddress()
     add("/old");
     QTRY_COMPARE(tags(), "F");
     QCOMPARE(m_queue->entryAt(0).url, url("/new"));
-    add("/new"); // The list has it already.
+    add("/new"); // the list has this URL already
     QCOMPARE(m_queue->count(), 1);
     add("/old");
     QCOMPARE(m_queue->count(), 2);
@@ -187,7 +198,7 @@ void tst_DownloadQueue::addsEachUrlOnce()
     QCOMPARE(m_queue->count(), 3);
 }
 
-void tst_DownloadQueue::whatIsNotQueuedWaits()
+void tst_DownloadQueue::entriesWaitUntilTheyAreQueued()
 {
     m_queue->settings().startImmediately = false;
     m_extras.referer = true;
@@ -215,17 +226,98 @@ void tst_DownloadQueue::aRunningEntryBeginsAnew()
     QCOMPARE(m_server->paths().size(), 2);
 }
 
+void tst_DownloadQueue::stopInTheMiddle(const QByteArray& path)
+{
+    m_server->script(path, { { "HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\nhello" }, Afterwards::Stall });
+    add(path);
+    const int row = m_queue->count() - 1;
+    QTRY_COMPARE(m_queue->entryAt(row).received, 5);
+    m_queue->stop({ { row, row } });
+    m_server->script(path, { { "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi" } });
+}
+
+void tst_DownloadQueue::aStoppedEntryOwnsItsPart()
+{
+    stopInTheMiddle("/f");
+    QCOMPARE(tags(), "V");
+    QCOMPARE(statusText(0), QStringLiteral("Prematurely disconnected"));
+    QCOMPARE(contentOf(target("f")), "hello");
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(tags(), "C");
+    QCOMPARE(contentOf(target("f")), "hi");
+
+    // A file that took the place of the part is somebody else's, even if the entry is removed.
+    stopInTheMiddle("/g");
+    QVERIFY(writeFile(target("g"), "mine"));
+    m_queue->queue({ { 1, 1 } });
+    QTRY_COMPARE(tags(), "CF");
+    QCOMPARE(statusText(1), QStringLiteral("File already exists"));
+
+    // In another folder the new file makes the part useless.
+    stopInTheMiddle("/h");
+    const QString part = target("h");
+    m_queue->settings().target += QStringLiteral("other/");
+    m_queue->queue({ { 2, 2 } });
+    QTRY_COMPARE(tags(), "CFC");
+    QVERIFY(QFile::exists(target("h")) && !QFile::exists(part));
+
+    stopInTheMiddle("/i");
+    QVERIFY(QFile::exists(target("i")));
+    m_queue->remove({ { 0, 3 } });
+    QVERIFY(!QFile::exists(target("i")) && QFile::exists(target("h")));
+    QCOMPARE(contentOf(m_folder->filePath(QStringLiteral("target/g"))), "mine");
+}
+
+void tst_DownloadQueue::aFinishedEntryStaysFinished()
+{
+    m_server->script("/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi" } });
+    add("/f");
+    QTRY_COMPARE(tags(), "C");
+    QVERIFY(writeFile(target("f"), "edited"));
+    QSignalSpy ended(m_queue.get(), &DownloadQueue::ended);
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(tags(), "C");
+    QCOMPARE(contentOf(target("f")), "edited");
+    QCOMPARE(m_server->paths().size(), 1);
+    // Gone, or to be overwritten: the entry is fetched again.
+    QVERIFY(QFile::remove(target("f")));
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(contentOf(target("f")), "hi");
+    m_queue->settings().overwrite = true;
+    m_queue->queue({ { 0, 0 } });
+    QTRY_COMPARE(ended.count(), 3);
+    QCOMPARE(m_server->paths().size(), 3);
+}
+
+void tst_DownloadQueue::twoEntriesNeverWriteOneFile()
+{
+    m_queue->settings().overwrite = true;
+    m_server->script("/a/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nfirst" }, Afterwards::Stall });
+    m_server->script("/b/f", { { "HTTP/1.1 200 OK\r\nContent-Length: 6\r\n\r\nsecond" } });
+    add("/a/f");
+    QTRY_COMPARE(m_queue->entryAt(0).received, 5);
+    add("/b/f");
+    QTRY_COMPARE(tags(), "VF");
+    QCOMPARE(statusText(1), QStringLiteral("Error while creating file"));
+    m_server->release("/a/f", " file");
+    QTRY_COMPARE(tags(), "CF");
+    QCOMPARE(contentOf(target("f")), "first file");
+    m_queue->queue({ { 1, 1 } });
+    QTRY_COMPARE(tags(), "CC");
+}
+
 namespace {
 
-bool isSilent(const DownloadEntry* entry)
+bool isLoading(const DownloadEntry* entry)
 {
     return entry->status == DownloadStatus::Loading;
 }
 
-/// The download list as a plain walk over its rows would have it.
+/// A simple model of the download list, which walks over all rows for each command.
 struct ListModel {
-    std::map<int, char> rows; ///< tags, by ids
-    std::array<int, DownloadSettings::mostSlots> slotItems {}; ///< ids; 0 for a free slot
+    std::map<int, char> rows; ///< the tags by the ids of the entries
+    std::array<int, DownloadSettings::mostSlots> slotItems {}; ///< the entries' ids; 0 for a free slot
     int maximum = DownloadSettings::mostSlots;
 
     void queue(const QList<int>& ids)
@@ -289,8 +381,8 @@ private:
 
 } // namespace
 
-/// Random commands while ten transfers run, against the plain walk: the same rows with the same tags, and the same ones
-/// running.
+/// Gives random commands while ten transfers run, and compares the rows, their tags and the running entries with the
+/// model's after each.
 void tst_DownloadQueue::nothingLosesItsSlot()
 {
     QRandomGenerator random(4711);
@@ -330,8 +422,8 @@ void tst_DownloadQueue::nothingLosesItsSlot()
             m_queue->queue(mergedRuns(rows));
             break;
         case 3:
-            // Those that are not silent yet will tell of something.
-            QVERIFY(std::all_of(running.begin(), running.end(), isSilent) || changed.wait());
+            // Unless all transfers are stalled in their body, one of them will change soon.
+            QVERIFY(std::all_of(running.begin(), running.end(), isLoading) || changed.wait());
             settings.removeFinished = random.bounded(2) == 0;
             break;
         case 4:
@@ -377,15 +469,15 @@ void tst_DownloadQueue::showsProgress()
     QFETCH(qint64, size);
     DownloadEntry entry;
     entry.status = DownloadStatus::Loading;
-    QCOMPARE(downloadText::status(entry, LanguageTable()), QStringLiteral("Loading: 0 kiB/S"));
-    QCOMPARE(downloadText::progress(entry, true), QString());
+    QCOMPARE(entryText::status(entry, LanguageTable()), QStringLiteral("Loading: 0 kiB/S"));
+    QCOMPARE(entryText::progress(entry, true), QString());
     entry.received = received;
     entry.size = size;
     entry.speed = 1536;
-    const QString shown = downloadText::progress(entry, true) + u' ' + downloadText::progress(entry, false);
+    const QString shown = entryText::progress(entry, true) + u' ' + entryText::progress(entry, false);
     QTEST(shown.toLatin1(), "shown");
-    QCOMPARE(downloadText::received(entry), QString::number(received));
-    QCOMPARE(downloadText::status(entry, LanguageTable()), QStringLiteral("Loading: 1.5 kiB/s"));
+    QCOMPARE(entryText::received(entry), QString::number(received));
+    QCOMPARE(entryText::status(entry, LanguageTable()), QStringLiteral("Loading: 1.5 kiB/s"));
 }
 
 QTEST_GUILESS_MAIN(tst_DownloadQueue)

@@ -64,7 +64,13 @@ void tst_NumberedUrls::confirms()
     run.startUrl = "x.y.z/img.jpg";
     QVERIFY(run.confirm());
     QCOMPARE(run.startUrl, "http://x.y.z/img.jpg");
-    // Characters are counted, not their bytes.
+    for (const char* const typed : { "HTTP://h/", "https://h/" }) {
+        run.startUrl = typed;
+        QVERIFY(run.confirm());
+        QCOMPARE(run.startUrl, run.isHttp() ? "http://h/" : "https://h/");
+    }
+    QVERIFY(!run.isHttp());
+    // The position counts characters, not bytes.
     run.startUrl = allgemein::toSystem(QStringLiteral("http://h/ü.jpg"));
     run.pos = 10;
     QCOMPARE(allgemein::fromSystem(run.urlFor(1)), QStringLiteral("http://h/ü1.jpg"));
@@ -91,7 +97,7 @@ void tst_NumberedUrls::averagesTheNewestTen()
 {
     DLGeschwindigkeitsmessung meter;
     qint64 total = 0;
-    // A slow start falls out of the average once ten faster samples are kept; totals beyond 32 bits are fine.
+    // Ten fast samples push the slow start out of the average. The total grows beyond 32 bits.
     for (int offer = 0; offer < 6 * 20; ++offer) {
         total += offer < 6 * 10 ? 1 : 1'000'000'000;
         meter.push(offer * 100, total);
@@ -109,7 +115,7 @@ void tst_NumberedUrls::measuresAnew()
     for (int offer = 0; offer < 7; ++offer)
         meter.push(offer * 1000, offer * 5000);
     meter.reset();
-    // Five offers are passed over still; what the last transfer left does not count.
+    // The next five samples are skipped. Those of the last transfer no longer count.
     for (int offer = 0; offer < 5; ++offer) {
         meter.push(offer, offer);
         QCOMPARE(meter.getDurschnittsGeschwindigkeit(), 0);

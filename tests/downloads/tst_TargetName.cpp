@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/allgemein.h"
 #include "downloads/TargetName.h"
 #include "support/Table.h"
 
 #include <QTest>
-
-using targetName::Refusal;
 
 class tst_TargetName : public QObject {
     Q_OBJECT
@@ -18,12 +17,12 @@ private slots:
 
 namespace {
 
-/// Directories and name with "/" between them, or why there are none.
-QByteArray textOf(const targetName::Result& result)
+/// Directories and name joined by "/", or the refused part.
+QByteArray textOf(const TargetName& target)
 {
-    if (result.refusal)
-        return *result.refusal == Refusal::Directory ? "(directory)" : "(name)";
-    return (result.target.directories + QByteArrayList { result.target.name }).join('/');
+    if (target.refusal)
+        return *target.refusal == TargetName::Refusal::Directory ? "(directory)" : "(name)";
+    return (target.directories + QByteArrayList { target.name }).join('/');
 }
 
 constexpr NamingRules all { true, true, true };
@@ -39,6 +38,11 @@ void tst_TargetName::names_data()
         "h/80/f.cgi%3Fid=1.zip");
     row("an unknown type", "http://h/f", "x/y", "h/80/f");
     row("the type is not trimmed", "http://h/f", "application/zip ;x", "h/80/f");
+    // In other code pages than UTF-8 these bytes are visible letters.
+    if (allgemein::fromSystem("\u202E") == QChar(0x202e)) {
+        row("a name that reads backwards", "http://h/photo\u202Egpj.exe", "?", "h/80/photo%E2%80%AEgpj.exe");
+        row("hidden characters", "http://h/a\u200B/b\u2028\x1b", "?", "h/80/a%E2%80%8B/b%E2%80%A8%1B");
+    }
     row("no name", "http://h/a/", "?", "h/80/a/index");
     row("no name, but an extension", "http://h/a/", "text/html", "h/80/a/.htm");
     row("what Windows does not take", "http://h/<>|\"?*\\", "?", "h/80/%3C%3E%7C%22%3F%2A%5C");
@@ -57,12 +61,12 @@ void tst_TargetName::names()
 {
     QFETCH(QByteArray, url);
     QFETCH(QByteArray, contentType);
-    QTEST(textOf(targetName::of(url, contentType, all)), "target");
+    QTEST(textOf(TargetName::of(url, contentType, all)), "target");
 }
 
 void tst_TargetName::rulesStandForThemselves_data()
 {
-    // Names as they are, with an extension, renamed, both.
+    // The names without rules, with the extension, renamed, and with both.
     const auto row = table<QByteArray, QByteArray, QByteArrayList>("url", "directories", "names");
     const QByteArray refused = "(name)";
     const QByteArray longName(300, 'n');
@@ -91,7 +95,7 @@ void tst_TargetName::rulesStandForThemselves()
         const NamingRules naming { (rules & 4) != 0, (rules & 1) != 0, (rules & 2) != 0 };
         const QByteArray& name = names[rules & 3];
         const QByteArray expected = naming.dirByUrl && name != "(name)" ? directories + name : name;
-        QCOMPARE(textOf(targetName::of(url, "application/zip", naming)), expected);
+        QCOMPARE(textOf(TargetName::of(url, "application/zip", naming)), expected);
     }
 }
 

@@ -4,7 +4,7 @@
 
 #include <QFileInfo>
 
-/// The path of a request in the first line, and the cookie file of its host.
+/// Input: the path of a request in the first line, then the cookie file of its host.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);

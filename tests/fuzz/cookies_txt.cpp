@@ -2,7 +2,7 @@
 #include "fuzz/import.h"
 #include "requests/CookiesTxt.h"
 
-/// A cookies.txt.
+/// Input: a cookies.txt.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Input(data, size).rest();

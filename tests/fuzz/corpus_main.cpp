@@ -4,15 +4,15 @@
 #include <QDir>
 #include <QFileInfo>
 
-/// Gives a fuzzer the files of a folder, one after the other: `fuzz_NAME FOLDER`. For compilers without a fuzzer's
-/// main.
+/// Runs a fuzzer on the files of a folder, one after the other: `fuzz_NAME FOLDER`. It replaces the main function of
+/// the fuzzing library, which other compilers lack.
 int main(int argc, char** argv)
 {
     const QByteArray program = QFileInfo(QString::fromLocal8Bit(argv[0])).baseName().toUtf8();
     const QDir folder(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
     const QStringList names = folder.entryList(QDir::Files, QDir::Name);
     for (const QString& name : names) {
-        // The last line but one of a program that is ended by an input tells which.
+        // If an input ends the program, this line names it.
         std::printf("INPUT  : %s\n", qPrintable(folder.filePath(name)));
         std::fflush(stdout);
         const QByteArray input = contentOf(folder.filePath(name));

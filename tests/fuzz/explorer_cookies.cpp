@@ -5,7 +5,7 @@
 
 #include <QFileInfo>
 
-/// A file of the cookie folder of Internet Explorer.
+/// Input: a file of the cookie folder of Internet Explorer.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray content = Input(data, size).rest();

@@ -12,10 +12,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// What each fuzzer is made of: it reads the bytes as its reader would get them from a server or a file.
+/// Each fuzzer implements this function. It hands the bytes to its reader as if they came from a server or a file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Ends the program when something does not hold that always must.
+/// Aborts if a condition is false that must always hold. `what` states the condition.
 inline void require(bool holds, const char* what)
 {
     if (holds)
@@ -24,7 +24,7 @@ inline void require(bool holds, const char* what)
     std::abort();
 }
 
-/// An input in parts, which a person can write in an editor: lines that say how to read, and what is read.
+/// An input in parts that a person can write in an editor: lines of parameters, then the bytes to read.
 class Input {
 public:
     Input(const std::uint8_t* data, std::size_t size)
@@ -32,7 +32,7 @@ public:
     {
     }
 
-    /// Up to the next `end`, which is taken away; all without one.
+    /// Takes the text up to the next `end`, and removes that `end`; takes all of the rest if there is none.
     QByteArray upTo(QByteArrayView end)
     {
         const qsizetype at = m_rest.indexOf(end);
@@ -47,7 +47,7 @@ private:
     QByteArray m_rest;
 };
 
-/// A text in pieces whose lengths are the bytes of `lengths`, over and over. One piece without any.
+/// Cuts a text into pieces whose lengths are the bytes of `lengths`, repeated. Without lengths there is one piece.
 inline QByteArrayList inPieces(const QByteArray& text, const QByteArray& lengths)
 {
     QByteArrayList pieces;
@@ -61,13 +61,13 @@ inline QByteArrayList inPieces(const QByteArray& text, const QByteArray& lengths
     return pieces;
 }
 
-/// A file name in a folder that lasts as long as the program.
+/// A file name in a folder that is removed at the end of the program.
 inline QString fileNamed(const char* name)
 {
     static const QTemporaryDir folder;
     return folder.filePath(QString::fromLatin1(name));
 }
-/// As `fileNamed`, of a file that holds `content`.
+/// Writes `content` to such a file and returns its name.
 inline QString fileWith(const QByteArray& content, const char* name = "input")
 {
     const QString fileName = fileNamed(name);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "crawl/AnswerSplitter.h"
-#include "crawl/httpHeader.h"
-#include "crawl/url.h"
 #include "fuzz/fuzz.h"
+#include "http/AnswerSplitter.h"
+#include "http/httpHeader.h"
+#include "http/url.h"
 #include "support/PlainExtras.h"
 
 #include <algorithm>
 
-/// What is made of an answer that comes in these pieces.
+/// The header and body of an answer that arrives in these pieces.
 static AnswerSplitter::Parts split(const QByteArrayList& pieces)
 {
     AnswerSplitter splitter;
@@ -35,7 +35,7 @@ static void checkReaders(const QByteArray& header)
     for (const QByteArray& field : cookies + QByteArrayList { location, httpHeader::contentLanguage(header) })
         require(!field.contains('\r'), "a field ends at CR");
 
-    // Wherever the answer relocates to: what is asked there is one request of five lines.
+    // Wherever the answer relocates to, the next request is one request of five lines.
     PlainExtras extras;
     extras.referer = true;
     const QByteArray next = url::resolveReference("http://h:80/d/p.html", location);
@@ -45,7 +45,7 @@ static void checkReaders(const QByteArray& header)
         "nothing breaks a line of a request");
 }
 
-/// The lengths of the pieces in the first line, and an answer.
+/// Input: the lengths of the pieces in the first line, then an answer.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, std::min<size_t>(size, AnswerSplitter::headerLimit));

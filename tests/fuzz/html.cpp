@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "crawl/HtmlAnalysis.h"
 #include "fuzz/fuzz.h"
+#include "pages/HtmlAnalysis.h"
 
 namespace {
 
@@ -14,14 +14,14 @@ AnalysisSwitches switchesFrom(char bits)
     return { bit(0), bit(1), bit(2), bit(3), bit(4), bit(5) };
 }
 
-/// "type URL" of each reference of a body that comes in these pieces and is drained in steps of so many bytes.
+/// "type URL" of each reference of a body that arrives in these pieces and is analysed in steps of `bytesPerStep`.
 QByteArrayList references(const QByteArrayList& pieces, const AnalysisSwitches& switches, qsizetype bytesPerStep)
 {
     BodyBuffer body;
     for (const QByteArray& piece : pieces)
         body.append(piece);
     const QByteArray page = pieces.join();
-    // Five passes at the most, none of which looks at a byte more often than it has finders.
+    // There are at most five passes. None looks at a byte more often than it has finders.
     qsizetype pausesLeft = 1 + 5 * 11 * (page.size() / bytesPerStep + 1);
     HtmlAnalysis analysis(std::move(body), pageUrl, switches);
     QByteArrayList found;
@@ -30,16 +30,16 @@ QByteArrayList references(const QByteArrayList& pieces, const AnalysisSwitches& 
             require(--pausesLeft >= 0, "an analysis ends");
             continue;
         }
-        const QByteArray& url = analysis.reference().adresse;
+        const QByteArray& url = analysis.reference().url;
         require(url.startsWith("http://h:80/") || page.contains(url), "a reference is on the page's host or absolute");
-        found += QByteArray::number(static_cast<int>(analysis.reference().typ)) + ' ' + url;
+        found += QByteArray::number(static_cast<int>(analysis.reference().type)) + ' ' + url;
     }
     return found;
 }
 
 } // namespace
 
-/// In the first line which kinds of reference are wanted, the size of a step and the lengths of the pieces; then a
+/// Input: in the first line the wanted kinds of reference, the size of a step and the lengths of the pieces; then a
 /// page.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

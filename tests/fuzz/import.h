@@ -4,6 +4,7 @@
 #include "base/lang.h"
 #include "fuzz/fuzz.h"
 #include "requests/CookieImport.h"
+#include "requests/ImportReport.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -15,13 +16,13 @@ inline void importAll(std::unique_ptr<CookieSource> source, qint64 most)
     const QString folder = fileNamed("cookies");
     CookieStore store;
     store.setCookieFolder(folder);
-    CookieImport import(std::move(source), store);
+    CookieImport cookies(std::move(source), store);
     // A step reads a line or a file, or stores the cookies of a host.
     qint64 stepsLeft = 10 + 2 * most;
-    while (import.step())
+    while (cookies.step())
         require(--stepsLeft > 0, "an import ends");
-    require(import.count() <= most, "no cookie comes from nowhere");
-    (void)cookieImport::report(import, language);
+    require(cookies.count() <= most, "no cookie comes from nowhere");
+    (void)importReport::box(cookies, language);
 
     qint64 stored = 0;
     for (QDirIterator files(folder, QDir::Files | QDir::Hidden); files.hasNext();) {
@@ -31,6 +32,6 @@ inline void importAll(std::unique_ptr<CookieSource> source, qint64 most)
                 && !content.contains('\0'),
             "each line that is stored is a cookie");
     }
-    require(stored <= import.count(), "what is stored was counted");
+    require(stored <= cookies.count(), "what is stored was counted");
     require(store.deleteAll().isEmpty(), "all cookies can be deleted");
 }

@@ -2,7 +2,7 @@
 #include "base/LanguageFile.h"
 #include "fuzz/fuzz.h"
 
-/// A language file.
+/// Input: a language file.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static LanguageTable table;

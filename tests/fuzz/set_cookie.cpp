@@ -4,14 +4,14 @@
 
 #include <QDir>
 
-/// What is in the folder of the cookie folder, and in that.
+/// The names in the cookie folder's parent folder, and in the cookie folder.
 static QStringList filesAround(const QString& folder)
 {
     const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     return QDir(folder + QLatin1String("/..")).entryList(everything) + QDir(folder).entryList(everything);
 }
 
-/// The host of an answer in the first line, and the value of its Set-Cookie field.
+/// Input: the host of an answer in the first line, then the value of its Set-Cookie field.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "downloads/TargetName.h"
 #include "base/allgemein.h"
+#include "downloads/TargetName.h"
 #include "fuzz/fuzz.h"
 
 #include <QDir>
 
-/// The naming rules and the Content-Type in two lines, and the URL of a download.
+/// Input: the naming rules in a line, the Content-Type in a line, and the URL of a download.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);
     const QByteArray switches = input.line();
     const QByteArray type = input.line();
     const NamingRules rules { switches.contains('d'), switches.contains('e'), switches.contains('r') };
-    const auto [target, refusal] = targetName::of(input.rest(), type, rules);
-    if (refusal)
+    const TargetName target = TargetName::of(input.rest(), type, rules);
+    if (target.refusal)
         return 0;
     QString path = QStringLiteral("/target/");
     for (const QByteArray& directory : target.directories)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "crawl/url.h"
 #include "fuzz/fuzz.h"
+#include "http/url.h"
 #include "results/ListReader.h"
 
 using listFormat::Format;
 
-/// What is written of an item that was read is read as the same item again.
+/// Checks that an item that is written is read as the same item again.
 static void checkItem(Format format, const FundStück& item)
 {
     require(url::isValidUrl(item.adresse) && item.adresse.size() <= url::longest, "an item has a usable URL");
@@ -16,7 +16,7 @@ static void checkItem(Format format, const FundStück& item)
     require(listFormat::itemLine(format, *again) == line, "an exported item is imported unchanged");
 }
 
-/// The format in the first line (empty: URLs alone), and a list.
+/// Input: the format in the first line (empty: URLs alone), then a list.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);
@@ -30,7 +30,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     qsizetype lines = 0;
     while (reader.readLine(take))
         ++lines;
-    require(reader.error().isEmpty(), "the file can be read");
+    require(!reader.error(), "the file can be read");
     const QByteArray list = input.rest().startsWith("\xef\xbb\xbf") ? input.rest().sliced(3) : input.rest();
     require(lines == list.count('\n') + (list.isEmpty() || list.endsWith('\n') ? 0 : 1), "each line is read once");
     require(items + reader.unusable().count() <= lines, "a line gives an item or is told as unusable");

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "crawl/SubUrl.h"
-#include "crawl/url.h"
 #include "fuzz/fuzz.h"
+#include "http/SubUrl.h"
+#include "http/url.h"
 
 #include <limits>
 
 namespace {
 
-/// Whether a URL names a server. With a ":" in its path the host is taken to reach up to there, and with slashes in the
-/// protocol to begin there; such a URL is kept as it comes, and leads nowhere.
+/// Whether a URL names a server. The host reads up to a ":" in the path, and from slashes in the protocol on. A URL
+/// with one of these is kept unchanged and leads nowhere.
 bool namesServer(const QByteArray& url)
 {
     return !url::hostOf(url).contains('/') && !url::protocolOf(url).contains('/');
@@ -30,7 +30,7 @@ void checkKept(const SubUrl& entry)
     require(again.text == entry.text && again.level == entry.level, "the text of an entry gives the entry");
 }
 
-/// Each level's result takes in all that the next one's takes in, and its text is enough to keep it.
+/// Checks that each level's sub-URL contains the next one, and that its text alone restores it.
 void checkLevels(const QByteArray& url)
 {
     const std::vector<SubUrl> entries = SubUrl::levelsOf(url);
@@ -45,7 +45,7 @@ void checkLevels(const QByteArray& url)
 
 } // namespace
 
-/// The URL of a page, and a reference on it.
+/// Input: the URL of a page in a line, then a reference on that page.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
-#include "results/FoundsView.h"
+#include "base/folders.h"
 #include "results/SearchFile.h"
 #include "results/SearchFileReader.h"
+#include "results/window/FoundsView.h"
 #include "support/Table.h"
 #include "support/WindowFixture.h"
 
@@ -16,8 +17,8 @@
 #include <sys/stat.h>
 #endif
 
-/// What a hostile server, or whoever made a file, might try. Each attack comes in where it would: in an answer or in a
-/// file that the user opens. What counts is what there is at the end: files, requests, command lines.
+/// Attacks by hostile servers and by the makers of hostile files. Each attack enters the way a real one would: by an
+/// answer, or by a file that the user opens. The tests judge the results: files, requests, command lines.
 class tst_Attacks : public WindowFixture {
     Q_OBJECT
 
@@ -33,8 +34,12 @@ private slots:
     void serversBreakNoLine();
     void filesBreakNoLine_data() { addBreaks(); }
     void filesBreakNoLine();
+    void searchFilesChangeNoPreferences_data();
+    void searchFilesChangeNoPreferences();
     void exportsRunNothing();
     void onlyTheWebIsOpened();
+    void nothingInTheDataFolderStopsTheProgram_data();
+    void nothingInTheDataFolderStopsTheProgram();
     void namedFilesDoNoHarm_data();
     void namedFilesDoNoHarm();
 
@@ -48,11 +53,11 @@ private:
     void importCookies(const QByteArray& content);
     void checkRequests() const;
     void checkSearchFile();
-    /// The files that are beside and in the target folder, from the folder above.
+    /// The files in the target folder and outside of it, with paths from the folder above.
     [[nodiscard]] QStringList downloaded() const;
     [[nodiscard]] FoundsView& rows() const { return *m_window->findChild<FoundsView*>(); }
 
-    QString m_target; ///< of downloads, as it was loaded
+    QString m_target; ///< the target folder of downloads, as it was loaded
 };
 
 namespace {
@@ -72,7 +77,7 @@ QStringList filesBelow(const QString& folder)
     return files;
 }
 
-/// Whether a text is lines that end in CR LF, with none of what would break one between its ends.
+/// Whether a text consists of lines that end in CR LF, with no CR, LF or NUL inside.
 bool isWholeLines(QByteArray text)
 {
     if (!text.endsWith("\r\n"))
@@ -93,12 +98,12 @@ void tst_Attacks::init()
 void tst_Attacks::restart()
 {
     start();
-    // Deep enough that a way up ends in the test's own folder.
+    // Deep enough that a path upwards still ends inside the test's own folder.
     m_target = std::exchange(downloads().target, allgemein::withTrailingSeparator(file("1/2/3/4/target")));
     m_session->windows.autoOpenDLM = false;
 }
 
-/// Rows with what might end a line, a field or a text, and something to be taken for the next one.
+/// Adds a row for each sign that might end a line, a field or a text.
 void tst_Attacks::addBreaks()
 {
     const auto row = table<QByteArray>("sign");
@@ -158,7 +163,7 @@ QStringList tst_Attacks::downloaded() const
     return files;
 }
 
-/// Every line of every request is one that the program sends.
+/// Checks that every line of every request is one that the program means to send.
 void tst_Attacks::checkRequests() const
 {
     for (const QByteArray& request : m_server->requests()) {
@@ -169,22 +174,22 @@ void tst_Attacks::checkRequests() const
     }
 }
 
-/// What is found is the same after saving and reading it.
+/// Checks that the found items are the same after saving and reading them.
 void tst_Attacks::checkSearchFile()
 {
     m_dialogs.choice = file("out.twk");
     choose("m_searchSaveAs");
     QVERIFY(isWholeLines(contentOf(m_dialogs.choice)));
     StoredSearch read;
-    const SearchFile::LoadResult result = SearchFile::load(m_dialogs.choice, read);
+    const searchFile::LoadResult result = searchFile::load(m_dialogs.choice, read);
     QCOMPARE(result.skippedCount, 0);
     QCOMPARE(read.list.getAnzahl(), m_session->foundItems.getAnzahl());
     const FundKnoten* there = read.list.getStart();
-    for (const FundKnoten* here = m_session->foundItems.getStart(); here; here = here->naechster) {
+    for (const FundKnoten* here = m_session->foundItems.getStart(); here; here = here->naechster()) {
         for (const auto field : { &FundStück::adresse, &FundStück::mimeTyp, &FundStück::sprache, &FundStück::referer })
             QCOMPARE(there->inhalt.*field, allgemein::onOneLine(here->inhalt.*field));
         QVERIFY(allgemein::isOnOneLine(here->inhalt.adresse));
-        there = there->naechster;
+        there = there->naechster();
     }
 }
 
@@ -239,7 +244,7 @@ void tst_Attacks::downloadsStayInTheirFolder()
     QFETCH(QByteArray, file);
     m_server->page("/", relocates ? QByteArray("<a href='r'>") : "<a href='" + reference + "'>");
     m_server->relocation("/r", reference);
-    // The type is hostile as well.
+    // The type is hostile too: it may give the extension.
     m_server->script(reference, { { okHeader("../../x;/../y") } });
     m_session->search.setFollowRelocation(false);
     downloads().naming = rules;
@@ -303,7 +308,7 @@ void tst_Attacks::cookiesStayInTheirFolder()
     importCookies("# cookies\n" + host + "\tTRUE\t/\tFALSE\t0\ta\t2\n");
     QCOMPARE(filesBelow(file("data")), QStringList(QStringLiteral("h.tkc")));
     QCOMPARE(contentOf(planted), "/\ta\t1\r\n");
-    // A URL with a ":" in its path has all that is before it for a host.
+    // If the path of a URL contains ":", everything before counts as the host.
     QCOMPARE(m_session->cookies.getCookieHeader("http://" + host + ":80/"), QByteArray());
 }
 
@@ -340,7 +345,7 @@ void tst_Attacks::serversBreakNoLine()
     QVERIFY(isWholeLines(contentOf(settingsFile())));
     const size_t types = m_session->filter.mimeListe.entries().size();
     restart();
-    QCOMPARE(m_loaded.unknownCount, 0);
+    QCOMPARE(m_messages.told.size(), 0);
     QCOMPARE(m_session->filter.mimeListe.entries().size(), types);
 }
 
@@ -365,7 +370,46 @@ void tst_Attacks::filesBreakNoLine()
     QVERIFY(isWholeLines(contentOf(settingsFile())));
 }
 
-/// Cuts the lines at every place where a spreadsheet program may begin a cell, and looks at how the cells begin.
+void tst_Attacks::searchFilesChangeNoPreferences_data()
+{
+    const auto row = table<bool, bool>("answer", "closes");
+    row("the user says No", false, false);
+    row("the user closes the question", true, true);
+    row("the user says Yes", true, false);
+}
+
+/// A stranger's file wants the user's cookies to be sent, without a warning, and other preferences changed.
+void tst_Attacks::searchFilesChangeNoPreferences()
+{
+    QFETCH(bool, answer);
+    QFETCH(bool, closes);
+    const bool agrees = answer && !closes;
+    QVERIFY(m_session->cookies.saveCookie("127.0.0.1", "/", "secret", "1"));
+    m_messages.answer = answer;
+    m_messages.closes = closes;
+    openFile("useCookies=1\r\ndontWarnAboutCookiesAgain=1\r\nsetCookies=0\r\nUserAgent=evil\r\nUseLanguage=1\r\n"
+             "Language=xx\r\nReferrer=0\r\nResults:\r\n"
+        + m_server->origin() + "/a\r\n");
+    QCOMPARE(m_messages.asked.size(), 1);
+    QVERIFY(m_messages.returnIsHarmless());
+    choose("m_searchContinue");
+    QTRY_VERIFY(!m_session->search.isSearching());
+    const QByteArray request = m_server->requests().value(0);
+    QVERIFY(request.contains("User-Agent: evil\r\n"));
+    QCOMPARE(request.contains("Cookie: secret=1\r\n"), agrees);
+    QVERIFY(!m_session->requestPrefs.dontWarnAboutCookiesAgain);
+    searchToEnd(); // a new search: the permission has ended
+    QVERIFY(!m_server->requests().constLast().contains("Cookie"));
+
+    m_window->close();
+    const QByteArray saved = contentOf(settingsFile());
+    for (const char* line :
+        { "Referrer=1", "UserAgent=", "UseLanguage=0", "useCookies=0", "setCookies=1", "dontWarnAboutCookiesAgain=0" })
+        QVERIFY2(saved.contains(QByteArray(QByteArray(line) + "\r\n")), line);
+    QVERIFY(!saved.contains("\r\nLanguage="));
+}
+
+/// Cuts the exported lines wherever a spreadsheet program may begin a cell, and checks how the cells begin.
 void tst_Attacks::exportsRunNothing()
 {
     QByteArray content = "Results:\r\n";
@@ -374,7 +418,7 @@ void tst_Attacks::exportsRunNothing()
             content += front + formula + '\t' + front + formula + "\t1\t1\t4\t200\t1\t" + front + formula + "\t\r\n";
     }
     openFile(content);
-    m_messages.answer = false; // all rows, not those that are selected
+    m_messages.answer = false; // export all rows, not the selected ones
     for (const char* entry : { "m_exportAsCsv", "m_exportAsUrlList" }) {
         const bool csv = entry == QByteArray("m_exportAsCsv");
         m_dialogs.choice = file("out");
@@ -416,6 +460,42 @@ void tst_Attacks::onlyTheWebIsOpened()
         QVERIFY2(arguments == QStringList(command.arguments) && arguments.first().at(0).isLetter(),
             qPrintable(command.arguments));
     }
+}
+
+void tst_Attacks::nothingInTheDataFolderStopsTheProgram_data()
+{
+    const auto row = table<QString, bool>("name", "isPipe");
+    for (const char* name : { "tarnwick.ini", "views.ini", "views.ini.lock", "Cookies", "Cookies/127.0.0.1.tkc" }) {
+        row("folder " + QByteArray(name), QString::fromLatin1(name), false);
+#ifdef Q_OS_UNIX
+        row("pipe " + QByteArray(name), QString::fromLatin1(name), true);
+#endif
+    }
+}
+
+/// A start, a search that stores and sends cookies, and the end of the program.
+void tst_Attacks::nothingInTheDataFolderStopsTheProgram()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, isPipe);
+    m_window->close();
+    const QString path = file("data/") + name;
+    QVERIFY(QFileInfo(path).isDir() ? QDir(path).removeRecursively() : !QFile::exists(path) || QFile::remove(path));
+#ifdef Q_OS_UNIX
+    QVERIFY(!isPipe || mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+#endif
+    QVERIFY(isPipe || QDir().mkpath(path));
+    restart();
+    m_session->requestPrefs.useCookies = true;
+    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\nContent-Type: text/html\r\n\r\n" } });
+    searchToEnd();
+    m_window->close();
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(QFileInfo::exists(path) && !QFileInfo(path).isFile());
+    const bool isSaved = QFileInfo(settingsFile()).isFile();
+    QCOMPARE(isSaved, name != QLatin1String("tarnwick.ini"));
+    const bool keepsCookies = !name.endsWith(QLatin1String("tkc")) && (name != QLatin1String("Cookies") || !isPipe);
+    QCOMPARE(m_messages.told.isEmpty(), isSaved && keepsCookies);
 }
 
 void tst_Attacks::namedFilesDoNoHarm_data()

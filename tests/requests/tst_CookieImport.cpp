@@ -3,6 +3,7 @@
 #include "requests/CookieImport.h"
 #include "requests/ExplorerCookies.h"
 #include "requests/FirefoxDatabase.h"
+#include "requests/ImportReport.h"
 #include "support/TestSeams.h"
 #include "support/Text.h"
 
@@ -35,7 +36,7 @@ private slots:
 private:
     [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
     [[nodiscard]] QByteArray stored(const char* host) const { return contentOf(file(host) + QLatin1String(".tkc")); }
-    [[nodiscard]] Messages::Box import(std::unique_ptr<CookieSource> source);
+    [[nodiscard]] Messages::Box imported(std::unique_ptr<CookieSource> source);
     Sql database(const QByteArray& statements) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -60,14 +61,14 @@ void tst_CookieImport::init()
     m_store.setCookieFolder(m_folder->path());
 }
 
-Messages::Box tst_CookieImport::import(std::unique_ptr<CookieSource> source)
+Messages::Box tst_CookieImport::imported(std::unique_ptr<CookieSource> source)
 {
-    CookieImport import(std::move(source), m_store);
-    while (import.step()) { }
-    return cookieImport::report(import, m_language);
+    CookieImport cookies(std::move(source), m_store);
+    while (cookies.step()) { }
+    return importReport::box(cookies, m_language);
 }
 
-/// A database in the folder, with the statements run.
+/// Makes a database in the folder and runs the statements.
 Sql tst_CookieImport::database(const QByteArray& statements) const
 {
     sqlite3* opened = nullptr;
@@ -110,7 +111,7 @@ void tst_CookieImport::readsCookiesTxt()
     QFETCH(QByteArray, unusable);
     m_store.saveCookie("h", "/", "old", "1");
     QVERIFY(writeFile(file("cookies.txt"), content));
-    const Messages::Box box = import(cookieImport::sourceFor(file("cookies.txt")));
+    const Messages::Box box = imported(CookieImport::sourceFor(file("cookies.txt")));
     const QString note = QDir::toNativeSeparators(file("cookies.txt"))
         + QStringLiteral("\nLines without a usable cookie: ") + QString::fromLatin1(unusable) + QStringLiteral("\n\n");
     QCOMPARE(box.text,
@@ -132,7 +133,7 @@ void tst_CookieImport::readsFirefoxDatabases()
     database(statements
         + "insert into moz_cookies (host, path, name, value) values ('.b.c', '/', 'a', '1'), ('b.c', '/x/', 'b', "
           "'\xc3\xa9'), ('h', '/', 'a', '3'), ('b.c', '/', 'a', '4'), (NULL, '/', 'a', '5');");
-    QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("4 Cookies were set."));
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("4 Cookies were set."));
     QCOMPARE(stored("b.c"), "/x/\tb\t\xc3\xa9\r\n/\ta\t4\r\n");
     QCOMPARE(stored("h"), "/\ta\t3\r\n");
 }
@@ -144,7 +145,7 @@ void tst_CookieImport::readsTheLogOfARunningFirefox()
     QVERIFY(QFileInfo(file("cookies.sqlite-wal")).size() > 0);
     const QByteArray before = contentOf(file("cookies.sqlite"));
     QVERIFY(!before.contains("a1h/"));
-    QCOMPARE(import(cookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("1 Cookies were set."));
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("1 Cookies were set."));
     QCOMPARE(stored("h"), "/\ta\t1\r\n");
     QCOMPARE(contentOf(file("cookies.sqlite")), before);
 }
@@ -171,7 +172,7 @@ void tst_CookieImport::tellsWhatADatabaseLacks()
 {
     QFETCH(QByteArray, statements);
     database(statements);
-    const Messages::Box box = import(cookieImport::sourceFor(file("cookies.sqlite")));
+    const Messages::Box box = imported(CookieImport::sourceFor(file("cookies.sqlite")));
     QVERIFY2(box.text.startsWith(QLatin1String("SQLite: ")), qPrintable(box.text));
     QCOMPARE(box.title, QStringLiteral("Error"));
 }
@@ -186,7 +187,7 @@ void tst_CookieImport::keepsWhatCameBeforeADamage()
     QVERIFY(damaged.seek(damaged.size() / 3));
     damaged.write(QByteArray(static_cast<int>(damaged.size() / 3), '\xff'));
     damaged.close();
-    const Messages::Box box = import(std::make_unique<FirefoxDatabase>(damaged.fileName()));
+    const Messages::Box box = imported(std::make_unique<FirefoxDatabase>(damaged.fileName()));
     QVERIFY2(box.text.startsWith(QLatin1String("SQLite: ")), qPrintable(box.text));
     const qsizetype count = stored("h").count('\n');
     QVERIFY(count > 0);
@@ -200,7 +201,7 @@ void tst_CookieImport::storesInPartsWhatIsMuch()
         content += "h" + QByteArray::number(cookie % 3) + "\tx\t/\tx\t0\tn" + QByteArray::number(cookie / 6) + '\t'
             + QByteArray(60'000, cookie < 300 ? 'a' : 'b') + '\n';
     QVERIFY(writeFile(file("cookies.txt"), content));
-    QCOMPARE(import(cookieImport::sourceFor(file("cookies.txt"))).text, QStringLiteral("600 Cookies were set."));
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.txt"))).text, QStringLiteral("600 Cookies were set."));
     QCOMPARE(stored("h1").count('\n'), 100);
     QVERIFY(stored("h1").endsWith("bbb\r\n"));
 }
@@ -209,7 +210,7 @@ void tst_CookieImport::readsInternetExplorer()
 {
     FilledRegistry registry;
     const auto told = [&] {
-        return import(std::make_unique<ExplorerCookies>(registry)).text;
+        return imported(std::make_unique<ExplorerCookies>(registry)).text;
     };
     const QString failed = m_language.text("lang.errWhileImportCookies");
     QVERIFY(!ExplorerCookies::areHere(registry));
@@ -237,7 +238,7 @@ void tst_CookieImport::goesOnAfterAFileThatCannotBeWritten()
 {
     QVERIFY(QDir().mkpath(file("bad.tkc/x")));
     QVERIFY(writeFile(file("cookies.txt"), "bad\tx\t/\tx\t0\ta\t1\nh\tx\t/\tx\t0\ta\t1\n"));
-    QCOMPARE(import(cookieImport::sourceFor(file("cookies.txt"))).text,
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.txt"))).text,
         QStringLiteral("Error while importing cookies\nbad: File access Error\n\n1 Cookies were set."));
     QCOMPARE(stored("h"), "/\ta\t1\r\n");
 }
@@ -245,13 +246,13 @@ void tst_CookieImport::goesOnAfterAFileThatCannotBeWritten()
 void tst_CookieImport::tellsOfMissingFiles()
 {
     QVERIFY(writeFile(file("empty"), ""));
-    QCOMPARE(import(cookieImport::sourceFor(file("empty"))).text, QStringLiteral("0 Cookies were set."));
+    QCOMPARE(imported(CookieImport::sourceFor(file("empty"))).text, QStringLiteral("0 Cookies were set."));
     QVERIFY(writeFile(file("other"), QByteArray("A line without a cookie.\n").repeated(3)));
-    QVERIFY(import(cookieImport::sourceFor(file("other"))).text.endsWith(m_language.text("more.notCookies")));
+    QVERIFY(imported(CookieImport::sourceFor(file("other"))).text.endsWith(m_language.text("more.notCookies")));
     for (const char* name : { "none.txt", "." }) {
         const QString failed = QLatin1String("Error while importing cookies\n") + QDir::toNativeSeparators(file(name));
-        QVERIFY(import(cookieImport::sourceFor(file(name))).text.startsWith(failed));
-        QVERIFY(import(std::make_unique<FirefoxDatabase>(file(name))).text.startsWith(failed));
+        QVERIFY(imported(CookieImport::sourceFor(file(name))).text.startsWith(failed));
+        QVERIFY(imported(std::make_unique<FirefoxDatabase>(file(name))).text.startsWith(failed));
     }
 }
 

@@ -28,14 +28,14 @@ void tst_RequestPrefs::weighsLanguages()
 
 void tst_RequestPrefs::stocksLanguages()
 {
-    const QStringList stock = LanguageStock::entries();
+    const QStringList stock = languageStock::entries();
     QCOMPARE(stock.size(), 205);
     QVERIFY(std::is_sorted(
         stock.begin(), stock.end(), [](const QString& a, const QString& b) { return a.left(2) < b.left(2); }));
-    QCOMPARE(LanguageStock::entryFor(u"de"), QStringLiteral("de German"));
-    QCOMPARE(LanguageStock::entryFor(u"nb"), QStringLiteral("nb Bokm\u00e5l,Nor"));
-    QVERIFY(LanguageStock::entryFor(u"xx").isEmpty());
-    QVERIFY(LanguageStock::entryFor(u"").isEmpty());
+    QCOMPARE(languageStock::entryFor(u"de"), QStringLiteral("de German"));
+    QCOMPARE(languageStock::entryFor(u"nb"), QStringLiteral("nb Bokm\u00e5l,Nor"));
+    QVERIFY(languageStock::entryFor(u"xx").isEmpty());
+    QVERIFY(languageStock::entryFor(u"").isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_RequestPrefs)

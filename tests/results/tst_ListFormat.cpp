@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "results/ListFormat.h"
 #include "base/lang.h"
+#include "results/ListFormat.h"
 #include "results/ListReader.h"
 #include "results/SearchFile.h"
 #include "support/Text.h"
@@ -61,7 +61,7 @@ void tst_ListFormat::readsLines()
     const auto item = listFormat::itemFrom(format, line);
     QTEST(item ? item->adresse : QByteArray(), "url");
     if (item && line.count('\t') < 7)
-        QVERIFY(item->tiefe == 0 && item->statusCode == 0 && item->zustand == Zustand::NichtGeholt);
+        QVERIFY(item->tiefe == 0 && item->statusCode == 0 && item->zustand == FetchState::NotFetched);
 }
 
 void tst_ListFormat::writesColumns()
@@ -72,7 +72,7 @@ void tst_ListFormat::writesColumns()
     item.groesse = -1;
     item.tiefe = 2;
     item.statusCode = 404;
-    item.referenzTyp = ReferenzTyp::AnySrc;
+    item.referenzTyp = ReferenceType::AnySrc;
     item.sprache = "de\ten";
     QCOMPARE(listFormat::itemLine(Format::Urls, item), "http://h:80/a/b.html?x");
     QCOMPARE(listFormat::itemLine(Format::Csv, item),
@@ -92,10 +92,10 @@ void tst_ListFormat::roundTrips()
                              "https://h:80/'@c\t\t0\t3\t0\t0\t0\t\t\n"
                              "ftp://h:80/'=\xff\t''=,;\" @\t-1\t0\t4\t200\t5\t-\t";
     for (const QByteArray& line : lines.split('\n')) {
-        const FundStück item = *SearchFile::itemFrom(line);
+        const FundStück item = *searchFile::itemFrom(line);
         const auto read = listFormat::itemFrom(Format::Csv, listFormat::itemLine(Format::Csv, item));
         QVERIFY(read);
-        QCOMPARE(SearchFile::itemLine(*read), line);
+        QCOMPARE(searchFile::itemLine(*read), line);
         QCOMPARE(listFormat::itemFrom(Format::Urls, listFormat::itemLine(Format::Urls, item))->adresse, item.adresse);
     }
 }
@@ -132,7 +132,7 @@ void tst_ListFormat::readsFiles()
     QTEST(reader.unusable().first(), "unusable");
     QCOMPARE(reader.unusable().count(),
         qstrcmp(QTest::currentDataTag(), "only rubbish") == 0 ? 30 : reader.unusable().first().size());
-    QVERIFY(reader.error().isEmpty());
+    QVERIFY(!reader.error());
 }
 
 QTEST_GUILESS_MAIN(tst_ListFormat)

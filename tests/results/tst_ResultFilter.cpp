@@ -12,6 +12,8 @@ class tst_ResultFilter : public QObject {
 private slots:
     void showsByEachTest_data();
     void showsByEachTest();
+    void theRootShowsEveryProtocol();
+    void theGreatestBoundIsNone();
 };
 
 namespace {
@@ -90,6 +92,26 @@ void tst_ResultFilter::showsByEachTest()
     QTEST(filter.shows(item), "shown");
     item.groesse = -1;
     QTEST(filter.shows(item), "unknownSizeShown");
+}
+
+void tst_ResultFilter::theRootShowsEveryProtocol()
+{
+    FundStück item;
+    item.adresse = "ftp://h/";
+    ResultFilter filter;
+    filter.setBranch(SubUrl { "http://h", 1 });
+    QVERIFY(!filter.shows(item));
+    filter.setBranch(SubUrl { "http://", 0 });
+    QVERIFY(filter.shows(item));
+}
+
+void tst_ResultFilter::theGreatestBoundIsNone()
+{
+    const qint64 large = 5 * FilterRange::greatest;
+    QVERIFY((FilterRange { true, 0, FilterRange::greatest }.admits(large)));
+    QVERIFY(!(FilterRange { true, 0, FilterRange::greatest - 1 }.admits(large)));
+    QVERIFY((FilterRange { true, FilterRange::greatest, FilterRange::greatest }.admits(large)));
+    QVERIFY(!(FilterRange { true, FilterRange::greatest, FilterRange::greatest }.admits(large, 1024)));
 }
 
 QTEST_GUILESS_MAIN(tst_ResultFilter)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "results/ListReader.h"
 #include "results/SearchFile.h"
 #include "results/SearchFileReader.h"
 #include "results/SearchFileWriter.h"
@@ -9,7 +10,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-using SearchFile::LoadError;
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+using searchFile::LoadError;
 
 class tst_SearchFile : public QObject {
     Q_OBJECT
@@ -26,6 +31,7 @@ private slots:
     void longestAnswersComeBack();
     void failedSaveLeavesOldFile();
     void fullDiskLeavesOldFile();
+    void leavesPipesAlone();
 
 private:
     [[nodiscard]] QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
@@ -42,9 +48,9 @@ FundStück someItem(const QByteArray& url)
     item.mimeTyp = "text/html; charset=\xe4";
     item.groesse = -1;
     item.tiefe = 3;
-    item.zustand = Zustand::LaedtHtml;
+    item.zustand = FetchState::ReadingPage;
     item.statusCode = 200;
-    item.referenzTyp = ReferenzTyp::Frame;
+    item.referenzTyp = ReferenceType::Frame;
     item.sprache = "de";
     item.referer = "http://h:80/";
     return item;
@@ -69,7 +75,7 @@ void tst_SearchFile::comesBackByteForByte()
     list.add(someItem("http://h:80/b"));
     list.getLetzter()->inhalt.groesse = 5'000'000'000;
 
-    QCOMPARE(SearchFile::save(file("a.twk"), options, prefs, list), std::nullopt);
+    QCOMPARE(searchFile::save(file("a.twk"), options, prefs, list), std::nullopt);
     const QByteArray content = contentOf(file("a.twk"));
     QCOMPARE(content,
         "StartUrl=http://h/a=b%0D%0ASub=x\r\nMaxDepth=0\r\nDepth=7\r\nFollowSub=2\r\nSub=http://h:80/a/\r\n"
@@ -82,11 +88,11 @@ void tst_SearchFile::comesBackByteForByte()
         "http://h:80/b\ttext/html; charset=\xe4\t5000000000\t3\t3\t200\t4\tde\thttp://h:80/\r\n");
 
     StoredSearch search;
-    const SearchFile::LoadResult result = SearchFile::load(file("a.twk"), search);
+    const searchFile::LoadResult result = searchFile::load(file("a.twk"), search);
     QCOMPARE(result.error, LoadError::None);
     QVERIFY(result.skipped.isEmpty());
     QCOMPARE(search.prefs.languageHeader, "de;q=1, en;q=0.5");
-    QCOMPARE(SearchFile::save(file("b.twk"), search.options, search.prefs, search.list), std::nullopt);
+    QCOMPARE(searchFile::save(file("b.twk"), search.options, search.prefs, search.list), std::nullopt);
     QCOMPARE(contentOf(file("b.twk")), content);
 }
 
@@ -110,8 +116,8 @@ void tst_SearchFile::readsItemLines_data()
 void tst_SearchFile::readsItemLines()
 {
     QFETCH(QByteArray, line);
-    const auto item = SearchFile::itemFrom(line);
-    QTEST(item ? SearchFile::itemLine(*item) : QByteArray(), "written");
+    const auto item = searchFile::itemFrom(line);
+    QTEST(item ? searchFile::itemLine(*item) : QByteArray(), "written");
 }
 
 void tst_SearchFile::tellsWhatIsWrong_data()
@@ -125,6 +131,10 @@ void tst_SearchFile::tellsWhatIsWrong_data()
     row("parameters but no results", "StartUrl=http://h/\r\n", LoadError::None, 0);
     row("results but no parameters", "Results:\r\nu\r\n", LoadError::None, 1);
     row("plain line feeds", "StartUrl=x\nResults:\nu\nv\n", LoadError::None, 2);
+    row("the mark of UTF-8",
+        "\xef\xbb\xbf"
+        "Results:\r\nu\r\n",
+        LoadError::None, 1);
     row("empty", "", LoadError::NotASearchFile, 0);
     row("a picture", QByteArrayLiteral("\x89PNG\r\n\x1a\n\0\0=\0\n"), LoadError::NotASearchFile, 0);
 }
@@ -134,12 +144,12 @@ void tst_SearchFile::tellsWhatIsWrong()
     QFETCH(QByteArray, content);
     QVERIFY(writeFile(file("x.twk"), content));
     StoredSearch search;
-    QTEST(static_cast<int>(SearchFile::load(file("x.twk"), search).error), "error");
+    QTEST(static_cast<int>(searchFile::load(file("x.twk"), search).error), "error");
     QTEST(int { search.list.getAnzahl() }, "items");
 
     StoredSearch none;
-    QCOMPARE(SearchFile::load(file("missing.twk"), none).error, LoadError::CannotOpen);
-    QCOMPARE(SearchFile::load(m_folder.path(), none).error, LoadError::CannotOpen);
+    QCOMPARE(searchFile::load(file("missing.twk"), none).error, LoadError::CannotOpen);
+    QCOMPARE(searchFile::load(m_folder.path(), none).error, LoadError::CannotOpen);
 }
 
 void tst_SearchFile::passesOverUnknownLines()
@@ -147,14 +157,14 @@ void tst_SearchFile::passesOverUnknownLines()
     QVERIFY(writeFile(
         file("x.twk"), "startUrl=a\r\nnonsense\r\nDepth=7\r\nReferrer=0\r\nResults:\r\nDepth=9\r\n\tm\r\nu\r\n"));
     StoredSearch search;
-    const SearchFile::LoadResult result = SearchFile::load(file("x.twk"), search);
+    const searchFile::LoadResult result = searchFile::load(file("x.twk"), search);
     QCOMPARE(result.error, LoadError::None);
     QCOMPARE(result.skipped.size(), 3);
-    QCOMPARE(result.skipped[0].why, SearchFile::SkippedLine::UnknownKey);
+    QCOMPARE(result.skipped[0].why, searchFile::SkippedLine::UnknownKey);
     QCOMPARE(result.skipped[0].text, "startUrl");
-    QCOMPARE(result.skipped[1].why, SearchFile::SkippedLine::NoKey);
+    QCOMPARE(result.skipped[1].why, searchFile::SkippedLine::NoKey);
     QCOMPARE(result.skipped[1].number, 2);
-    QCOMPARE(result.skipped[2].why, SearchFile::SkippedLine::NoUrl);
+    QCOMPARE(result.skipped[2].why, searchFile::SkippedLine::NoUrl);
     QCOMPARE(result.skipped[2].number, 7);
     QCOMPARE(search.options.tiefe, 7);
     QVERIFY(!search.prefs.useReferrer);
@@ -166,13 +176,13 @@ void tst_SearchFile::cutAnywhereKeepsWhatIsWhole()
     FundListe list;
     for (const char* url : { "http://h:80/a", "http://h:80/b", "http://h:80/c" })
         list.add(someItem(url));
-    QCOMPARE(SearchFile::save(file("whole.twk"), {}, {}, list), std::nullopt);
+    QCOMPARE(searchFile::save(file("whole.twk"), {}, {}, list), std::nullopt);
     const QByteArray whole = contentOf(file("whole.twk"));
     for (qsizetype length = 0; length < whole.size(); ++length) {
         const QByteArray cut = whole.first(length);
         QVERIFY(writeFile(file("cut.twk"), cut));
         StoredSearch search;
-        const LoadError error = SearchFile::load(file("cut.twk"), search).error;
+        const LoadError error = searchFile::load(file("cut.twk"), search).error;
         QCOMPARE(error == LoadError::None, cut.endsWith('\n'));
         QCOMPARE(search.list.getAnzahl(), qMax<qsizetype>(0, cut.count('\n') - whole.count('\n') + 3));
     }
@@ -180,42 +190,42 @@ void tst_SearchFile::cutAnywhereKeepsWhatIsWhole()
 
 void tst_SearchFile::foreignFilesAreGivenUp()
 {
-    // Neither a line without end nor any number of lines is read to its end or kept.
+    // Neither an endless line nor endless lines are read to their end.
     StoredSearch search;
     QVERIFY(writeFile(file("f.twk"), QByteArray(3'000'000, 'x')));
-    QCOMPARE(SearchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
+    QCOMPARE(searchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
     QVERIFY(writeFile(file("f.twk"), QByteArray("nothing known\r\n").repeated(20'000) + "Results:\r\n"));
-    QCOMPARE(SearchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
+    QCOMPARE(searchFile::load(file("f.twk"), search).error, LoadError::NotASearchFile);
     QVERIFY(writeFile(file("f.twk"), "Depth=1\r\n" + QByteArray(QByteArray(1000, 'y') + "\r\n").repeated(20'000)));
-    const SearchFile::LoadResult result = SearchFile::load(file("f.twk"), search);
+    const searchFile::LoadResult result = searchFile::load(file("f.twk"), search);
     QCOMPARE(result.error, LoadError::None);
     QCOMPARE(result.skippedCount, 20'000);
     QCOMPARE(result.skipped.size(), 100);
     QVERIFY(result.skipped.first().text.size() < 1000);
-    QVERIFY(!SearchFile::itemFrom(QByteArray("http://h/" + QByteArray(1'000'000, 'u'))));
+    QVERIFY(!searchFile::itemFrom(QByteArray("http://h/" + QByteArray(1'000'000, 'u'))));
 }
 
 void tst_SearchFile::longestAnswersComeBack()
 {
     FundListe list;
-    FundStück item = someItem("http://h:80/" + QByteArray(64'000, '\0'));
-    // Of one header, which both were read from.
+    FundStück item = someItem("http://h:80/" + QByteArray(8000, '\0'));
+    // Each of the two may be as long as a whole header.
     item.mimeTyp = item.sprache = QByteArray(256 * 1024, '\t');
     item.referer = item.adresse;
     list.add(item);
     list.add(someItem("http://h:80/next"));
-    QCOMPARE(SearchFile::save(file("long.twk"), {}, {}, list), std::nullopt);
+    QCOMPARE(searchFile::save(file("long.twk"), {}, {}, list), std::nullopt);
     StoredSearch search;
-    QCOMPARE(SearchFile::load(file("long.twk"), search).error, SearchFile::LoadError::None);
+    QCOMPARE(searchFile::load(file("long.twk"), search).error, searchFile::LoadError::None);
     QCOMPARE(search.list.getAnzahl(), 2);
 }
 
 void tst_SearchFile::failedSaveLeavesOldFile()
 {
     const FundListe list;
-    QVERIFY(SearchFile::save(file("no/such/folder.twk"), {}, {}, list).has_value());
+    QVERIFY(searchFile::save(file("no/such/folder.twk"), {}, {}, list).has_value());
     QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.twk")));
-    QVERIFY(SearchFile::save(file("folder.twk"), {}, {}, list).has_value());
+    QVERIFY(searchFile::save(file("folder.twk"), {}, {}, list).has_value());
     QVERIFY(QFileInfo(file("folder.twk")).isDir());
 }
 
@@ -225,19 +235,34 @@ void tst_SearchFile::fullDiskLeavesOldFile()
     QVERIFY(writeFile(file("a.twk"), "old"));
     FundListe list;
     list.add(someItem(QByteArray(60'000, 'x')));
-    // The system takes a part of the last line, and reports no error unless it is asked for more.
+    // The system writes a part of the last line and reports no error until it is asked to write more.
     for (const qint64 limited : { 50'000, 100 }) {
-        std::optional<QString> error;
+        std::optional<FileError> error;
         {
             const FileSizeLimit limit(limited);
-            error = SearchFile::save(file("a.twk"), {}, {}, list);
+            error = searchFile::save(file("a.twk"), {}, {}, list);
         }
         QVERIFY(error.has_value());
-        QVERIFY2(!error->contains(QLatin1String("cancel")), qPrintable(*error));
+        QVERIFY2(!error->systemText.contains(QLatin1String("cancel")), qPrintable(error->systemText));
         QCOMPARE(contentOf(file("a.twk")), "old");
     }
 #else
     QSKIP("Only Unix can limit the size of files for a test.");
+#endif
+}
+
+void tst_SearchFile::leavesPipesAlone()
+{
+#ifdef Q_OS_UNIX
+    const QString pipe = file("pipe");
+    QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    StoredSearch search;
+    QCOMPARE(searchFile::load(pipe, search).reason.kind, FileError::NotAFile);
+    QCOMPARE(ListReader(pipe, listFormat::Format::Urls).error()->kind, FileError::NotAFile);
+    QCOMPARE(searchFile::save(pipe, {}, {}, search.list)->kind, FileError::NotAFile);
+    QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
+#else
+    QSKIP("Only Unix keeps pipes in folders.");
 #endif
 }
 

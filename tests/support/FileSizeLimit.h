@@ -8,7 +8,7 @@
 
 #include <sys/resource.h>
 
-/// While it lives, no file of this program grows beyond a size, as on a disk that is full.
+/// Limits the size of the files that this program writes, as a full disk does, until it is destroyed.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(quint64 bytes)

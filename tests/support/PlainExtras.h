@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "crawl/httpHeader.h"
+#include "http/RequestExtras.h"
 
 #include <QList>
 
-/// Requests of nothing but the fixed lines, with members for a test that wants more; remembers the cookies it is given.
+/// Adds no lines to requests, unless a test sets a member. Remembers the cookies of answers.
 struct PlainExtras final : RequestExtras {
     std::optional<QByteArray> userAgent;
     std::optional<QByteArray> languages;

@@ -17,7 +17,7 @@ QByteArray pathOf(const QByteArray& request)
     return request.mid(start, request.indexOf(" HTTP/1.1\r\n", start) - start);
 }
 
-/// Closes so that the other side is told of a reset.
+/// Closes with a reset.
 void reset(QTcpSocket* socket)
 {
     using Handle = decltype(::socket(0, 0, 0));
@@ -44,7 +44,7 @@ void end(QTcpSocket* socket, const Answer& answer)
     }
 }
 
-/// Writes the pieces one after the other, each when the bytes of the one before are gone.
+/// Writes the pieces one after the other, each when the piece before it was sent.
 void writeInTurn(QTcpSocket* socket, const Answer& answer)
 {
     const auto next = std::make_shared<qsizetype>(0);

@@ -9,7 +9,7 @@
 
 #include <optional>
 
-/// What happens to a connection when an answer is out.
+/// What the server does with a connection after its answer.
 enum class Afterwards {
     Close,
     Stall, ///< neither sends nor closes
@@ -17,7 +17,7 @@ enum class Afterwards {
     Repeat, ///< sends the last piece again and again, until the other side closes
 };
 
-/// One scripted answer: the pieces are written in turn, each only when the one before has left.
+/// One scripted answer: the pieces are written in turn, each when the piece before it was sent.
 struct Answer {
     QByteArrayList pieces;
     Afterwards afterwards = Afterwards::Close;
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] QByteArray origin() const;
 
     void script(const QByteArray& path, const Answer& answer);
-    /// From now on every connection gets this answer as soon as it is made, before it has asked.
+    /// From now on every connection gets this answer as soon as it is made, before any request.
     void answerUnasked(const Answer& answer) { m_unasked = answer; }
     /// Status 200 and "text/html", closed behind the body.
     void page(const QByteArray& path, const QByteArray& body);
@@ -46,7 +46,7 @@ public:
     [[nodiscard]] const QByteArrayList& requests() const { return m_requests; }
     /// The paths of the requests.
     [[nodiscard]] QByteArrayList paths() const;
-    /// Lets a stalled connection to this path go on with `bytes` and be closed.
+    /// Sends `bytes` on a stalled connection to this path, and closes it.
     void release(const QByteArray& path, const QByteArray& bytes);
     /// How many connections are open.
     [[nodiscard]] qsizetype connectionCount() const { return findChildren<QTcpSocket*>().size(); }

@@ -9,10 +9,10 @@ void SearchFixture::init()
     m_options = {};
     m_options.startUrl = m_server->origin();
     m_options.maxDepth = false;
-    m_run = std::make_unique<SearchRun>(m_list, m_extras);
+    m_run = std::make_unique<SearchRun>(m_list, m_extras, m_web);
     m_reports.clear();
-    connect(m_run.get(), &SearchRun::reported, this, [this](FundKnoten* knoten, const FetchReport& report) {
-        m_reports += { knoten->inhalt.adresse, report };
+    connect(m_run.get(), &SearchRun::reported, this, [this](FundKnoten* node, const FetchReport& report) {
+        m_reports += { node->inhalt.adresse, report };
     });
 }
 
@@ -33,9 +33,9 @@ QByteArrayList SearchFixture::urls(const QByteArrayList& paths) const
 
 FundStück SearchFixture::item(const QByteArray& path) const
 {
-    for (const FundKnoten* knoten = m_list.getStart(); knoten; knoten = knoten->naechster) {
-        if (knoten->inhalt.adresse == url(path) || knoten->inhalt.adresse == path)
-            return knoten->inhalt;
+    for (const FundKnoten* node = m_list.getStart(); node; node = node->naechster()) {
+        if (node->inhalt.adresse == url(path) || node->inhalt.adresse == path)
+            return node->inhalt;
     }
     return {};
 }

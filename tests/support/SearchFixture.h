@@ -12,7 +12,7 @@
 #include <memory>
 
 /// What the tests of a search share: a scripted server and a search of it, both new for each test, and a record of what
-/// the search told.
+/// the search reported.
 class SearchFixture : public QObject {
     Q_OBJECT
 
@@ -30,6 +30,7 @@ protected:
 
     std::unique_ptr<ScriptedServer> m_server;
     PlainExtras m_extras;
+    WebRules m_web;
     SearchOptions m_options;
     FundListe m_list;
     std::unique_ptr<SearchRun> m_run;

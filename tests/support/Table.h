@@ -4,8 +4,8 @@
 #include <QByteArray>
 #include <QTest>
 
-/// Begins a data table with these columns. Gives what adds a row to it: called with a title and a value for each
-/// column.
+/// Begins a data table with these columns. Returns a function that adds a row: its arguments are a title and a value
+/// for each column.
 template <typename... Types, typename... Names> auto table(Names... names)
 {
     (QTest::addColumn<Types>(names), ...);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/Seams.h"
 #include "base/FileDialogs.h"
 #include "base/Messages.h"
 #include "base/Registry.h"
+#include "base/Seams.h"
 #include "base/Shell.h"
 #include "base/UrlPicker.h"
 
@@ -13,16 +13,21 @@
 #include <QStringList>
 #include <QUrl>
 
-/// Message boxes that a test answers beforehand and reads afterwards.
+/// Message boxes that are answered at once, as a test has set; they record their texts.
 struct AnsweredMessages final : Messages {
     QList<Box> told;
     QList<Box> asked;
-    bool answer = true;
-    QStringList typed; ///< into the input boxes, one after the other
+    QList<Choices> choices; ///< of the boxes that were asked
+    bool answer = true; ///< the positive or the negative answer
+    bool closes = false; ///< closes questions instead of answering them
+    QStringList typed; ///< the answers to the input boxes, in their order
 
-    /// Of a box that was told, and of one that was asked; empty if there was none.
+    /// The text of a box with OK, and of a box with Yes and No; empty if there was no such box.
     [[nodiscard]] QByteArray toldText(qsizetype box = 0) const { return told.value(box).text.toUtf8(); }
     [[nodiscard]] QByteArray askedText(qsizetype box = 0) const { return asked.value(box).text.toUtf8(); }
+
+    /// Whether Return in the last question would be the answer that changes nothing.
+    [[nodiscard]] bool returnIsHarmless() const { return choices.last().usual == choices.last().harmless; }
 
     using Messages::tell;
     void tell(const Box& box, std::function<void()> closed) override
@@ -30,10 +35,12 @@ struct AnsweredMessages final : Messages {
         told += box;
         closed();
     }
-    void ask(const Box& box, std::function<void(bool yes)> answered) override
+    using Messages::ask;
+    void ask(const Box& box, const Choices& offered, std::function<void(Answer answer)> answered) override
     {
         asked += box;
-        answered(answer);
+        choices += offered;
+        answered(closes ? offered.harmless : offered.answers[answer ? 0 : 1]);
     }
     void input(const QString& title, const QString&, const QString& text,
         std::function<void(const QString& typed)> answered) override
@@ -43,7 +50,7 @@ struct AnsweredMessages final : Messages {
     }
 };
 
-/// File dialogs in which a test has chosen beforehand; cancelled while `choice` is empty.
+/// File dialogs that choose `choice` at once; they are cancelled while it is empty.
 struct AnsweredFileDialogs final : FileDialogs {
     QString choice;
     QList<Request> requests;
@@ -64,7 +71,7 @@ struct AnsweredFileDialogs final : FileDialogs {
     }
 };
 
-/// A desktop that only remembers what it was asked.
+/// A desktop that opens nothing, and records what it was asked to open.
 struct RecordingShell final : Shell {
     QStringList openedFiles;
     QList<QUrl> openedUrls;
@@ -91,7 +98,7 @@ struct RecordingShell final : Shell {
     void addRecentDocument(const QString& path) override { recentDocuments += path; }
 };
 
-/// A registry whose values a test has set, by their names.
+/// A registry with values that a test sets, by their names.
 struct FilledRegistry final : Registry {
     QHash<QString, QString> values;
 
@@ -102,11 +109,10 @@ struct FilledRegistry final : Registry {
     }
 };
 
-/// A picker in which the user takes `choice`, or cancels while it is empty.
+/// A picker that picks `choice` at once; it is cancelled while that is empty.
 struct AnsweredPicker final : UrlPicker {
     QByteArray choice;
 
-    [[nodiscard]] const char* obstacle() const override { return nullptr; }
     void pickUrl(const QByteArray&, std::function<void(const QByteArray& url)> picked) override
     {
         if (!choice.isEmpty())
@@ -114,10 +120,22 @@ struct AnsweredPicker final : UrlPicker {
     }
 };
 
-/// All of them, for what drives the main window to inherit.
+/// All seams with their answers; tests of windows inherit from it.
 class AnsweredSeams {
 protected:
-    [[nodiscard]] Seams seams() { return { m_messages, m_dialogs, m_shell, m_picker, m_registry }; }
+    [[nodiscard]] Seams seams(const LanguageTable& language)
+    {
+        return { language, m_messages, m_dialogs, m_shell, m_picker, m_registry };
+    }
+    /// Forgets the answers and the records of the last test.
+    void resetSeams()
+    {
+        m_messages = {};
+        m_dialogs = {};
+        m_shell = {};
+        m_picker = {};
+        m_registry = {};
+    }
 
     AnsweredMessages m_messages;
     AnsweredFileDialogs m_dialogs;

@@ -13,12 +13,12 @@
 inline QByteArrayList urlsOf(const FundListe& list)
 {
     QByteArrayList urls;
-    for (const FundKnoten* knoten = list.getStart(); knoten; knoten = knoten->naechster)
-        urls += knoten->inhalt.adresse;
+    for (const FundKnoten* node = list.getStart(); node; node = node->naechster())
+        urls += node->inhalt.adresse;
     return urls;
 }
 
-/// For what happens side by side, in no certain order.
+/// A sorted copy, for comparing what happens in no certain order.
 inline QByteArrayList sorted(QByteArrayList list)
 {
     std::sort(list.begin(), list.end());

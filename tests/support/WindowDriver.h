@@ -47,11 +47,11 @@ inline bool drop(QWidget& window, const QList<QUrl>& urls)
     return enter.isAccepted();
 }
 
-/// What a control shows for a caption; null for a control that has none.
+/// The caption that a control shows; null for a control without one.
 inline QString captionOf(const QObject* object)
 {
     if (const auto* const action = qobject_cast<const QAction*>(object))
-        return action->menu() ? QString() : action->text(); // A menu's entry is the menu.
+        return action->menu() ? QString() : action->text(); // The caption is that of the menu.
     if (const auto* const menu = qobject_cast<const QMenu*>(object))
         return menu->title();
     if (const auto* const button = qobject_cast<const QAbstractButton*>(object))
@@ -63,7 +63,7 @@ inline QString captionOf(const QObject* object)
     return {};
 }
 
-/// Whether a control is one of the window itself, not of another that it owns.
+/// Whether a control is in the window itself, and not in another window that it owns.
 inline bool isOf(const QObject* object, const QWidget& window)
 {
     for (; object; object = object->parent()) {
@@ -74,8 +74,8 @@ inline bool isOf(const QObject* object, const QWidget& window)
     return false;
 }
 
-/// What is wrong with a window's captions: keys of the table without a control, controls that show something else than
-/// their key says, and captions without a key, but for the controls named in `fixed`.
+/// The faults of a window's captions: keys without a control, captions that differ from the text of their key, and
+/// captions without a key. The controls named in `fixed` need no key.
 inline QStringList wrongCaptions(const QWidget& window, const LanguageTable& language, const QStringList& fixed)
 {
     QStringList wrong;

@@ -8,7 +8,7 @@
 void WindowFixture::initTestCase()
 {
     QGuiApplication::setApplicationName(QStringLiteral("Tarnwick"));
-    // Windows must fit the screen, whatever fonts the system has.
+    // A small font, so that every window fits the off-screen platform's screen whatever fonts the system has.
     QFont small;
     small.setPixelSize(6);
     QApplication::setFont(small);
@@ -16,9 +16,7 @@ void WindowFixture::initTestCase()
 
 void WindowFixture::init()
 {
-    m_messages = {};
-    m_dialogs = {};
-    m_shell = {};
+    resetSeams();
     m_server = std::make_unique<ScriptedServer>();
     m_folder = std::make_unique<QTemporaryDir>();
     qputenv("TARNWICK_DATA", file("data").toLocal8Bit());
@@ -36,12 +34,9 @@ void WindowFixture::start()
 {
     cleanup();
     m_session = std::make_unique<Session>();
-    m_session->cookies.setCookieFolder(file("data/Cookies"));
-    m_loaded = Settings::loadSettings(*m_session, m_folder->path());
-    m_window = std::make_unique<MainWindow>(*m_session, seams());
-    m_window->restoreState();
-    m_window->show();
-    m_window->resumeLanguage();
+    const settings::LoadResult loaded = settings::loadSettings(*m_session, m_folder->path());
+    m_window = std::make_unique<MainWindow>(*m_session, seams(m_session->language));
+    m_window->begin(loaded);
 }
 
 void WindowFixture::quit()

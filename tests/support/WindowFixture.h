@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "app/Session.h"
-#include "app/Settings.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "support/ScriptedServer.h"
 #include "support/TestSeams.h"
 #include "support/Text.h"
@@ -19,8 +19,8 @@
 
 #include <memory>
 
-/// What the tests of the main window share: a scripted server and the window of a session, in a folder of their own and
-/// new for each test. The window is driven as by a user, by the names of its controls.
+/// What the tests of the main window share: a scripted server and the window of a session with a data folder, all new
+/// for each test. Tests drive the window by the names of its controls.
 class WindowFixture : public QObject, protected AnsweredSeams {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ protected slots:
     void cleanup();
 
 protected:
-    /// A new session with the settings that are in the data folder, and its window.
+    /// Starts the program anew with the settings of the data folder.
     void start();
     /// Closes the window, which saves the settings.
     void quit();
@@ -48,9 +48,9 @@ protected:
 
     [[nodiscard]] QTableView& details() const { return the<QTableView>("l_founds_details"); }
     [[nodiscard]] QByteArray cell(int row, int column) const;
-    /// The window of the downloads; null while it has not been shown.
+    /// The download manager; null until it was shown.
     [[nodiscard]] static QMainWindow* downloadManager();
-    /// A part of the status line.
+    /// The text of a panel of the status bar, from 1.
     [[nodiscard]] QByteArray panel(int number) const;
     [[nodiscard]] DownloadSettings& downloads() const { return m_session->downloads.settings(); }
     [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
@@ -58,7 +58,6 @@ protected:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<ScriptedServer> m_server;
-    Settings::LoadResult m_loaded;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the arguments that it is started with into a file, a line each, and a last line behind them.
+// Writes its arguments into a file, a line each, and "end" as the last line.
 #include <cstdlib>
 #include <fstream>
 

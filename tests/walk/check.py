@@ -3,8 +3,8 @@
 
     check.py PATH_TO_tarnwick-cli [--seeds A-B] [--pages N]
 
-On sites made from seeds: in order on even ones, without order on odd ones. Exit status 0 only when no site shows a
-difference. Python 3.10 or later and its standard library are all it needs.
+The sites are generated from seeds. On sites with an even seed the order of the items must agree too. The exit status
+is 0 only if no site shows a difference. Needs Python 3.10 or later, without further packages.
 """
 
 import argparse
@@ -19,13 +19,13 @@ sys.dont_write_bytecode = True
 from loopback_site import Site  # noqa: E402
 from walk import PASSES, Walk, parse  # noqa: E402
 
-PATIENCE = 60  # seconds that a search may take
-SHOWN = 12  # differing lines printed a site
-KIND, REFERER = 6, 8  # fields of an item line that the timing of a search can touch
+PATIENCE = 60  # a search may take this many seconds
+SHOWN = 12  # at most this many differing lines are printed for a site
+KIND, REFERER = 6, 8  # fields of an item line that depend on the timing of a search
 
 
 def search(program, arguments):
-    """(lines, complaint) of one search, run in a home of its own; the complaint is empty when it went well."""
+    """(lines, complaint) of one search with a home folder of its own. The complaint is empty if all went well."""
     with tempfile.TemporaryDirectory() as home:
         command = [program, "search", "--format", "tsv", "--quiet", "--cookies", home, *arguments]
         surroundings = os.environ | {"HOME": home, "TARNWICK_DATA": home}
@@ -40,14 +40,15 @@ def search(program, arguments):
 
 
 def ordered_differences(walk, lines):
-    """Where order and every field are exact."""
+    """The differences on a site where the order and every field must agree."""
     sides = [[repr(line) for line in side] for side in ([item.line() for item in walk.items.values()], lines)]
     return list(unified_diff(*sides, "walk", "program", lineterm="", n=0))[2:]
 
 
 def free_differences(walk, lines):
-    """Where the timing decides who meets a URL first: one line a URL, its fields equal except kind and referring
-    page, which must be a pair by which the walk met that URL (or one that relocates to it)."""
+    """The differences on a site where the timing decides which page finds a URL first. Each URL must have one line with
+    equal fields, except for kind and referring page: these must be a pair by which the walk found the URL, or found
+    another that relocates to it."""
     origins, found, wrong = walk.origins(), {}, []
     for line in lines:
         fields = tuple(line.split(b"\t"))
@@ -65,7 +66,7 @@ def free_differences(walk, lines):
 
 
 def request_differences(walk, site, walked, searched):
-    """The same requests, apart from their number, the user agent, and which of the possible pages referred."""
+    """The differences in the requests, apart from their number, the user agent, and the choice of a referring page."""
     def taken_apart(requests):
         texts, referers = set(), set()
         for request in requests:
@@ -83,7 +84,7 @@ def request_differences(walk, site, walked, searched):
 
 
 def random_arguments(rng, site):
-    """Options of a search on the site, as the command line spells them; most let a good part of it be found."""
+    """Random command-line options of a search on the site. With most of them a good part of the site is found."""
     host = f"127.0.0.1:{site.port}"
     layers = [f"http://{host}/l{depth}/" for depth in range(1, 6)]
     corners = [f"{host}/l{rng.randint(1, 6)}/d/x.html", f"{host}/l{rng.randint(1, 20)}/n{rng.randint(1, 60)}/",
@@ -105,7 +106,7 @@ def random_arguments(rng, site):
 
 
 def check_seed(program, seed, pages):
-    """(items, differences) of one made site; what differs is printed."""
+    """(number of items, number of differences) of one generated site. Prints the differences."""
     with Site(seed, pages) as site:
         arguments = random_arguments(random.Random(-1 - seed), site)
         walk = Walk(parse(arguments), PATIENCE).run()

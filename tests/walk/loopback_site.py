@@ -1,19 +1,19 @@
-"""A web site made from a seed, served on 127.0.0.1 as a hostile or careless server would.
+"""A web site generated from a seed, served on 127.0.0.1 the way a hostile or careless server would.
 
-Every target has one fixed answer, so two visitors are told the same. The site does not know the rules of
-extraction: it only sees to it that no timing of two connections can change what a visitor should find.
+Every target has one fixed answer, so all visitors get the same. The site does not know the rules by which references
+are found. It only guarantees that the timing of two connections does not change the items that a visitor should find.
 
-A site is a sequence of layers. The start page is layer 0; the pages of a layer refer to *entries* of the next
-layer, which are pages or the heads of relocation chains that lead to a page of the same layer. So every URL
-has the same depth on every way to it. Besides, each page holds odd references in all spellings. A value among
-them is the page's own (it carries a unique name), or local to its layer, or already known (the page itself,
-the start page, the shared ones that the first page holds in every kind): none can meet a URL of another layer.
-Whatever no layer planned is answered by a *leaf*, which never adds anything to the list.
+A site is a sequence of layers. The start page is layer 0. The pages of a layer refer to *entries* of the next layer:
+pages, or the heads of relocation chains that lead to a page of the same layer. So a URL has the same depth on every
+way to it. Each page also has odd references in all spellings. Their values are unique to the page, or local to its
+layer, or known already (the page itself, the start page, the shared values that the first page has in every kind), so
+none equals a URL of another layer. Any other target is answered by a *leaf*, which never adds to the list.
 
-- A chain site (even seeds) has one entry a layer. Of all that waits at any time, only one item can add to the
-  list, so even the order of the list is exact.
-- A free site (odd seeds) has wide layers and relocations that vanish or leave the site. Its items are a set:
-  depth and all that the server says are exact; kind and referring page depend on who met the URL first.
+- A chain site (even seeds) has one entry in each layer. At any time only one waiting item can add to the list, so even
+  the order of the list is fixed.
+- A free site (odd seeds) has wide layers, and relocations that lead nowhere or leave the site. Its items are a set:
+  the depth and everything that the server says are fixed; kind and referring page depend on which page found the URL
+  first.
 """
 
 import random
@@ -45,7 +45,7 @@ ODD = PLAIN + (
     b'<TAG ATTR="VALUE" onclick="a>b">', b"</TAG ATTR='VALUE'>", b'<TAG ATTR =\r\n"VALUE">', b"<", b"=\"VALUE\" >",
     b'<TAG ATTR="VALUEcase"><TAG ATTR="VALUECase">', b'<TAG ATTR="VALUE\t."><TAG ATTR="VALUE%09.">')
 
-# Where an attribute occurs no more, its value is sought at the 4th, 5th or 7th character of the page.
+# If no such attribute follows, its value is looked for at the 4th, 5th or 7th character of the page.
 HEADS = (b"", b"", b"<html><body>\n", b'    ="VALUE"', b"   = 'VALUE'", b'      =   "VALUE"', b'xxx="a>VALUE"',
          b"xxxx='VALUE'", b'<a  ="VALUE">', b'<img   ="VALUE">', b'"""=\'VALUE\'', b'      = "VALUE')
 TAILS = (b"", b"</body></html>\n", b"<", b"<<", b"<a ", b"<a x>", b"<link x><a x><frame x><img x><form x>", b"<a href",
@@ -111,14 +111,14 @@ class Answer(NamedTuple):
 
 
 def header_of(rng, status, types, extra=b""):
-    """A header without its empty line; a blank always follows the status number, which otherwise ends nowhere."""
+    """A header without its empty line. A blank always follows the status number, which would otherwise have no end."""
     fields = [rng.choice(table) for table in (types, LENGTHS, LANGUAGES, EXTRAS)]
     rng.shuffle(fields)
     return b"\r\n".join([rng.choice(status), *([extra] if extra else []), *fields, b"Date: no date"])
 
 
 def leaf(rng):
-    """Any answer that adds nothing to a list: of any type, whole or broken at any place of its header."""
+    """An answer that adds nothing to a list: of any type, whole or cut anywhere in its header."""
     header = header_of(rng, PAGE_STATUS, HTML_TYPES + OTHER_TYPES)
     if rng.random() < 0.02:
         header += b"\r\nX-Pad: " + b"x" * rng.choice((LARGE, HUGE))
@@ -133,7 +133,7 @@ def leaf(rng):
 
 
 class Site:
-    """The site of one seed; serves from its making until closed, and keeps the requests that came."""
+    """The site of one seed. It serves from its construction until it is closed, and keeps the requests."""
 
     def __init__(self, seed, pages=60):
         self.seed, self.chain = seed, seed % 2 == 0
@@ -163,7 +163,7 @@ class Site:
     # ---- the plan
 
     def _layers(self, pages):
-        """Per layer its pages, its relocations (from, to or a ready Location) and the entries that lead in."""
+        """For each layer: its pages, its relocations (from, to or a whole Location) and its entries."""
         widths = [1] * pages if self.chain else [1, *[max(pages // 5, 1)] * 5]
         layers = [self._layer(depth, width) for depth, width in enumerate(widths)]
         if self.chain:
@@ -190,14 +190,14 @@ class Site:
         return self.rng.choice(PATHS) % (depth, self._number())
 
     def _route(self, page):
-        """A chain of relocations to the page, some longer than any visitor follows, or a ring of two."""
+        """A chain of relocations to the page, or a ring of two. Some chains are longer than any visitor follows."""
         home = page[:page.rfind(b"/") + 1]
         length = self.rng.choice((0, 1, 1, 2, 3, 18, 19, 20, 25))
         names = [home + b"go%d" % self._number() for _ in range(length or 2)]
         return list(zip(names, names[1:] + ([page] if length else names[:1])))
 
     def _departures(self, depth, count):
-        """Relocations to where nothing more is found: known URLs, no URL, other protocols, themselves."""
+        """Relocations that add nothing: to known URLs, to no URL, to other protocols, to themselves."""
         heads = [b"/l%d/m%d/go" % (depth, self._number()) for _ in range(count)]
         moves = []
         for head in heads:
@@ -245,11 +245,11 @@ class Site:
         return form.replace(b"VALUE", self._filled(value))
 
     def _shared(self, depth):
-        """What many pages may hold is known from the first one on, whichever kinds are followed."""
+        """References that many pages share. The first page has each in every kind, so all are known from then on."""
         return [self._snippet([tag], PLAIN, value) for value in SHARED for tag in TAGS] if depth == 0 else []
 
     def _body(self, page, entries, snippets, heads, tails):
-        """A page with references to some entries, spelled in some of the ways that lead there."""
+        """A page with references to some entries, in random spellings."""
         for entry in entries if page == b"/" else self.rng.sample(entries, min(len(entries), 4)):
             for tag in self.rng.sample(TAGS, 3 if self.chain else 2):
                 snippets.append(self._snippet([tag], PLAIN, self.rng.choice(self._spellings(page, entry))))
@@ -259,7 +259,7 @@ class Site:
         return head + gap.join(snippets) + self.rng.choice(tails)
 
     def _spellings(self, base, target):
-        """References that lead from one path to the other; with a colon in it, only the absolute one does."""
+        """References that lead from one path to the other. To a target with a colon only the absolute one does."""
         ways = [self.origin + target]
         if b":" not in target:
             directory = base[:base.rfind(b"/") + 1]
@@ -282,7 +282,7 @@ class Site:
                 try:
                     self._converse(connection)
                 except OSError:
-                    pass  # the visitor has heard enough
+                    pass  # the visitor has closed the connection
 
     def _converse(self, connection):
         connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
@@ -302,7 +302,7 @@ class Site:
 
 
 def pieces(answer):
-    """The answer as it is sent: at once, cut around the end of its header, or that header byte for byte."""
+    """The pieces in which the answer is sent: a single one, cuts around the header's end, or the header byte by byte."""
     data = answer.data
     end = data.find(b"\r\n\r\n") + 4
     if answer.manner == "split":

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """A second, independent walk of a web site by the rules of a search.
 
-It shares no line and no idea with the program that it judges: one fetch at a time, plain sockets, plain
-bytes. It prints one line per found item, in the order found, with the nine fields of an item line.
+It shares no code and no design with the program that it checks: it makes one fetch at a time, over plain sockets. It
+prints one line for each item, in the order found, with the nine fields of an item line.
 """
 
 import argparse
@@ -19,7 +19,7 @@ CHAIN_ANSWERS = 20  # the answer with this number ends a relocation chain, whate
 RELOCATIONS = (301, 302, 307)
 WAITING, LOADED, HEADER_ONLY, FAILED = 0, 3, 4, 5
 
-# switch, tag text, attribute text, recorded kind: in the order in which a page is searched
+# switch, tag text, attribute text, recorded kind; a page is searched in this order
 PASSES = (
     ("anchors", b"<a ", b" href", 1),
     ("links", b"<link ", b" href", 2),
@@ -33,13 +33,13 @@ PASSES = (
 # ---- texts and numbers
 
 def read_number(text):
-    """The whole number that a text begins with, halves rounded to even; 0 when it begins with none."""
+    """The number at the beginning of a text, as a whole number, halves rounded to even; 0 without a number."""
     match = re.match(rb" *([+-]?(?:\d+\.?\d*|\.\d+))", text)
     return round(Decimal(match[1].decode())) if match else 0
 
 
 def escape(text):
-    """One item is one line: the characters that would break a line or a field are percent-encoded."""
+    """Percent-encodes the characters that would break a line or a field, so that one item is one line."""
     for raw, encoded in ((b"\t", b"%09"), (b"\r", b"%0D"), (b"\n", b"%0A"), (b"\0", b"%00")):
         text = text.replace(raw, encoded)
     return text
@@ -48,18 +48,18 @@ def escape(text):
 # ---- URLs: text searches that compare exactly; nothing is decoded, lower-cased or tidied
 
 def protocol_of(url):
-    """What stands before the first colon; nothing without a colon."""
+    """The text before the first colon; empty without a colon."""
     return url[:max(url.find(b":"), 0)]
 
 
 def authority_start(url):
-    """Where the host begins: behind the first "//", or at the start."""
+    """The start of the host: after the first "//", or at the beginning."""
     slashes = url.find(b"//")
     return slashes + 2 if slashes >= 0 else 0
 
 
 def host_of(url):
-    """Up to the next colon, wherever it stands, else up to the next slash, else all."""
+    """The host ends at the next colon, anywhere in the URL, else at the next slash, else at the end."""
     start = authority_start(url)
     for end in (url.find(b":", start), url.find(b"/", start)):
         if end >= 0:
@@ -68,7 +68,7 @@ def host_of(url):
 
 
 def port_of(url):
-    """The number behind the host's colon; 80 without a colon, 0 when the colon belongs to the path."""
+    """The number after the host's colon; 80 without a colon, 0 if the colon belongs to the path."""
     start = authority_start(url)
     colon, slash = url.find(b":", start), url.find(b"/", start)
     if colon < 0:
@@ -80,20 +80,20 @@ def port_of(url):
 
 
 def path_of(url):
-    """From the first slash behind "://" to the end, query and fragment included; "/" without one."""
+    """From the first slash after "://" to the end, with query and fragment; "/" without a slash."""
     colon = url.find(b":")
     slash = url.find(b"/", colon + 3 if colon >= 0 else 0)
     return url[slash:] if slash >= 0 else b"/"
 
 
 def directory_of(url):
-    """The path up to its last slash, be it one of the query."""
+    """The path up to its last slash, even one in the query."""
     path = path_of(url)
     return path[:path.rfind(b"/") + 1]
 
 
 def leading_directories(path, count):
-    """The path up to the slash behind its first `count` directories, or up to its last slash."""
+    """The path up to the slash after its first `count` directories, or up to its last slash."""
     end = path.find(b"/") + 1
     for _ in range(count):
         slash = path.find(b"/", end)
@@ -113,7 +113,7 @@ def parent_of(url):
 
 
 def resolve(base, reference):
-    """The absolute URL of a reference. Whatever holds a colon counts as absolute; dots act at the start only."""
+    """The absolute URL of a reference. A reference with a colon counts as absolute. Dots count at the start only."""
     while True:
         if b":" in reference:
             return reference
@@ -146,7 +146,7 @@ def sub_url(url, level):
 
 
 def limit_entry(typed):
-    """(sub-URL, level) of a typed limit: a bare host takes in every port, anything more is a directory."""
+    """(sub-URL, level) of a typed limit. A bare host means the host on every port, anything longer a directory."""
     url = typed if b"://" in typed else b"http://" + typed
     host = host_of(url)
     bare = authority_start(url) + len(host) == len(url)
@@ -155,14 +155,14 @@ def limit_entry(typed):
 
 
 def completed_start(typed):
-    """The start URL with its protocol in front; None when no search can start there."""
+    """The start URL with its protocol; None if no search can start there."""
     url = typed if typed.startswith(b"http://") else b"http://" + typed
     host = host_of(url)
     return url if host and not host.startswith(b".") and not host.endswith(b".") else None
 
 
 def recorded_form(url):
-    """How a URL stands in the list: host and port always written; None for a URL without a host."""
+    """The form in which the list keeps a URL, always with host and port; None for a URL without a host."""
     host = host_of(url)
     return escape(b"%s://%s:%d%s" % (protocol_of(url), host, port_of(url), path_of(url))) if host else None
 
@@ -170,7 +170,7 @@ def recorded_form(url):
 # ---- the exchange
 
 def request_text(url, referer):
-    """The four fixed lines and, when there is a referring page, its line. The host goes without its port."""
+    """The four fixed lines and, if there is a referring page, its line. The Host line has no port."""
     lines = [b"GET %s HTTP/1.1" % path_of(url), b"Host: " + host_of(url), b"Accept: */*", b"Connection: close"]
     if referer:
         lines.append(b"Referer: " + referer)
@@ -178,7 +178,7 @@ def request_text(url, referer):
 
 
 def field(header, name, end, absent=b""):
-    """The value behind the first `name: ` anywhere in the header, in any case, up to `end`."""
+    """The value after the first `name: ` anywhere in the header, in any case, up to `end`."""
     mark = name.lower() + b": "
     at = header.lower().find(mark)
     if at < 0:
@@ -188,7 +188,7 @@ def field(header, name, end, absent=b""):
 
 
 def status_of(header):
-    """The number between the first two blanks behind "HTTP/1"; 0 where that text does not occur."""
+    """The number between the first two blanks after "HTTP/1"; 0 without that text."""
     version = header.find(b"HTTP/1")
     if version < 0:
         return 0
@@ -210,7 +210,7 @@ def connect(url, patience):
 
 
 def receive_header(connection):
-    """(header, what has come of the body); (None, ...) when the server closes or babbles before its end."""
+    """(header, first part of the body); (None, ...) if the server closes before the header ends, or never ends it."""
     received = b""
     while (end := received.find(b"\r\n\r\n")) < 0 and len(received) <= HEADER_LIMIT:
         data = connection.recv(65536)
@@ -230,7 +230,7 @@ def receive_rest(connection):
 # ---- the page
 
 def value_at(body, position, tag_end):
-    """The quoted value behind the attribute name that ends at `position`, if it closes before the tag does.
+    """The quoted value after the attribute name that ends at `position`, if its closing quote is inside of the tag.
 
     Only blanks may stand around the "="; only quoted values count.
     """
@@ -253,9 +253,9 @@ def value_at(body, position, tag_end):
 def values(body, tag, attribute):
     """The attribute values of all tags of one name, in the order of the page.
 
-    The attribute is looked for behind the tag without a bound. Where it does not occur any more, the place
-    of its end counts from the start of the page: find's -1 plus its length is exactly that place. A missing
-    ">" is -1 too, before everything.
+    The attribute is searched from the tag to the end of the page, not only inside of the tag. If it does not occur any
+    more, its end counts from the start of the page: find returns -1, and -1 plus its length is that position. A missing
+    ">" is -1 too, which is before everything.
     """
     lower = body.lower()
     at = lower.find(tag)
@@ -302,7 +302,7 @@ class Item:
 
 
 class Walk:
-    """Found items by URL in the order found, and by which (kind, referer) each URL was met at all."""
+    """The items by URL, in the order found, and for each URL all pairs (kind, referer) by which it was found."""
 
     def __init__(self, options, patience=None):
         self.options = options
@@ -313,8 +313,8 @@ class Walk:
         self.moves = set()
 
     def run(self):
-        """Fetch in the order found. All before the queue's head is done, so a restart at the list's head,
-        which follows a relocation, comes to the same item."""
+        """Fetches the items in the order found. All items before the queue's head are done. So a restart at the list's
+        head, which the program makes after a relocation, would lead to the same item."""
         self.record(self.options.start, 0, self.options.referer, 0)
         while self.queue:
             item = self.queue.popleft()
@@ -323,8 +323,8 @@ class Walk:
         return self
 
     def record(self, url, depth, referer, kind, hops=0):
-        """Append the URL unless the list holds it, and return its recorded form. A relocated item has left
-        the list, so its URL can be found again."""
+        """Appends the URL unless it is in the list, and returns its recorded form. A relocated item has left the list,
+        so its URL can be found again."""
         url = recorded_form(url)
         if url is None:
             return None
@@ -335,7 +335,7 @@ class Walk:
         return url
 
     def wanted(self, url):
-        """Inside at least one of the limits to stay inside of, outside all of those to stay outside of."""
+        """Whether the URL is inside at least one of the `inside` limits, or outside all of the `outside` limits."""
         def matches(entries):
             return any(sub_url(url, level) == text for text, level in entries)
         if self.options.inside is not None:
@@ -354,7 +354,7 @@ class Walk:
                 self.analyse(item, body)
 
     def take_answer(self, item, connection):
-        """Enter what the header says, and return the body where it is to be read."""
+        """Enters the fields of the header into the item. Returns the body if it is to be analysed."""
         header, begun = receive_header(connection)
         if header is None:
             item.state = FAILED
@@ -371,7 +371,7 @@ class Walk:
         return begun + receive_rest(connection) if item.state == LOADED else b""
 
     def relocate(self, item, location):
-        """The new place is recorded as the old one was, without regard to limits; the old one leaves the list."""
+        """Records the target like the old URL, without a test of the limits, and drops the old URL from the list."""
         target = self.record(resolve(item.url, location), item.depth, item.referer, item.kind, item.hops + 1)
         self.moves.add((item.url, target))
         del self.items[item.url]
@@ -386,8 +386,8 @@ class Walk:
                         self.record(url, page.depth + 1, page.url, kind)
 
     def origins(self):
-        """By which (kind, referer) each URL can have been recorded first, whatever the timing of the fetches:
-        all by which it was met, and those of every URL that relocates to it."""
+        """For each URL all pairs (kind, referer) by which it can have been recorded first, depending on the timing: the
+        pairs by which it was found, and those of every URL that relocates to it."""
         origins = {url: set(pairs) for url, pairs in self.met.items()}
         grown = True
         while grown:
@@ -400,7 +400,7 @@ class Walk:
 
 
 def parse(arguments):
-    """The options of a search as the console program spells them; ends the program when they are unusable."""
+    """Parses the search options of the console program. Unusable options end the program."""
     parser = argparse.ArgumentParser(description="Walk a web site one fetch at a time and print the found items.")
     parser.add_argument("start", metavar="START_URL", type=os.fsencode)
     parser.add_argument("--depth", type=int)

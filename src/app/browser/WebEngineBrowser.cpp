@@ -10,13 +10,13 @@
 
 namespace {
 
-/// What can be on the web; a page's own pieces have other protocols.
+/// Whether a URL is one of the web. Parts of a page can have others, such as data URLs.
 bool isOfTheWeb(const QUrl& url)
 {
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-/// A window that a page wants opened: as soon as it is told where to go, the page goes there itself.
+/// Stands in for a new window that a page asks for: its first navigation is done by the page itself.
 class Detour final : public QWebEnginePage {
 public:
     Detour(QWebEngineProfile* profile, QuietPage* page)
@@ -28,8 +28,10 @@ public:
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType, bool) override
     {
-        if (isOfTheWeb(url))
+        if (isOfTheWeb(url)) {
+            emit m_page->linkFollowed();
             m_page->load(url);
+        }
         deleteLater();
         return false;
     }
@@ -40,8 +42,10 @@ private:
 
 } // namespace
 
-bool QuietPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame)
+bool QuietPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame)
 {
+    if (isMainFrame && (type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted))
+        emit linkFollowed();
     return !isMainFrame || isOfTheWeb(url) || url == QUrl(QStringLiteral("about:blank"));
 }
 
@@ -85,12 +89,12 @@ WebEngineBrowser::WebEngineBrowser()
     settings.setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
     settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
     m_view->setPage(m_page);
-    m_view->setContextMenuPolicy(Qt::NoContextMenu); // it would offer to save, and new windows
+    m_view->setContextMenuPolicy(Qt::NoContextMenu); // The menu would offer saving and new windows.
 }
 
 WebEngineBrowser::~WebEngineBrowser()
 {
-    // The page goes before its profile, and the view may be gone already.
+    // The page must go before its profile. The view may have been deleted by its window.
     delete m_page;
 }
 
@@ -112,25 +116,22 @@ void WebEngineBrowser::clear()
 
 void WebEngineBrowser::onNavigated(std::function<void(const QByteArray& url)> navigated)
 {
-    const auto tell = [this, navigated = std::move(navigated)] {
-        if (isOfTheWeb(m_page->url()))
-            navigated(m_page->url().toEncoded());
-    };
-    connect(m_page, &QWebEnginePage::loadFinished, this, [tell](bool shown) {
-        if (shown)
-            tell();
+    // The page's URL changes when a navigation is committed, long before the last picture is loaded.
+    connect(m_page, &QWebEnginePage::urlChanged, this, [navigated = std::move(navigated)](const QUrl& url) {
+        if (isOfTheWeb(url))
+            navigated(url.toEncoded());
     });
-    // Places within a page, and pages that a script makes of it, are not loaded.
-    connect(m_page, &QWebEnginePage::urlChanged, this, [this, tell] {
-        if (!m_page->isLoading())
-            tell();
-    });
+}
+
+void WebEngineBrowser::onLinkFollowed(std::function<void()> followed)
+{
+    connect(m_page, &QuietPage::linkFollowed, this, std::move(followed));
 }
 
 Browser* WebEngineBrowserFactory::create()
 {
-    // Pages are drawn without the graphics card: they are only looked at for their address, and everything that it
-    // would need must be there when the program starts.
+    // Draw pages without the graphics card. Its libraries would have to be set up before the program starts, and users
+    // look at a page here only to take its address.
     QtWebEngineQuick::initialize();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --disable-gpu");

@@ -9,16 +9,20 @@
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 
-/// A page that keeps to itself: it stays in its view, asks nothing and shows no boxes.
+/// A page that cannot leave its view: no new windows, no file dialogs, no message boxes, no console output.
 class QuietPage final : public QWebEnginePage {
     Q_OBJECT
 
 public:
     using QWebEnginePage::QWebEnginePage;
 
+signals:
+    /// The user follows a link or sends a form.
+    void linkFollowed();
+
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
-    /// What would open in a new window opens in this page.
+    /// A link that asks for a new window opens in this page.
     QWebEnginePage* createWindow(WebWindowType type) override;
     QStringList chooseFiles(FileSelectionMode mode, const QStringList& old, const QStringList& types) override;
     void javaScriptAlert(const QUrl& origin, const QString& message) override;
@@ -37,12 +41,14 @@ public:
     ~WebEngineBrowser() override;
 
     [[nodiscard]] QWidget* widget() override;
+    [[nodiscard]] bool isEmbedded() const override { return true; }
     void navigate(const QByteArray& url) override;
     void clear() override;
     void onNavigated(std::function<void(const QByteArray& url)> navigated) override;
+    void onLinkFollowed(std::function<void()> followed) override;
 
 private:
-    QWebEngineProfile m_profile; ///< without a name, and so without a place on the disk
+    QWebEngineProfile m_profile; ///< A profile without a name keeps nothing on the disk.
     QPointer<QWebEngineView> m_view;
     QuietPage* m_page;
 };

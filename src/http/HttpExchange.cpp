@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "http/HttpExchange.h"
+
+#include "base/allgemein.h"
+#include "http/httpHeader.h"
+
+#include <QEvent>
+#include <QNetworkProxy>
+#include <QSocketNotifier>
+
+#include <algorithm>
+
+HttpExchange::HttpExchange(const WebRules& rules, QObject* parent)
+    : QObject(parent)
+    , m_rules(rules)
+{
+    m_silence.setSingleShot(true);
+    connect(&m_silence, &QTimer::timeout, this, &HttpExchange::onSilence);
+    m_socket.setProxy(QNetworkProxy::NoProxy);
+    m_socket.setReadBufferSize(readAhead);
+    m_socket.installEventFilter(this);
+    connect(&m_socket, &QTcpSocket::connected, this, [this] {
+        listen();
+        emit connected();
+    });
+    connect(&m_socket, &QTcpSocket::readyRead, this, &HttpExchange::readAvailable);
+    connect(&m_socket, &QTcpSocket::disconnected, this, &HttpExchange::onDisconnected);
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, &HttpExchange::onError);
+}
+
+HttpExchange::~HttpExchange()
+{
+    // The socket's destructor emits signals, whose slots use members that would be gone by then.
+    abort();
+}
+
+void HttpExchange::start(const QByteArray& host, qint32 port)
+{
+    QTimer::singleShot(0, this, [this, host, port] { connectTo(host, port); });
+}
+
+void HttpExchange::connectTo(const QByteArray& host, qint32 port)
+{
+    if (m_ended)
+        return;
+    if (port < 1 || port > 65535) {
+        fail({ ExchangeFailure::BadPort, port });
+        return;
+    }
+    listen();
+    m_socket.connectToHost(allgemein::fromSystem(host), static_cast<quint16>(port));
+}
+
+void HttpExchange::watchTries()
+{
+    for (QSocketNotifier* const notifier : m_socket.findChildren<QSocketNotifier*>())
+        notifier->installEventFilter(this);
+}
+
+bool HttpExchange::eventFilter(QObject* watched, QEvent* event)
+{
+    // For each address of a host the socket creates an engine as its child, which creates its notifiers a little later.
+    if (watched == &m_socket && event->type() == QEvent::ChildAdded)
+        QMetaObject::invokeMethod(this, &HttpExchange::watchTries, Qt::QueuedConnection);
+    if (event->type() != QEvent::SockAct || m_socket.state() != QAbstractSocket::ConnectingState)
+        return false;
+    // The socket library tries again when a connection is reset before it is established. A server that resets every
+    // attempt would keep it trying for a minute.
+    if (++m_tries == mostTries)
+        QTimer::singleShot(0, this, &HttpExchange::endAsClosed);
+    return m_tries >= mostTries;
+}
+
+void HttpExchange::endAsClosed()
+{
+    if (m_ended)
+        return;
+    abort();
+    emit closed();
+}
+
+void HttpExchange::fail(const ExchangeFailure& failure)
+{
+    if (m_ended)
+        return;
+    abort();
+    emit failed(failure);
+}
+
+void HttpExchange::listen()
+{
+    const bool isBodyWhole = m_announced && *m_announced >= 0 && m_received >= *m_announced;
+    std::chrono::seconds limit = m_rules.silenceLimit;
+    if (isBodyWhole)
+        limit = limit.count() > 0 ? std::min(limit, graceAfterBody) : graceAfterBody;
+    if (limit.count() > 0)
+        m_silence.start(limit);
+}
+
+void HttpExchange::onSilence()
+{
+    if (m_announced)
+        endAsClosed();
+    else
+        fail({ ExchangeFailure::Silence, static_cast<int>(m_rules.silenceLimit.count()) });
+}
+
+void HttpExchange::send(const QByteArray& request)
+{
+    m_socket.write(request);
+}
+
+void HttpExchange::abort()
+{
+    m_ended = true;
+    m_silence.stop();
+    m_socket.abort();
+}
+
+void HttpExchange::readAvailable()
+{
+    // `read` allocates as many bytes as it is asked for, so ask for no more than there are.
+    while (!m_ended && m_socket.bytesAvailable() > 0)
+        handOn(m_answer.take(m_socket.read(qMin(readAhead, m_socket.bytesAvailable()))));
+}
+
+void HttpExchange::handOn(const AnswerSplitter::Parts& parts)
+{
+    if (parts.headerIsTooLong) {
+        endAsClosed();
+        return;
+    }
+    if (!parts.header.isEmpty())
+        m_announced = httpHeader::contentLength(parts.header);
+    m_received += parts.body.size();
+    listen();
+    if (!parts.header.isEmpty())
+        emit headerArrived(parts.header);
+    if (!m_ended && !parts.body.isEmpty())
+        emit bodyArrived(parts.body);
+}
+
+void HttpExchange::onDisconnected()
+{
+    readAvailable();
+    endAsClosed();
+}
+
+void HttpExchange::onError(QAbstractSocket::SocketError error)
+{
+    // Read first: after a failed write the socket drops what has arrived.
+    readAvailable();
+    // The remote side closing the connection is no failure: `disconnected` follows.
+    if (error != QAbstractSocket::RemoteHostClosedError)
+        fail({ ExchangeFailure::System, error, m_socket.errorString() });
+}

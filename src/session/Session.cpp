@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session/Session.h"
+
+#include "base/Platform.h"
+#include "base/folders.h"
+
+#include <QDir>
+
+Session::Session()
+    : requestProfile(requestPrefs, cookies)
+    , search(foundItems, requestProfile, web)
+    , downloads(requestProfile, web)
+{
+    // Easier to change than the greatest number, and deeper than nearly every search.
+    filter.depth.max = 99;
+    downloads.settings().target = allgemein::withTrailingSeparator(platform::defaultDownloadFolder());
+}
+
+void Session::setFollowRelocation(bool on)
+{
+    search.setFollowRelocation(on);
+    downloads.settings().followRelocation = on;
+}
+
+QString Session::cookieFolder(const QString& chosen)
+{
+    return chosen.isEmpty() ? allgemein::dataFolder() + QLatin1String("Cookies") : QDir(chosen).absolutePath();
+}
