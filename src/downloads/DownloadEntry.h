@@ -2,6 +2,7 @@
 #pragma once
 
 #include "downloads/WrittenFile.h"
+#include "http/HttpExchange.h"
 
 #include <QByteArray>
 #include <QString>
@@ -52,7 +53,7 @@ struct DownloadEntry {
     std::optional<qint64> received; ///< bytes of the body; set when the body begins
     qint64 size = -1; ///< in bytes; -1 when unknown
     int httpStatus = 0; ///< of the last answer; 0 without one
-    QString failureDetail; ///< the system's words for a network failure; may be empty
+    std::optional<ExchangeFailure> failure; ///< of the network, in the last transfer
     QString target; ///< full path of the file; empty until it is created
     std::optional<WrittenFile> written; ///< by the last transfer that created a file
 };

@@ -22,7 +22,7 @@ Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, Reque
     connect(&m_exchange, &HttpExchange::headerArrived, this, &Transfer::onHeader);
     connect(&m_exchange, &HttpExchange::bodyArrived, this, &Transfer::onBody);
     connect(&m_exchange, &HttpExchange::failed, this, [this](const auto& failure) {
-        m_entry.failureDetail = failure.description;
+        m_entry.failure = failure;
         fail(DownloadStatus::NetError);
     });
     connect(&m_exchange, &HttpExchange::closed, this, &Transfer::onClosed);
@@ -32,7 +32,7 @@ void Transfer::start()
 {
     m_entry.tag = DownloadTag::Running;
     m_entry.httpStatus = 0;
-    m_entry.failureDetail.clear();
+    m_entry.failure.reset();
     m_clock.start();
     m_exchange.start(url::hostOf(m_entry.url).toByteArray(), url::portOf(m_entry.url));
 }

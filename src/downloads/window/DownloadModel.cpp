@@ -91,7 +91,7 @@ QVariant DownloadModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(index.row(), index.column());
     case Qt::ToolTipRole:
-        return captions::toolTip(text(index.row(), index.column() == Filename ? Url : index.column()));
+        return captions::toolTip(toolTip(index.row(), index.column()));
     case Qt::TextAlignmentRole:
         return isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case percentRole:
@@ -133,6 +133,13 @@ QString DownloadModel::text(int row, int column) const
     default:
         return {};
     }
+}
+
+QString DownloadModel::toolTip(int row, int column) const
+{
+    if (column == Status)
+        return entryText::reason(m_queue.entryAt(row), m_language);
+    return text(row, column == Filename ? int { Url } : column);
 }
 
 QVariant DownloadModel::percent(int row) const

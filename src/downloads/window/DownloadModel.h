@@ -33,6 +33,8 @@ public:
 private:
     void notifyViews();
     [[nodiscard]] QString text(int row, int column) const;
+    /// As the cell, with more where there is more to tell.
+    [[nodiscard]] QString toolTip(int row, int column) const;
     [[nodiscard]] QVariant percent(int row) const;
 
     const DownloadQueue& m_queue;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/lang.h"
+#include "base/window/Captions.h"
 #include "base/window/ColumnsTable.h"
 #include "base/window/zahlenEingabe.h"
 #include "downloads/DownloadQueue.h"
@@ -29,6 +30,8 @@ private slots:
     void init();
     void cleanup();
     void showsEachDownload();
+    void tellsWhyADownloadHasFailed_data();
+    void tellsWhyADownloadHasFailed();
     void commandsWorkOnSelectedRows();
     void asksForTheMaximum_data();
     void asksForTheMaximum();
@@ -71,6 +74,7 @@ private:
 void tst_DLManager::init()
 {
     resetSeams();
+    m_web = {};
     m_language.selectBuiltIn(LanguageTable::English);
     m_server = std::make_unique<ScriptedServer>();
     m_server->script("/f.zip", { { "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nabcd" } });
@@ -111,6 +115,25 @@ void tst_DLManager::showsEachDownload()
     QCOMPARE(cell(0, DownloadModel::Progress), "1.00");
     m_language.selectBuiltIn(LanguageTable::German);
     QCOMPARE(cell(0, DownloadModel::Status), "Fertig");
+}
+
+void tst_DLManager::tellsWhyADownloadHasFailed_data()
+{
+    const auto row = table<QByteArray, QString>("url", "reason");
+    row("refused", "http://127.0.0.1:1/x", QStringLiteral("Network failure: Connection refused"));
+    row("a bad port", "http://127.0.0.1:99999/x", QStringLiteral("Network failure: Port 99999 is out of range"));
+    row("silence", {}, QStringLiteral("Network failure: No byte came for 1 s"));
+}
+
+void tst_DLManager::tellsWhyADownloadHasFailed()
+{
+    QFETCH(QByteArray, url);
+    m_server->script("/silent", { {}, Afterwards::Stall });
+    m_web.silenceLimit = std::chrono::seconds(url.isEmpty() ? 1 : 0);
+    m_queue->addDL(url.isEmpty() ? m_server->origin() + "/silent" : url, -1, {});
+    QTRY_COMPARE(cell(0, DownloadModel::Status), "Network failure");
+    QFETCH(QString, reason);
+    QCOMPARE(rows().index(0, DownloadModel::Status).data(Qt::ToolTipRole).toString(), captions::toolTip(reason));
 }
 
 void tst_DLManager::commandsWorkOnSelectedRows()
