@@ -69,7 +69,7 @@ void ConsoleSearch::tellNotes() const
         return;
     const LanguageTable& language = m_session.language;
     const auto note = [&](const QString& text) {
-        complain(language.text("lang.note") + QLatin1String(": ") + text);
+        complain(language.labelled(language.text("lang.note"), text));
     };
     if (m_arguments.unlimited)
         note(language.text("lang.warnNoSearchLimit"));
@@ -111,10 +111,11 @@ void ConsoleSearch::showProgress(const FundKnoten* node)
     if (!m_progress.isDue())
         return;
     const LanguageTable& language = m_session.language;
+    const QString found =
+        language.labelled(language.text("lang.searchFoundUrls"), QString::number(m_session.foundItems.getAnzahl()));
     m_progress.show(
-        QStringLiteral("%1  %2: %3  %4")
-            .arg(language.text("lang.search_searching"), language.text("lang.searchFoundUrls"),
-                QString::number(m_session.foundItems.getAnzahl()), allgemein::fromSystem(node->inhalt.adresse)));
+        QStringLiteral("%1  %2  %3")
+            .arg(language.text("lang.search_searching"), found, allgemein::fromSystem(node->inhalt.adresse)));
 }
 
 bool ConsoleSearch::save() const
@@ -124,9 +125,9 @@ bool ConsoleSearch::save() const
     const auto error =
         searchFile::save(m_arguments.saveTo, m_session.searchOptions, m_session.requestPrefs, m_session.foundItems);
     if (error) {
-        complain(QStringLiteral("%1: %2: %3")
-                     .arg(m_arguments.saveTo, m_session.language.text("lang.errWhileSavingFile"),
-                         error->text(m_session.language)));
+        const LanguageTable& language = m_session.language;
+        const QString reason = language.labelled(language.text("lang.errWhileSavingFile"), error->text(language));
+        complain(QStringLiteral("%1: %2").arg(m_arguments.saveTo, reason));
     }
     return !error;
 }

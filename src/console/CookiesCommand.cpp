@@ -12,6 +12,7 @@
 #include <QIODevice>
 
 #include <limits>
+#include <numeric>
 
 namespace {
 
@@ -42,14 +43,22 @@ int show(const CommandLine& line)
     return print(header.isEmpty() ? QByteArray() : header.chopped(2) + '\n');
 }
 
+/// Each line of a message as the label of those below it.
+QString onOneLine(const QString& message, const LanguageTable& language)
+{
+    const QStringList lines = message.split(u'\n');
+    return std::accumulate(std::next(lines.begin()), lines.end(), lines.first(),
+        [&language](const QString& label, const QString& line) { return language.labelled(label, line); });
+}
+
 /// Reads one file into the store. Returns its contribution to the exit status.
 int importFile(const QString& fileName, CookieStore& store, const LanguageTable& language, qint64& count)
 {
     CookieImport reading(CookieImport::sourceFor(fileName), store);
     while (reading.step()) { }
     count += reading.count();
-    for (QString& text : importReport::complaints(reading, language))
-        complain(text.replace(u'\n', QLatin1String(": ")));
+    for (const QString& text : importReport::complaints(reading, language))
+        complain(onOneLine(text, language));
     if (!reading.error())
         return Done;
     return reading.error()->where == ImportError::CookieFile ? PartlyFailed : Unusable;
@@ -77,7 +86,7 @@ int clear(const CommandLine& line)
     const LanguageTable language;
     const QStringList kept = store.deleteAll();
     for (const QString& fileName : kept)
-        complain(language.text("lang.errWhileDelCookies") + QLatin1String(": ") + QDir::toNativeSeparators(fileName));
+        complain(language.labelled(language.text("lang.errWhileDelCookies"), QDir::toNativeSeparators(fileName)));
     return kept.isEmpty() ? print(language.text("lang.cookiesWereDel").toUtf8() + '\n') : PartlyFailed;
 }
 

@@ -21,7 +21,7 @@ QString errorText(const ImportError& error, const LanguageTable& language)
     case ImportError::Database:
         return QLatin1String("SQLite: ") + error.text;
     case ImportError::CookieFile:
-        return failed + error.text + QLatin1String(": ") + language.text("lang.errWriteFile");
+        return failed + language.labelled(error.text, language.text("lang.errWriteFile"));
     }
     return {};
 }

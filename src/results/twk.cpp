@@ -41,11 +41,11 @@ QString twk::errorText(const searchFile::LoadResult& result, const LanguageTable
     case searchFile::LoadError::None:
         return {};
     case searchFile::LoadError::CannotOpen:
-        return language.text("lang.errWhileOpening") + QLatin1String(": ") + result.reason.text(language);
+        return language.labelled(language.text("lang.errWhileOpening"), result.reason.text(language));
     case searchFile::LoadError::CannotRead:
-        return language.text("lang.errWriteFile") + QLatin1String(": ") + result.reason.text(language);
+        return language.labelled(language.text("lang.errWriteFile"), result.reason.text(language));
     case searchFile::LoadError::NotASearchFile:
-        return language.text("lang.errWhileOpening") + QLatin1String(": ") + language.text("more.notASearchFile");
+        return language.labelled(language.text("lang.errWhileOpening"), language.text("more.notASearchFile"));
     case searchFile::LoadError::Truncated:
         return language.text("lang.errEOF");
     }
@@ -55,7 +55,7 @@ QString twk::errorText(const searchFile::LoadResult& result, const LanguageTable
 QString twk::warningText(const searchFile::SkippedLine& line, const LanguageTable& language)
 {
     constexpr qsizetype longest = 60;
-    return language.text("lang.invalidAttribut") + QLatin1String(": ") + allgemein::shownText(line.text).left(longest);
+    return language.labelled(language.text("lang.invalidAttribut"), allgemein::shownText(line.text).left(longest));
 }
 
 QString twk::stateText(const FetchReport& report, const LanguageTable& language)
@@ -65,8 +65,8 @@ QString twk::stateText(const FetchReport& report, const LanguageTable& language)
     };
     // As for a socket error: its number, ":", and its description.
     const auto failure = [&](int number, const char* key) -> QString {
-        return language.text("lang.netError") + QLatin1String(": ") + QString::number(number) + u':'
-            + language.text(key).arg(allgemein::fromSystem(report.detail));
+        return language.labelled(language.text("lang.netError"),
+            QString::number(number) + u':' + language.text(key).arg(allgemein::fromSystem(report.detail)));
     };
     switch (report.event) {
     case FetchEvent::Connecting:

@@ -94,7 +94,7 @@ void SearchFiles::warnOfSkippedLines(const QString& fileName, const searchFile::
         return;
     QStringList warnings { QDir::toNativeSeparators(fileName) };
     for (const searchFile::SkippedLine& line : result.skipped.first(qMin(most, result.skipped.size())))
-        warnings += QString::number(line.number) + QLatin1String(": ") + twk::warningText(line, m_seams.language);
+        warnings += m_seams.language.labelled(QString::number(line.number), twk::warningText(line, m_seams.language));
     if (result.skippedCount > most)
         warnings += m_seams.text("more.andMore").arg(result.skippedCount - most);
     complain("lang.note", warnings.join(u'\n'));

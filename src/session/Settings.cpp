@@ -147,8 +147,8 @@ std::optional<Messages::Box> settings::report(const LoadResult& result, const La
     if (result.unknownCount == 0)
         return {};
     constexpr qsizetype longest = 60;
-    QString text = language.text("lang.invalidAttribut") + QLatin1String(": ")
-        + allgemein::shownText(result.firstUnknown).left(longest) + u'\n' + fileName + u':'
+    const QString unknown = allgemein::shownText(result.firstUnknown).left(longest);
+    QString text = language.labelled(language.text("lang.invalidAttribut"), unknown) + u'\n' + fileName + u':'
         + QString::number(result.firstUnknownLine);
     if (result.unknownCount > 1)
         text += u'\n' + language.text("more.andMore").arg(result.unknownCount - 1);

@@ -2,6 +2,10 @@
 #include "base/LanguageFile.h"
 #include "base/allgemein.h"
 #include "base/lang.h"
+#include "downloads/EntryText.h"
+#include "results/twk.h"
+#include "session/Settings.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QRegularExpression>
@@ -18,6 +22,8 @@ private slots:
     void languagesHaveTheSameKeys_data();
     void languagesHaveTheSameKeys();
     void frenchTextsUseProtectedSpaces();
+    void frenchLabelsStandApartFromTheirValues_data();
+    void frenchLabelsStandApartFromTheirValues();
     void selectsBuiltInLanguages();
     void knowsTheLanguageOfALocale();
     void readsLanguageFiles_data();
@@ -104,6 +110,34 @@ void tst_lang::frenchTextsUseProtectedSpaces()
     const QRegularExpression fault(QStringLiteral("[^\\x{00A0}][!?;»]|[^\\x{00A0}]:(\\s|$)|«[^\\x{00A0}]|’"));
     for (const auto& [key, text] : textsOf("french.lng") + textsOf("more_french.lng"))
         QVERIFY2(!text.contains(fault), key.constData());
+}
+
+void tst_lang::frenchLabelsStandApartFromTheirValues_data()
+{
+    LanguageTable french;
+    french.selectBuiltIn(LanguageTable::French);
+    using searchFile::LoadError;
+    const FileError reason { FileError::System, QStringLiteral("x") };
+    const auto row = table<QString>("text");
+    row("a file that cannot be opened", twk::errorText({ LoadError::CannotOpen, reason, {} }, french));
+    row("a file that cannot be read", twk::errorText({ LoadError::CannotRead, reason, {} }, french));
+    row("another file", twk::errorText({ LoadError::NotASearchFile, {}, {} }, french));
+    row("a skipped line", twk::warningText({ 1, searchFile::SkippedLine::UnknownKey, "x" }, french));
+    row("a socket error", twk::stateText({ FetchEvent::SocketError, "0:x" }, french));
+    row("a bad port", twk::stateText({ FetchEvent::BadPort, "99999" }, french));
+    row("silence", twk::stateText({ FetchEvent::Silence, "20" }, french));
+    row("an unknown setting", settings::report({ "x", 1, 1, false, {} }, french)->text.section(u'\n', 0, 0));
+    DownloadEntry entry;
+    entry.status = DownloadStatus::NetError;
+    entry.failure = ExchangeFailure { ExchangeFailure::System, 0, QStringLiteral("x") };
+    row("a failed download", entryText::reason(entry, french));
+}
+
+void tst_lang::frenchLabelsStandApartFromTheirValues()
+{
+    QFETCH(QString, text);
+    static const QRegularExpression closeColon(QStringLiteral("[^\u00A0]: "));
+    QVERIFY2(text.contains(QStringLiteral("\u00A0: ")) && !text.contains(closeColon), qPrintable(text));
 }
 
 void tst_lang::selectsBuiltInLanguages()
