@@ -9,6 +9,7 @@
 #include "Heartbeat.h"
 #include "Shapes.h"
 #include "app/MainWindow.h"
+#include "results/window/FilterPane.h"
 #include "session/Session.h"
 #include "session/Settings.h"
 #include "support/TestSeams.h"
@@ -92,10 +93,10 @@ public:
 
     void filter()
     {
-        m_session.filter = shapes::fiveTests();
+        setFilter(shapes::fiveTests());
         apply("apply, five tests");
         std::printf("rows shown\t%d\n", m_founds.rowCount());
-        m_session.filter = {};
+        setFilter({});
         apply("apply, all shown again");
         apply("apply, no change");
     }
@@ -124,6 +125,12 @@ public:
     }
 
 private:
+    void setFilter(const ResultFilter& filter)
+    {
+        m_session.filter = filter;
+        m_window.findChild<FilterPane*>()->showFilter();
+    }
+
     void apply(const char* what)
     {
         const auto rebuilt = QObject::connect(&m_founds, &FoundModel::rebuilt, qApp, leave, Qt::QueuedConnection);
