@@ -58,7 +58,7 @@ need_server() (
 configure() {
     local preset=$1 log
     need_packages g++ cmake ninja-build qt6-base-dev qt6-webengine-dev qt6-translations-l10n \
-        libsqlite3-dev python3
+        libsqlite3-dev zlib1g-dev python3
     log=$(mktemp)
     # ccache makes a second build fast and the first one a quarter slower. So it is used where somebody has installed it,
     # but not in CI, which begins with an empty cache.

@@ -20,6 +20,9 @@ set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,--no-insert-timestamp")
 # Tests are run on Wine.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../windows/wine")
 
+# Debian has zlib for MinGW-w64, which is linked into the programs.
+set(ZLIB_USE_STATIC_LIBS ON)
+
 set(CMAKE_FIND_ROOT_PATH "${TARNWICK_WINDOWS_KIT}" /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
