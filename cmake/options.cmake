@@ -16,6 +16,11 @@ target_compile_definitions(tarnwick_options INTERFACE
     QT_NO_JAVA_STYLE_ITERATORS
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+# Programs do not name the folder that they were built in, so that a commit gives the same programs in every folder. The
+# last map is looked at first: the build folder may be inside of the other one.
+target_compile_options(tarnwick_options INTERFACE
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+
 # tarnwick_precompile(TARGET HEADER...) compiles these headers once for TARGET. A file still includes all that it names:
 # the preset `fuzz` builds without precompiled headers.
 function(tarnwick_precompile target)

@@ -11,7 +11,6 @@ import tempfile
 from pathlib import Path
 
 MANUAL, WINDOW, CONSOLE = Path(sys.argv[1]), sys.argv[2], sys.argv[3]
-COMMANDS = ["search", "list", "download", "number", "cookies import", "cookies clear", "cookies show"]
 failures = 0
 
 
@@ -28,6 +27,12 @@ def options_of(command):
     """The options that the help names at the beginnings of its lines."""
     text = run(CONSOLE, *command.split(), "--help").stdout
     return names_in("\n".join(re.findall(r"^  (-.*)$", text, re.MULTILINE)))
+
+
+def commands():
+    """All commands, as the help lists them: their words are in small letters, those of their arguments are not."""
+    listed = re.search(r"^Commands:\n((?:  .*\n)+)", run(CONSOLE, "--help").stdout, re.MULTILINE)
+    return re.findall(r"^  ([a-z]+(?: [a-z]+)*)(?= |$)", listed[1], re.MULTILINE)
 
 
 def check(name, needed=None):
@@ -70,10 +75,13 @@ def fish_offers(line, folder="."):
 def check_offers(offers):
     for command in COMMANDS:
         same(offers(f"tarnwick-cli {command} --"), options_of(command), command)
-    first = {command.split()[0] for command in COMMANDS}
-    same([word for word in offers("tarnwick-cli ") if not word.startswith("-")], first, "the commands")
-    same([word for word in offers("tarnwick-cli cookies ") if not word.startswith("-")],
-         {"import", "clear", "show"}, "the commands of cookies")
+    groups = {}
+    for command in COMMANDS:
+        first, *rest = command.split()
+        groups.setdefault(first, []).extend(rest)
+    same([word for word in offers("tarnwick-cli ") if not word.startswith("-")], groups, "the commands")
+    for group in filter(groups.get, groups):
+        same([word for word in offers(f"tarnwick-cli {group} ") if not word.startswith("-")], groups[group], group)
     same(offers("tarnwick-cli list --format "), {"tsv", "urls", "json", "table"}, "--format")
     with tempfile.TemporaryDirectory() as folder:
         for name in "a.twk", "b.txt":
@@ -86,6 +94,17 @@ def check_offers(offers):
             assert offers is fish_offers or "b.txt" not in files, f"{line}: {files}"
         folders = [name.rstrip("/") for name in offers("tarnwick-cli cookies clear --cookies ", folder)]
         same(folders, {"sub"}, "--cookies")
+
+
+COMMANDS = commands()
+
+
+@check("helpListsTheCommands")
+def _():
+    # The other tests would find nothing wrong with an empty list, or with one that is cut short.
+    assert len(COMMANDS) == len(set(COMMANDS)) and {"search", "cookies show"} <= set(COMMANDS), COMMANDS
+    for command in COMMANDS:
+        assert "--help" in options_of(command), command
 
 
 @check("everyCommandAndOptionIsInTheManual")
