@@ -188,6 +188,8 @@ Section "un.$(sectionPrograms)" secUnPrograms
     Delete "$INSTDIR\uninstall.exe"
     ; Files of the user in the folder stay.
     !insertmacro DELETE_FILES
+    ; The first program that is installed for one user makes this folder. It is removed only if it is empty.
+    RMDir "$LOCALAPPDATA\Programs"
 SectionEnd
 
 Section /o "un.$(sectionSettings)" secUnSettings
