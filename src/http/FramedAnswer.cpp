@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "http/FramedAnswer.h"
 
+#include "base/allgemein.h"
 #include "http/BodyDecoder.h"
 
 #include <algorithm>
@@ -12,17 +13,22 @@ namespace {
 /// counts against the limit.
 constexpr qsizetype freeBytesOfSizeLine = 32;
 
+/// -1 for any other byte.
+constexpr int hexDigit(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    const char small = allgemein::lower(c);
+    return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
+}
+
 /// The size at the beginning of a chunk-size line; nothing if the line breaks the rules.
 std::optional<qint64> chunkSize(QByteArrayView line)
 {
     qint64 size = 0;
     qsizetype at = 0;
     for (; at < line.size(); ++at) {
-        const char c = line[at];
-        const int digit = c >= '0' && c <= '9' ? c - '0'
-            : c >= 'a' && c <= 'f'             ? c - 'a' + 10
-            : c >= 'A' && c <= 'F'             ? c - 'A' + 10
-                                               : -1;
+        const int digit = hexDigit(line[at]);
         if (digit < 0)
             break;
         if (size > std::numeric_limits<qint64>::max() / 16)
