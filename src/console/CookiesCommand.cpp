@@ -16,7 +16,10 @@
 
 namespace {
 
+constexpr Option all { .name = "all", .help = "Take cookies for https only and expired ones as well." };
+
 constexpr std::array options { &sharedOptions::cookies };
+constexpr std::array importOptions { &all, &sharedOptions::cookies };
 
 /// Chooses the command's folder. A command that only reads does not create a missing folder: it finds no cookies.
 void chooseFolder(CookieStore& store, const CommandLine& line, bool stores)
@@ -52,9 +55,10 @@ QString onOneLine(const QString& message, const LanguageTable& language)
 }
 
 /// Reads one file into the store. Returns its contribution to the exit status.
-int importFile(const QString& fileName, CookieStore& store, const LanguageTable& language, qint64& count)
+int importFile(const QString& fileName, CookieStore& store, CookieImport::Taking taking, ImportCount& count)
 {
-    CookieImport reading(CookieImport::sourceFor(fileName), store);
+    const LanguageTable language;
+    CookieImport reading(CookieImport::sourceFor(fileName), store, taking);
     while (reading.step()) { }
     count += reading.count();
     for (const QString& text : importReport::complaints(reading, language))
@@ -69,14 +73,19 @@ int importFiles(const CommandLine& line)
 {
     CookieStore store;
     chooseFolder(store, line, true);
-    const LanguageTable language;
-    qint64 count = 0;
+    const auto taking = line.isSet(all) ? CookieImport::Taking::All : CookieImport::Taking::Harmless;
+    ImportCount count;
     int status = Done;
     for (const QString& fileName : line.arguments())
-        status = qMax(status, importFile(fileName, store, language, count));
-    if (count == 0 && status != Done)
+        status = qMax(status, importFile(fileName, store, taking, count));
+    const LanguageTable language;
+    for (const QString& note : importReport::notes(count, language))
+        complain(note);
+    if (count.leftOut() > 0)
+        complain(QStringLiteral("--all takes those that were left out."));
+    if (count.stored == 0 && status != Done)
         return status;
-    return qMax(status, print(importReport::countText(count, language).toUtf8() + '\n'));
+    return qMax(status, print(importReport::countText(count.stored, language).toUtf8() + '\n'));
 }
 
 int clear(const CommandLine& line)
@@ -99,7 +108,7 @@ const Command commands::importCookies {
     .count = { 1, std::numeric_limits<qsizetype>::max() },
     .summary = "Copies a browser's cookies into the program's own.",
     .example = "cookies import ~/.mozilla/firefox/*/cookies.sqlite",
-    .options = { options },
+    .options = { importOptions },
     .run = importFiles,
 };
 

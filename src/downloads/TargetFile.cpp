@@ -45,8 +45,7 @@ std::optional<QString> makeDirectories(const QString& folder, const QByteArrayLi
 /// opening would wait for a reader.
 bool isTakenByOther(const QString& path)
 {
-    const QFileInfo info(path);
-    return isLink(path) || (info.exists() && !info.isFile());
+    return isLink(path) || !allgemein::canBeReplaced(path);
 }
 
 } // namespace

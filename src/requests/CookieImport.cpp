@@ -5,6 +5,9 @@
 #include "requests/CookiesTxt.h"
 #include "requests/FirefoxDatabase.h"
 
+#include <QDateTime>
+
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -17,9 +20,20 @@ QByteArray withoutLeadingDot(const QByteArray& host)
 
 } // namespace
 
-CookieImport::CookieImport(std::unique_ptr<CookieSource> source, CookieStore& store)
+ImportCount& ImportCount::operator+=(const ImportCount& more)
+{
+    stored += more.stored;
+    neverSent += more.neverSent;
+    secure += more.secure;
+    expired += more.expired;
+    return *this;
+}
+
+CookieImport::CookieImport(std::unique_ptr<CookieSource> source, CookieStore& store, Taking taking)
     : m_source(std::move(source))
     , m_store(store)
+    , m_taking(taking)
+    , m_now(QDateTime::currentSecsSinceEpoch())
 {
 }
 
@@ -56,7 +70,7 @@ void CookieImport::gather(const ForeignCookie& foreign)
 {
     const QByteArray host = withoutLeadingDot(foreign.host);
     const Cookie& cookie = foreign.cookie;
-    if (!m_store.isStorable(host, cookie))
+    if (!m_store.isStorable(host, cookie) || leavesOut(foreign))
         return;
     QList<Cookie>& cookies = m_cookies[host];
     if (cookies.isEmpty())
@@ -65,14 +79,28 @@ void CookieImport::gather(const ForeignCookie& foreign)
     m_bytes += host.size() + cookie.path.size() + cookie.name.size() + cookie.value.size();
 }
 
+/// Counts the cookie if it is left out. One that is both expired and secure counts as expired.
+bool CookieImport::leavesOut(const ForeignCookie& foreign)
+{
+    if (m_taking == Taking::All)
+        return false;
+    const bool isExpired = foreign.expiry > 0 && foreign.expiry <= m_now;
+    m_count.expired += isExpired ? 1 : 0;
+    m_count.secure += foreign.isSecure && !isExpired ? 1 : 0;
+    return isExpired || foreign.isSecure;
+}
+
 void CookieImport::storeNext()
 {
     const QByteArray host = m_hosts.takeLast();
     const QList<Cookie> cookies = m_cookies.take(host);
-    if (m_store.saveCookies(host, cookies))
-        m_count += cookies.size();
-    else if (!m_error)
+    if (m_store.saveCookies(host, cookies)) {
+        m_count.stored += cookies.size();
+        m_count.neverSent += std::count_if(
+            cookies.cbegin(), cookies.cend(), [](const Cookie& cookie) { return !cookieFile::canBeSent(cookie.path); });
+    } else if (!m_error) {
         m_error = { ImportError::CookieFile, allgemein::fromSystem(host) };
+    }
     if (m_hosts.isEmpty())
         m_bytes = 0;
 }

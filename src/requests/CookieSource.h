@@ -7,10 +7,14 @@
 #include <functional>
 #include <optional>
 
+class QFile;
+
 /// A cookie as a browser holds it, with the host or the domain that it recorded.
 struct ForeignCookie {
     QByteArray host;
     Cookie cookie;
+    bool isSecure = false; ///< the browser sends it over https only
+    qint64 expiry = 0; ///< in seconds since 1970; 0 or less when the cookie has no such time
 };
 
 /// Why cookies of a browser could not be imported.
@@ -18,7 +22,10 @@ struct ImportError {
     enum Where {
         NoStore, ///< there is no such browser here
         TooLarge, ///< the file named by `text` is larger than a browser's would be
+        NotAFile, ///< `text` is the path of a folder, a pipe or a device
         NotCookies, ///< the file named by `text` holds nothing that looks like a cookie
+        Json, ///< the file named by `text` is JSON, as some exporters write it
+        Chromium, ///< the file named by `text` is the database of Chromium or a browser made from it
         File, ///< the file cannot be read: `text` is its name and the system's error text
         Database, ///< `text` is the error text of the database library and the file's name
         CookieFile, ///< the program's own file for the host `text` cannot be written
@@ -51,19 +58,12 @@ protected:
     /// In bytes. The cookie files of browsers are far smaller.
     static constexpr qint64 largestFile = 64 * 1024 * 1024;
 
-    void fail(ImportError::Where where, const QString& text)
-    {
-        if (!m_error)
-            m_error = { where, text };
-    }
-
-    void passOver(const QString& fileName, qint64 line)
-    {
-        if (m_passedOver.lines.isEmpty())
-            m_passedOver.fileName = fileName;
-        if (m_passedOver.fileName == fileName)
-            m_passedOver.lines.add(line);
-    }
+    /// Opens an ordinary file that is not too large. False after a failure.
+    [[nodiscard]] bool open(QFile& file);
+    /// Whether a file goes on with JSON. Neither a "cookies.txt" nor a database begins with a bracket.
+    [[nodiscard]] static bool isJson(QFile& file);
+    void fail(ImportError::Where where, const QString& text);
+    void passOver(const QString& fileName, qint64 line);
 
 private:
     std::optional<ImportError> m_error;

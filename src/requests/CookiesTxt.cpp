@@ -2,6 +2,7 @@
 #include "requests/CookiesTxt.h"
 
 #include "base/ErrorReport.h"
+#include "base/allgemein.h"
 
 #include <QDir>
 
@@ -16,7 +17,9 @@ std::optional<ForeignCookie> cookieFrom(QByteArray line)
     const QByteArrayList fields = line.split('\t');
     if (line.trimmed().startsWith('#') || fields.size() < 7)
         return {};
-    return ForeignCookie { fields[0], { fields[2], fields[5], fields[6] } };
+    const bool isSecure = fields[3].compare("TRUE", Qt::CaseInsensitive) == 0;
+    return ForeignCookie { fields[0], { fields[2], fields[5], fields[6] }, isSecure,
+        allgemein::leadingNumber(fields[4]) };
 }
 
 } // namespace
@@ -25,12 +28,13 @@ CookiesTxt::CookiesTxt(const QString& fileName)
     : m_file(fileName)
     , m_lines(m_file)
 {
-    if (m_file.size() > largestFile)
-        fail(ImportError::TooLarge, QDir::toNativeSeparators(fileName));
-    else if (!m_file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, fileFailure(m_file));
-    else
-        skipUtf8Mark(m_file);
+    if (!open(m_file))
+        return;
+    skipUtf8Mark(m_file);
+    if (!isJson(m_file))
+        return;
+    fail(ImportError::Json, QDir::toNativeSeparators(m_file.fileName()));
+    m_file.close();
 }
 
 bool CookiesTxt::read(const Take& take)

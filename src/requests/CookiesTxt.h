@@ -7,7 +7,7 @@
 #include <QFile>
 
 /// Reads a "cookies.txt" in the Netscape format, which old browsers kept and exporters still write: a line for each
-/// cookie with seven fields between TABs. Host, path, name and value are used. Lines that begin with "#" are comments,
+/// cookie with seven fields between TABs. All but the second one are used. Lines that begin with "#" are comments,
 /// except those that begin with "#HttpOnly_", by which exporters mark cookies that scripts cannot see.
 class CookiesTxt final : public CookieSource {
 public:

@@ -3,6 +3,7 @@
 
 #include "base/ErrorReport.h"
 #include "base/Registry.h"
+#include "base/allgemein.h"
 #include "http/url.h"
 
 #include <QDir>
@@ -11,8 +12,27 @@
 
 namespace {
 
-/// Name, value, host with path, then five lines of flags and times, and "*".
+/// Name, value, host with path, flags, the low and the high half of the expiry time, two halves of another time, "*".
 constexpr size_t linesOfCookie = 9;
+using Lines = std::array<QByteArray, linesOfCookie>;
+
+bool isSecure(const Lines& lines)
+{
+    constexpr qint64 secureFlag = 1;
+    return (allgemein::leadingNumber(lines[3]) & secureFlag) != 0;
+}
+
+/// In seconds since 1970; below 0 when there is none. The browser counts tenths of a microsecond since 1601.
+qint64 expiryOf(const Lines& lines)
+{
+    constexpr quint64 ticksOfSecond = 10'000'000;
+    constexpr qint64 secondsBefore1970 = 11'644'473'600;
+    const auto half = [](const QByteArray& line) -> quint64 {
+        return line.toUInt();
+    };
+    const quint64 ticks = half(lines[5]) << 32 | half(lines[4]);
+    return static_cast<qint64>(ticks / ticksOfSecond) - secondsBefore1970;
+}
 
 std::optional<QString> cookieFolder(const Registry& registry)
 {
@@ -49,7 +69,7 @@ bool ExplorerCookies::read(const Take& take)
         return openNext();
     const qint64 first = m_number + 1;
     bool isNothing = true; // so far
-    std::array<QByteArray, linesOfCookie> lines;
+    Lines lines;
     for (QByteArray& text : lines) {
         const auto line = m_lines->next();
         if (!line || line->isPiece) {
@@ -63,7 +83,8 @@ bool ExplorerCookies::read(const Take& take)
         isNothing = isNothing && text.isEmpty();
     }
     const QByteArray& place = lines[2];
-    take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), lines[0], lines[1] } });
+    take({ url::hostOf(place).toByteArray(), { url::directoryOf(place).toByteArray(), lines[0], lines[1] },
+        isSecure(lines), expiryOf(lines) });
     return true;
 }
 
@@ -72,11 +93,7 @@ bool ExplorerCookies::openNext()
     if (m_files.isEmpty())
         return false;
     m_file.setFileName(m_files.takeFirst());
-    if (m_file.size() > largestFile)
-        fail(ImportError::TooLarge, QDir::toNativeSeparators(m_file.fileName()));
-    else if (!m_file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, fileFailure(m_file));
-    else
+    if (open(m_file))
         m_lines.emplace(m_file);
     m_number = 0;
     return true;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/FirefoxDatabase.h"
 
-#include "base/ErrorReport.h"
+#include "base/folders.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -14,7 +14,9 @@
 
 namespace {
 
-constexpr const char* query = "select host,path,name,value from moz_cookies;";
+constexpr const char* table = "moz_cookies";
+/// The columns that every version has, the expiry and the secure flag, and the condition on a row.
+constexpr const char* query = "select host,path,name,value,%1,%2 from moz_cookies where %3;";
 
 /// In bytes. Texts of cookies are far shorter.
 constexpr int longestText = 64 * 1024;
@@ -32,13 +34,6 @@ QPair<qint64, QDateTime> stampOf(const QString& fileName)
 {
     const QFileInfo file(fileName);
     return { file.size(), file.lastModified() };
-}
-
-/// Whether a path is an ordinary file or free. Copying from a pipe might never end.
-bool isFileOrNothing(const QString& fileName)
-{
-    const QFileInfo file(fileName);
-    return !file.exists() || file.isFile();
 }
 
 bool copyAnew(const QString& from, const QString& to)
@@ -62,6 +57,27 @@ bool copyDatabase(const QString& from, const QString& to)
     return false;
 }
 
+bool hasColumn(sqlite3* database, const char* ofTable, const char* column)
+{
+    return sqlite3_table_column_metadata(
+               database, nullptr, ofTable, column, nullptr, nullptr, nullptr, nullptr, nullptr)
+        == SQLITE_OK;
+}
+
+/// The expression of a column in a query; "0" when the version that wrote the database has no such column.
+QString columnOrZero(sqlite3* database, const char* column)
+{
+    return QLatin1String(hasColumn(database, table, column) ? column : "0");
+}
+
+/// In seconds. Firefox 142 and later store milliseconds: no cookie lives until the year 5000.
+qint64 expiryFrom(qint64 stored)
+{
+    constexpr qint64 latest = 100'000'000'000;
+    constexpr qint64 ofSecond = 1000;
+    return stored > latest ? stored / ofSecond : stored;
+}
+
 int countStep(void* steps)
 {
     return ++*static_cast<int*>(steps) > mostSteps ? 1 : 0;
@@ -73,16 +89,19 @@ FirefoxDatabase::FirefoxDatabase(const QString& fileName)
     : m_shownName(QDir::toNativeSeparators(fileName))
 {
     const QString copy = m_folder.filePath(QStringLiteral("cookies.sqlite"));
-    if (QFileInfo(fileName).size() + QFileInfo(fileName + logEnding).size() > largestFile)
+    QFile file(fileName);
+    if (!CookieSource::open(file))
+        return;
+    if (file.size() + QFileInfo(fileName + logEnding).size() > largestFile)
         fail(ImportError::TooLarge, m_shownName);
     else if (!m_folder.isValid())
         fail(ImportError::File, m_shownName + u'\n' + m_folder.errorString());
-    else if (QFile file(fileName); !file.open(QIODevice::ReadOnly))
-        fail(ImportError::File, fileFailure(file));
-    else if (!isFileOrNothing(fileName + logEnding) || !copyDatabase(fileName, copy))
+    else if (isJson(file))
+        fail(ImportError::Json, m_shownName);
+    else if (!allgemein::canBeReplaced(fileName + logEnding) || !copyDatabase(fileName, copy))
         fail(ImportError::File, m_shownName);
     else
-        open(copy);
+        openCopy(copy);
 }
 
 FirefoxDatabase::~FirefoxDatabase()
@@ -91,7 +110,7 @@ FirefoxDatabase::~FirefoxDatabase()
     sqlite3_close(m_database);
 }
 
-void FirefoxDatabase::open(const QString& copy)
+void FirefoxDatabase::openCopy(const QString& copy)
 {
     const QByteArray path = QDir::toNativeSeparators(copy).toUtf8();
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
@@ -113,7 +132,22 @@ void FirefoxDatabase::prepare()
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_progress_handler(m_database, instructionsPerStep, &countStep, &m_steps);
-    if (sqlite3_prepare_v2(m_database, query, -1, &m_rows, nullptr) != SQLITE_OK)
+    if (hasColumn(m_database, "cookies", "host_key")) {
+        fail(ImportError::Chromium, m_shownName);
+        return;
+    }
+    if (hasColumn(m_database, table, "originAttributes"))
+        m_conditions = { "originAttributes<>''", "originAttributes='' or originAttributes is null" };
+    beginNext();
+}
+
+void FirefoxDatabase::beginNext()
+{
+    const QByteArray sql = QString::fromLatin1(query)
+                               .arg(columnOrZero(m_database, "expiry"), columnOrZero(m_database, "isSecure"),
+                                   QLatin1String(m_conditions.takeFirst()))
+                               .toLatin1();
+    if (sqlite3_prepare_v2(m_database, sql.constData(), -1, &m_rows, nullptr) != SQLITE_OK)
         failHere();
 }
 
@@ -131,13 +165,17 @@ bool FirefoxDatabase::read(const Take& take)
         sqlite3_interrupt(m_database);
     const int result = sqlite3_step(m_rows);
     if (result == SQLITE_ROW) {
-        take({ column(0), { column(1), column(2), column(3) } });
+        take({ column(0), { column(1), column(2), column(3) }, sqlite3_column_int(m_rows, 5) != 0,
+            expiryFrom(sqlite3_column_int64(m_rows, 4)) });
         return true;
     }
     if (result != SQLITE_DONE)
         failHere();
     sqlite3_finalize(std::exchange(m_rows, nullptr));
-    return false;
+    // Rows of the next query may lie before the damage that ended this one.
+    if (!m_conditions.isEmpty())
+        beginNext();
+    return m_rows != nullptr;
 }
 
 QByteArray FirefoxDatabase::column(int number) const
@@ -150,7 +188,8 @@ bool FirefoxDatabase::isDatabase(const QString& fileName)
 {
     constexpr QByteArrayView beginning("SQLite format 3\0", 16);
     QFile file(fileName);
-    return QFileInfo(fileName).isFile() && file.open(QIODevice::ReadOnly) && file.read(beginning.size()) == beginning;
+    return allgemein::isOrdinaryFile(fileName) && file.open(QIODevice::ReadOnly)
+        && file.read(beginning.size()) == beginning;
 }
 
 QString FirefoxDatabase::libraryVersion()

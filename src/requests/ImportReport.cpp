@@ -14,8 +14,14 @@ QString errorText(const ImportError& error, const LanguageTable& language)
         return failed + language.text("more.noExplorer");
     case ImportError::TooLarge:
         return failed + error.text + u'\n' + language.text("more.tooLarge");
+    case ImportError::NotAFile:
+        return failed + error.text + u'\n' + language.text("more.notAFile");
     case ImportError::NotCookies:
         return failed + error.text + u'\n' + language.text("more.notCookies");
+    case ImportError::Json:
+        return failed + error.text + u'\n' + language.text("more.jsonCookies");
+    case ImportError::Chromium:
+        return failed + error.text + u'\n' + language.text("more.chromiumCookies");
     case ImportError::File:
         return failed + error.text;
     case ImportError::Database:
@@ -31,6 +37,19 @@ QString errorText(const ImportError& error, const LanguageTable& language)
 QString importReport::countText(qint64 count, const LanguageTable& language)
 {
     return QString::number(count) + u' ' + language.text("lang.cookiesWereSet");
+}
+
+QStringList importReport::notes(const ImportCount& count, const LanguageTable& language)
+{
+    QStringList notes;
+    const auto add = [&](const char* key, qint64 number) {
+        if (number > 0)
+            notes += language.text(key).arg(number);
+    };
+    add("more.neverSentCookies", count.neverSent);
+    add("more.secureCookies", count.secure);
+    add("more.expiredCookies", count.expired);
+    return notes;
 }
 
 QStringList importReport::complaints(const CookieImport& cookies, const LanguageTable& language)
@@ -49,7 +68,8 @@ Messages::Box importReport::box(const CookieImport& cookies, const LanguageTable
 {
     QStringList texts = complaints(cookies, language);
     const Messages::Sign sign = texts.isEmpty() ? Messages::Sign::Information : Messages::Sign::Warning;
-    if (!cookies.error() || cookies.count() > 0)
-        texts += countText(cookies.count(), language);
+    const ImportCount& count = cookies.count();
+    if (!cookies.error() || count.stored > 0 || count.leftOut() > 0)
+        texts += (QStringList(countText(count.stored, language)) + notes(count, language)).join(u'\n');
     return { sign, language.text(cookies.error() ? "lang.errTitle" : "lang.note"), texts.join(QLatin1String("\n\n")) };
 }

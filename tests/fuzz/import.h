@@ -16,12 +16,12 @@ inline void importAll(std::unique_ptr<CookieSource> source, qint64 most)
     const QString folder = fileNamed("cookies");
     CookieStore store;
     store.setCookieFolder(folder);
-    CookieImport cookies(std::move(source), store);
+    CookieImport cookies(std::move(source), store, CookieImport::Taking::All);
     // A step reads a line or a file, or stores the cookies of a host.
     qint64 stepsLeft = 10 + 2 * most;
     while (cookies.step())
         require(--stepsLeft > 0, "an import ends");
-    require(cookies.count() <= most, "no cookie comes from nowhere");
+    require(cookies.count().stored <= most, "no cookie comes from nowhere");
     (void)importReport::box(cookies, language);
 
     qint64 stored = 0;
@@ -32,6 +32,6 @@ inline void importAll(std::unique_ptr<CookieSource> source, qint64 most)
                 && !content.contains('\0'),
             "each line that is stored is a cookie");
     }
-    require(stored <= cookies.count(), "what is stored was counted");
+    require(stored <= cookies.count().stored, "what is stored was counted");
     require(store.deleteAll().isEmpty(), "all cookies can be deleted");
 }

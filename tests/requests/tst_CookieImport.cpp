@@ -13,6 +13,10 @@
 
 #include <sqlite3.h>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using Sql = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
 
 class tst_CookieImport : public QObject {
@@ -22,6 +26,11 @@ private slots:
     void init();
     void readsCookiesTxt_data();
     void readsCookiesTxt();
+    void leavesOutWhatWouldDoHarm_data();
+    void leavesOutWhatWouldDoHarm();
+    void countsWhatIsNeverSent();
+    void prefersTheOrdinaryWindow();
+    void namesTheFormatThatIsWanted();
     void readsFirefoxDatabases_data();
     void readsFirefoxDatabases();
     void readsTheLogOfARunningFirefox();
@@ -36,7 +45,8 @@ private slots:
 private:
     [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
     [[nodiscard]] QByteArray stored(const char* host) const { return contentOf(file(host) + QLatin1String(".tkc")); }
-    [[nodiscard]] Messages::Box imported(std::unique_ptr<CookieSource> source);
+    using Taking = CookieImport::Taking;
+    [[nodiscard]] Messages::Box imported(std::unique_ptr<CookieSource> source, Taking taking = Taking::Harmless);
     Sql database(const QByteArray& statements) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -61,9 +71,9 @@ void tst_CookieImport::init()
     m_store.setCookieFolder(m_folder->path());
 }
 
-Messages::Box tst_CookieImport::imported(std::unique_ptr<CookieSource> source)
+Messages::Box tst_CookieImport::imported(std::unique_ptr<CookieSource> source, Taking taking)
 {
-    CookieImport cookies(std::move(source), m_store);
+    CookieImport cookies(std::move(source), m_store, taking);
     while (cookies.step()) { }
     return importReport::box(cookies, m_language);
 }
@@ -90,11 +100,11 @@ void tst_CookieImport::readsCookiesTxt_data()
     };
     const QByteArray old = "/\told\t1\r\n";
     const QByteArray both = old + "/\ta\t1\r\n";
-    row("of an old browser", "# HTTP Cookie File\n# x\n\n.h\tTRUE\t/\tFALSE\t1\ta\t1\n", both, 1);
-    row("with the line ends of Windows", "h\tFALSE\t/\tTRUE\t0\ta\t1\r\n", both, 1);
-    row("without an end of the last line", "h\tFALSE\t/\tTRUE\t0\ta\t1", both, 1);
+    row("of an old browser", "# HTTP Cookie File\n# x\n\n.h\tTRUE\t/\tFALSE\t99999999999\ta\t1\n", both, 1);
+    row("with the line ends of Windows", "h\tFALSE\t/\tFALSE\t0\ta\t1\r\n", both, 1);
+    row("without an end of the last line", "h\tFALSE\t/\tFALSE\t0\ta\t1", both, 1);
     row("only comments", "# Netscape HTTP Cookie File\n  # h\tFALSE\t/\tTRUE\t0\ta\t1\n", old, 0);
-    row("a cookie that scripts cannot see", "#HttpOnly_.h\tTRUE\t/\tTRUE\t0\ta\t1\n", both, 1);
+    row("a cookie that scripts cannot see", "#HttpOnly_.h\tTRUE\t/\tFALSE\t0\ta\t1\n", both, 1);
     row("the last of one name", "h\tx\t/\tx\t0\ta\t1\nh\tx\t/\tx\t0\tb\t2\nh\tx\t/x/\tx\t0\ta\t3\n",
         old + "/\tb\t2\r\n/x/\ta\t3\r\n", 3);
     row("too few fields", "h\tx\t/\tx\t0\ta\n\nh\tx\t/\tx\t0\ta\t1\nx\n", both, 1, "1, 4");
@@ -120,10 +130,84 @@ void tst_CookieImport::readsCookiesTxt()
     QTEST(stored("h"), "lines");
 }
 
+void tst_CookieImport::leavesOutWhatWouldDoHarm_data()
+{
+    // The same four cookies: an ordinary one, one for https, an expired one, and one that is expired and for https.
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray line = "\tx\t/\t";
+    QTest::newRow("cookies.txt") << QByteArray("h" + line + "false\t4000000000\ta\t1\nh" + line + "TRUE\t0\tb\t2\nh"
+        + line + "FALSE\t1000000000\tc\t3\nh" + line + "TRUE\t1000000000\td\t4\n");
+    const QByteArray rows =
+        "insert into moz_cookies (host, path, name, value, isSecure, expiry) values ('h', '/', 'a', '1', 0, "
+        "4000000000), ('h', '/', 'b', '2', 1, 0), ('h', '/', 'c', '3', 0, 1000000000), ('h', '/', 'd', '4', 1, "
+        "1000000000);";
+    QTest::newRow("Firefox") << cookieTable + rows;
+    QTest::newRow("Firefox of today") << cookieTable + QByteArray(rows).replace("000000000", "000000000000");
+}
+
+void tst_CookieImport::leavesOutWhatWouldDoHarm()
+{
+    QFETCH(QByteArray, content);
+    if (content.startsWith("create"))
+        database(content);
+    else
+        QVERIFY(writeFile(file("cookies.sqlite"), content));
+    const auto told = [this](Taking taking) {
+        return imported(CookieImport::sourceFor(file("cookies.sqlite")), taking).text;
+    };
+    QCOMPARE(told(Taking::Harmless),
+        QStringLiteral("1 Cookies were set.\nLeft out, because they are for https only: 1\nLeft out, because they have "
+                       "expired: 2"));
+    QCOMPARE(stored("h"), "/\ta\t1\r\n");
+    QCOMPARE(told(Taking::All), QStringLiteral("4 Cookies were set."));
+    QCOMPARE(stored("h"), "/\ta\t1\r\n/\tb\t2\r\n/\tc\t3\r\n/\td\t4\r\n");
+}
+
+void tst_CookieImport::countsWhatIsNeverSent()
+{
+    const QByteArray rest = "\tx\t0\t";
+    QVERIFY(writeFile(file("cookies.txt"),
+        "h\tx\t/" + rest + "a\t1\nh\tx\t/shop" + rest + "b\t2\ni\tx\t" + rest + "c\t3\nh\tx\t/x/" + rest + "d\t4\n"));
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.txt"))).text,
+        QStringLiteral("4 Cookies were set.\nNever sent, because no request matches their path: 2"));
+}
+
+/// Firefox keeps a cookie once for each container and embedding site.
+void tst_CookieImport::prefersTheOrdinaryWindow()
+{
+    database(QByteArray(cookieTable)
+        + "insert into moz_cookies (host, path, name, value, originAttributes) values ('.h', '/', 'a', 'first', "
+          "'^userContextId=1'), ('.h', '/', 'a', 'ordinary', ''), ('.h', '/', 'a', 'last', "
+          "'^partitionKey=%28http%2Ci%29'), ('i', '/', 'a', 'alone', '^userContextId=1');");
+    QCOMPARE(imported(CookieImport::sourceFor(file("cookies.sqlite"))).text, QStringLiteral("4 Cookies were set."));
+    QCOMPARE(stored("h"), "/\ta\tordinary\r\n");
+    QCOMPARE(stored("i"), "/\ta\talone\r\n");
+}
+
+void tst_CookieImport::namesTheFormatThatIsWanted()
+{
+    const auto told = [this](std::unique_ptr<CookieSource> source) {
+        const QString failed = QStringLiteral("Error while importing cookies\n")
+            + QDir::toNativeSeparators(file("cookies.sqlite")) + u'\n';
+        return imported(std::move(source)).text.remove(failed);
+    };
+    for (const char* const json : { "\xef\xbb\xbf \n[\n\t{ \"name\": \"a\" }\n]", "{\n# x\n}" }) {
+        QVERIFY(writeFile(file("cookies.sqlite"), json));
+        QCOMPARE(told(CookieImport::sourceFor(file("cookies.sqlite"))), m_language.text("more.jsonCookies"));
+    }
+    QCOMPARE(told(std::make_unique<FirefoxDatabase>(file("cookies.sqlite"))), m_language.text("more.jsonCookies"));
+    QVERIFY(QFile::remove(file("cookies.sqlite")));
+    database("create table cookies (creation_utc integer, host_key text, name text, encrypted_value blob);");
+    QCOMPARE(told(CookieImport::sourceFor(file("cookies.sqlite"))), m_language.text("more.chromiumCookies"));
+}
+
 void tst_CookieImport::readsFirefoxDatabases_data()
 {
     QTest::addColumn<QByteArray>("statements");
     QTest::newRow("of today") << QByteArray("PRAGMA journal_mode=WAL;") + cookieTable;
+    QTest::newRow("of version 3") << QByteArray("create table moz_cookies (id INTEGER PRIMARY KEY, name TEXT, value "
+                                                "TEXT, host TEXT, path TEXT, expiry INTEGER, lastAccessed INTEGER, "
+                                                "isSecure INTEGER, isHttpOnly INTEGER);");
     QTest::newRow("with two bytes a character") << QByteArray("PRAGMA encoding='UTF-16le';") + cookieTable;
 }
 
@@ -223,7 +307,8 @@ void tst_CookieImport::readsInternetExplorer()
     QVERIFY(QDir().mkpath(folder));
     QCOMPARE(told(), QStringLiteral("0 Cookies were set."));
 
-    const QByteArray rest = "0\n1\n2\n3\n4\n*\n";
+    // No flags, and times in the year 2145.
+    const QByteArray rest = "0\n1\n40000000\n3\n4\n*\n";
     QVERIFY(writeFile(folder + QLatin1String("/a.txt"),
         "a\n1\nb.c/dir/x\n" + rest + "b\n2\nb.c/\n" + rest + "c\n3\n" + QByteArray(100'000, 'x') + "\nd\n"));
     QVERIFY(writeFile(folder + QLatin1String("/b.txt"), "a\r\n4\r\nb.c/\r\n" + QByteArray(rest).replace('\n', "\r\n")));
@@ -232,6 +317,13 @@ void tst_CookieImport::readsInternetExplorer()
         + QStringLiteral("\nLines without a usable cookie: 19\n\n");
     QCOMPARE(told(), brokenOff + QStringLiteral("3 Cookies were set."));
     QCOMPARE(stored("b.c"), "/\tb\t2\r\n/\ta\t4\r\n");
+
+    QVERIFY(QFile::remove(folder + QLatin1String("/a.txt")));
+    QVERIFY(writeFile(folder + QLatin1String("/b.txt"),
+        "e\n1\nb.c/\n8193\n1\n40000000\n3\n4\n*\nf\n1\nb.c/\n0\n1\n29000000\n3\n4\n*\ng\n1\nb.c/\n0\n0\n0\n0\n0\n*\n"));
+    QCOMPARE(told(),
+        QStringLiteral("1 Cookies were set.\nLeft out, because they are for https only: 1\nLeft out, because they have "
+                       "expired: 1"));
 }
 
 void tst_CookieImport::goesOnAfterAFileThatCannotBeWritten()
@@ -254,6 +346,13 @@ void tst_CookieImport::tellsOfMissingFiles()
         QVERIFY(imported(CookieImport::sourceFor(file(name))).text.startsWith(failed));
         QVERIFY(imported(std::make_unique<FirefoxDatabase>(file(name))).text.startsWith(failed));
     }
+#ifdef Q_OS_UNIX
+    // Opening a pipe would wait for a writer.
+    QCOMPARE(mkfifo(qPrintable(file("pipe")), 0600), 0);
+    const QString refused = m_language.text("more.notAFile");
+    QVERIFY(imported(CookieImport::sourceFor(file("pipe"))).text.endsWith(refused));
+    QVERIFY(imported(std::make_unique<FirefoxDatabase>(file("pipe"))).text.endsWith(refused));
+#endif
 }
 
 QTEST_GUILESS_MAIN(tst_CookieImport)

@@ -8,8 +8,6 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "base/window/Captions.h"
-#include "requests/CookieImport.h"
-#include "requests/CookiesTxt.h"
 #include "requests/ExplorerCookies.h"
 #include "requests/FirefoxDatabase.h"
 #include "requests/ImportReport.h"
@@ -23,9 +21,9 @@
 
 namespace {
 
-template <typename Source> std::unique_ptr<CookieSource> sourceOf(const QString& fileName)
+std::unique_ptr<CookieSource> openDatabase(const QString& fileName)
 {
-    return std::make_unique<Source>(fileName);
+    return std::make_unique<FirefoxDatabase>(fileName);
 }
 
 } // namespace
@@ -82,11 +80,11 @@ void dialog_requests::wireLanguages()
 void dialog_requests::wireCookies()
 {
     connect(m_ui->b_cookiesImportIE, &QPushButton::clicked, this,
-        [this] { startImport(std::make_unique<ExplorerCookies>(m_seams.registry)); });
+        [this] { startImport([this] { return std::make_unique<ExplorerCookies>(m_seams.registry); }); });
     connect(m_ui->b_cookiesImportFF, &QPushButton::clicked, this,
-        [this] { askForCookieFile(QStringLiteral("cookies.txt"), &sourceOf<CookiesTxt>); });
+        [this] { askForCookieFile(QStringLiteral("cookies.txt"), &CookieImport::sourceFor); });
     connect(m_ui->b_cookiesImportFF3, &QPushButton::clicked, this,
-        [this] { askForCookieFile(QStringLiteral("cookies.sqlite"), &sourceOf<FirefoxDatabase>); });
+        [this] { askForCookieFile(QStringLiteral("cookies.sqlite"), &openDatabase); });
     connect(m_ui->b_deleteSavedCookies, &QPushButton::clicked, this, &dialog_requests::deleteCookies);
 }
 
@@ -201,22 +199,40 @@ void dialog_requests::selectLanguage(qsizetype index)
 void dialog_requests::askForCookieFile(
     const QString& name, std::unique_ptr<CookieSource> (*sourceOf)(const QString& fileName))
 {
-    m_seams.fileDialogs.open({ windowTitle(), { { m_seams.text("lang.filetype_mFireFoxCookieDB"), name } }, {}, {},
-                                 platform::firefoxProfilesFolder() },
-        [this, sourceOf](const QString& path) { startImport(sourceOf(path)); });
+    // Exporters give their files other names.
+    const QList<FileDialogs::FileType> types { { m_seams.text("lang.filetype_mFireFoxCookieDB"), name },
+        { m_seams.text("lang.filetype_all"), QStringLiteral("*") } };
+    m_seams.fileDialogs.open({ windowTitle(), types, {}, {}, platform::firefoxProfilesFolder() },
+        [this, sourceOf](const QString& path) { startImport([path, sourceOf] { return sourceOf(path); }); });
 }
 
-void dialog_requests::startImport(std::unique_ptr<CookieSource> source)
+void dialog_requests::startImport(const OpenSource& open)
 {
-    if (m_importing.isBusy())
-        return;
-    const auto cookies = std::make_shared<CookieImport>(std::move(source), m_cookies);
-    m_importing.add([this, cookies] {
+    if (!m_importing.isBusy())
+        import(open, CookieImport::Taking::Harmless);
+}
+
+void dialog_requests::import(const OpenSource& open, CookieImport::Taking taking)
+{
+    const auto cookies = std::make_shared<CookieImport>(open(), m_cookies, taking);
+    m_importing.add([this, cookies, open] {
         if (cookies->step())
             return true;
-        m_seams.messages.tell(importReport::box(*cookies, m_seams.language));
+        endImport(open, *cookies);
         return false;
     });
+}
+
+/// Tells how the import ended. If cookies were left out, the user may have them too: the browser is then read anew.
+void dialog_requests::endImport(const OpenSource& open, const CookieImport& cookies)
+{
+    Messages::Box box = importReport::box(cookies, m_seams.language);
+    if (cookies.count().leftOut() == 0) {
+        m_seams.messages.tell(box);
+        return;
+    }
+    box.text += QLatin1String("\n\n") + m_seams.text("more.takeAllCookies");
+    m_seams.messages.confirm(box, [this, open] { import(open, CookieImport::Taking::All); });
 }
 
 void dialog_requests::deleteCookies()

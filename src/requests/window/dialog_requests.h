@@ -3,15 +3,16 @@
 
 #include "base/Seams.h"
 #include "base/StepQueue.h"
+#include "requests/CookieImport.h"
 #include "requests/RequestChoices.h"
 
 #include <QDialog>
 #include <QList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
-class CookieSource;
 class CookieStore;
 class QCheckBox;
 
@@ -47,8 +48,12 @@ private:
     void moveLanguage(int by);
     [[nodiscard]] std::optional<qsizetype> selectedLanguage() const;
     void selectLanguage(qsizetype index);
+    /// Opens the storage of a browser. An import may need it twice.
+    using OpenSource = std::function<std::unique_ptr<CookieSource>()>;
     void askForCookieFile(const QString& name, std::unique_ptr<CookieSource> (*sourceOf)(const QString& fileName));
-    void startImport(std::unique_ptr<CookieSource> source);
+    void startImport(const OpenSource& open);
+    void import(const OpenSource& open, CookieImport::Taking taking);
+    void endImport(const OpenSource& open, const CookieImport& cookies);
     void deleteCookies();
 
     RequestChoices m_choices;

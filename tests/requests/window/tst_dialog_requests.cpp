@@ -24,6 +24,7 @@ private slots:
     void switchesDependOnEachOther();
     void importsCookies_data();
     void importsCookies();
+    void asksBeforeItTakesAllCookies();
     void deletesCookies();
     void everyCaptionHasItsKey();
 
@@ -208,6 +209,25 @@ void tst_dialog_requests::importsCookies()
     QTRY_COMPARE(m_messages.told.size(), 1);
     const QString text = m_messages.told.first().text;
     QVERIFY(works ? text == QLatin1String("100 Cookies were set.") : text.startsWith(QLatin1String("SQLite: ")));
+}
+
+void tst_dialog_requests::asksBeforeItTakesAllCookies()
+{
+    check("c_useCookies", true);
+    m_dialogs.choice = file("exported.txt");
+    QVERIFY(writeFile(m_dialogs.choice, "h\tx\t/\tFALSE\t0\ta\t1\nh\tx\t/\tTRUE\t0\tb\t2\n"));
+    m_messages.answer = false;
+    click(window(), "b_cookiesImportFF");
+    QTRY_COMPARE(m_messages.asked.size(), 1);
+    QCOMPARE(m_dialogs.requests.value(0).types.value(1).pattern, QStringLiteral("*"));
+    QVERIFY(m_messages.returnIsHarmless());
+    QVERIFY(m_messages.askedText().startsWith("1 Cookies were set.\n"));
+    QCOMPARE(m_cookies.getCookieHeader("http://h/"), "Cookie: a=1\r\n");
+    m_messages.answer = true;
+    click(window(), "b_cookiesImportFF");
+    QTRY_COMPARE(m_messages.told.size(), 1);
+    QCOMPARE(m_messages.toldText(), "2 Cookies were set.");
+    QCOMPARE(m_cookies.getCookieHeader("http://h/"), "Cookie: a=1; b=2\r\n");
 }
 
 void tst_dialog_requests::deletesCookies()
