@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
-#include "support/ScriptedServer.h"
+#include "support/ConsoleFixture.h"
 #include "support/Table.h"
 #include "support/Text.h"
 
@@ -20,11 +20,11 @@
 #endif
 
 /// Runs the console program as a script would.
-class tst_cli : public QObject {
+class tst_cli : public QObject, ConsoleFixture {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { reset(); }
 
     void printsEachFormat();
     void printsTableForPeople();
@@ -32,8 +32,6 @@ private slots:
     void filters_data();
     void filters();
     void optionsReachTheWire();
-    void keepsAndSendsCookies();
-    void importsAndClearsCookies();
     void refusesArguments_data();
     void refusesArguments();
     void refusesSaveTargets();
@@ -43,73 +41,11 @@ private slots:
     void fullStandardOutputIsAFailure();
     void listTellsWhatIsWrong();
     void jsonLeadsToTheSamePlace();
-    void downloads_data();
-    void downloads();
-    void downloadsSayWhyTheyFailed();
-    void numbersUrls();
     void helpsOnEveryCommand();
     void namesVersionCommitAndLibrary();
     void interruptionPrintsAndSaves_data();
     void interruptionPrintsAndSaves();
-
-private:
-    struct Result {
-        int status = -1;
-        QByteArray out;
-        QByteArray err;
-    };
-    /// Runs the program with the words of a line, in which "URL" stands for the server's URL and "@" for the test's
-    /// folder. In its standard output the server's URL is replaced by "URL" again.
-    Result run(const QByteArray& line);
-    void start(QProcess& process, const QByteArray& line);
-    [[nodiscard]] QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<ScriptedServer> m_server;
 };
-
-namespace {
-
-/// The words of a search that keeps its cookies in the test's folder.
-QByteArray search(const QByteArray& more = {})
-{
-    return "search URL --cookies @cookies " + more;
-}
-
-} // namespace
-
-void tst_cli::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_server = std::make_unique<ScriptedServer>();
-    m_server->page("/", "<a href='a.html'><img src='b.png'>");
-    m_server->page("/a.html", "<a href='mailto:me'>");
-    m_server->script("/b.png",
-        { { "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nContent-Length: 2048\r\nContent-Language: de\r\n\r\n" } });
-}
-
-void tst_cli::start(QProcess& process, const QByteArray& line)
-{
-    const QByteArray folder = m_folder->path().toUtf8() + '/';
-    const QByteArray words = QByteArray(line).replace("URL", m_server->origin()).replace('@', folder);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TARNWICK_DATA"), file("data"));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(TARNWICK_CLI), QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts));
-}
-
-tst_cli::Result tst_cli::run(const QByteArray& line)
-{
-    // The server runs on this thread, so wait for the program in the event loop.
-    QProcess process;
-    QSignalSpy finished(&process, &QProcess::finished);
-    start(process, line);
-    if (!finished.wait(60'000))
-        return {};
-    // Standard error is for people, so it has the line ends of the system; standard output has the same bytes everywhere.
-    return { process.exitCode(), process.readAllStandardOutput().replace(m_server->origin(), "URL"),
-        process.readAllStandardError().replace("\r\n", "\n") };
-}
 
 void tst_cli::printsEachFormat()
 {
@@ -215,48 +151,6 @@ void tst_cli::optionsReachTheWire()
     QCOMPARE(sorted(m_server->paths().sliced(3)), (QByteArrayList { "/", "/i", "/s" }));
     QVERIFY(!m_server->requests().constLast().contains("Referer"));
     QVERIFY(m_server->requests().constLast().contains("\r\nUser-Agent: Tarnwick 1 ("));
-}
-
-void tst_cli::keepsAndSendsCookies()
-{
-    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
-    QCOMPARE(run(search("--no-accept-cookies")).status, 0);
-    const QByteArray show = "cookies show URL --cookies @cookies";
-    QCOMPARE(run(show).out, "");
-    QCOMPARE(run(search()).status, 0);
-    QCOMPARE(run(show).out, "Cookie: a=1\n");
-    QVERIFY(!m_server->requests().constLast().contains("Cookie"));
-    QCOMPARE(run(search("--send-cookies")).status, 0);
-    QVERIFY(m_server->requests().constLast().contains("\r\nCookie: a=1\r\n"));
-
-    QVERIFY(writeFile(file("none"), {}));
-    m_server->page("/", "<a href='b'>");
-    m_server->script("/b", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
-    QCOMPARE(run("search URL --cookies @none").err.count("tarnwick-cli: Cookies cannot be stored in this folder: "), 1);
-    m_server->script("/", { { "HTTP/1.1 200 OK\r\nSet-Cookie: a=1; path=/\r\n\r\n" } });
-
-    // Without the option, cookies go to the user's own folder.
-    QCOMPARE(run("search URL").status, 0);
-    QCOMPARE(contentOf(file("data/Cookies/127.0.0.1.tkc")), "/\ta\t1\r\n");
-    QCOMPARE(run("cookies show 127.0.0.1/x").out, "Cookie: a=1\n");
-}
-
-void tst_cli::importsAndClearsCookies()
-{
-    QVERIFY(writeFile(file("cookies.txt"), ".0.0.1\tTRUE\t/\tFALSE\t0\ta\t1\nx\nh\tTRUE\t/\tFALSE\t0\tb\t2\n"));
-    const Result both = run("cookies import @cookies.txt @cookies.txt --cookies @cookies");
-    QCOMPARE(both.status, 0);
-    QCOMPARE(both.out, "4 Cookies were set.\n");
-    QCOMPARE(both.err.count("cookies.txt: Lines without a usable cookie: 2"), 2);
-    QCOMPARE(run("cookies show URL --cookies @cookies").out, "Cookie: a=1\n");
-    const Result partly = run("cookies import @none.txt @cookies.txt --cookies @cookies");
-    QCOMPARE(partly.status, 1);
-    QCOMPARE(partly.out, "2 Cookies were set.\n");
-    QVERIFY(partly.err.startsWith("tarnwick-cli: Error while importing cookies: "));
-    QCOMPARE(run("cookies clear --cookies @cookies").out, "Cookies were deleted.\n");
-    QCOMPARE(run("cookies show URL --cookies @cookies").out, "");
-    QCOMPARE(run("cookies clear --cookies @nowhere").status, 0);
-    QVERIFY(!QFile::exists(file("nowhere")));
 }
 
 void tst_cli::refusesArguments_data()
@@ -375,86 +269,6 @@ void tst_cli::jsonLeadsToTheSamePlace()
     const bool isText = !allgemein::fromSystem("\x81").contains(QChar::ReplacementCharacter);
     QVERIFY(out.contains(isText ? "\"url\":\"http://h:80/\xc2\x81\"" : "\"url\":\"http://h:80/%81\""));
     QVERIFY(out.contains("\"size\":0"));
-}
-
-void tst_cli::downloads_data()
-{
-    const auto row = table<QByteArray, QByteArray, int>("line", "out", "status");
-    row("a URL", "download @t URL/c.bin", "C @t/c.bin URL/c.bin\n", 0);
-    row("what is too short", "download @t URL/a.html", "S @t/a.html URL/a.html\n", 2);
-    row("what fails", "download @t https://h/ URL/c.bin", "F - https://h/\nC @t/c.bin URL/c.bin\n", 2);
-    row("what has moved", "download @t URL/old", "F - URL/c.bin\n", 2);
-    row("what has moved, followed", "download @t URL/old --follow-relocation --parallel 1", "C @t/c.bin URL/c.bin\n",
-        0);
-    row("a circle of moves ends", "download @t URL/circle --follow-relocation", "F - URL/circle\n", 2);
-    row("an error page", "download @t URL/none", "C @t/none URL/none\n", 0);
-    row("an error page, refused", "download @t URL/none --fail", "F - URL/none\n", 2);
-    row("no name", "download @t URL/empty/", "C @t/index URL/empty/\n", 0);
-    row("no name, not renamed", "download @t URL/empty/ --no-rename-for-ms", "F - URL/empty/\n", 2);
-    row("names with all rules", "download @t URL/c.bin?x --dir-by-url --ext-by-mime --rename-for-ms",
-        "C @t/1/0/0/127/PORT/c.bin%3Fx.zip URL/c.bin?x\n", 0);
-    row("the items of a search file", "download @t @s.twk --mime application/zip", "C @t/c.bin URL/c.bin\n", 0);
-    row("a file that is no search file", "download @t @no.twk", "", 1);
-    row("no source", "download @t", "", 1);
-    row("too many at once", "download @t URL --parallel 11", "", 1);
-}
-
-void tst_cli::downloads()
-{
-    QFETCH(QByteArray, line);
-    const QByteArray zip = "HTTP/1.1 200 OK\r\nContent-Type: application/zip\r\nContent-Length: 3\r\n\r\nzip";
-    m_server->script("/c.bin", { { zip } });
-    m_server->script("/c.bin?x", { { zip } });
-    m_server->relocation("/old", "c.bin");
-    m_server->relocation("/circle", "/circle");
-    QVERIFY(writeFile(file("s.twk"),
-        "Nonsense=1\r\nResults:\r\n" + m_server->origin() + "/c.bin\tapplication/zip\t3\r\n" + m_server->origin()
-            + "/a.html\ttext/html\r\n"));
-    const Result result = run(line);
-    QTEST(result.status, "status");
-    QCOMPARE(result.err.contains("s.twk:1: Invalid attribut"), line.contains("s.twk"));
-    QByteArray out;
-    for (const QByteArray& printed : result.out.split('\n').first(result.out.count('\n'))) {
-        const QByteArrayList fields = printed.split('\t');
-        const QString path = QDir::fromNativeSeparators(QString::fromUtf8(fields.value(1)));
-        QCOMPARE(QFileInfo(path).isFile(), fields[0] != "F");
-        out += QByteArrayList { fields[0], path.toUtf8(), fields.value(2) }.join(' ') + '\n';
-    }
-    out.replace(m_folder->path().toUtf8(), "@").replace(QByteArray::number(m_server->serverPort()), "PORT");
-    QTEST(out.replace("@/", "@"), "out");
-}
-
-void tst_cli::downloadsSayWhyTheyFailed()
-{
-    QVERIFY(writeFile(file("there"), "x"));
-    QVERIFY(writeFile(file("s.twk"),
-        "Results:\r\nmailto://me:0/\t\t0\r\nftp://h:21/\t\t0\r\n" + m_server->origin() + "/there\t\t0\r\n"));
-    m_server->script("/short", { { "HTTP/1.1 500 Oh\r\nContent-Length: 9\r\n\r\nx" } });
-    const Result result =
-        run("download @. https://h/ http://127.0.0.1:1/x URL/none URL/short URL/e/ @s.twk --no-rename-for-ms -p 1");
-    QCOMPARE(result.status, 2);
-    QByteArrayList lines = QByteArray(result.err).replace(m_server->origin(), "URL").split('\n');
-    QVERIFY2(
-        lines.takeFirst().endsWith("s.twk: items left out, because only http is supported: 2"), result.err.constData());
-    const QByteArrayList expected { "https://h/: Unsupported protocol",
-        "http://127.0.0.1:1/x: Network failure: Connection refused", "URL/none: Status 404",
-        "URL/short: Disconnected before file seemed to be complete.; Status 500",
-        "URL/e/: Error while creating file; Status 404", "URL/there: File already exists; Status 404", "" };
-    QCOMPARE(lines, expected);
-}
-
-void tst_cli::numbersUrls()
-{
-    QCOMPARE(run("number x.y.z/img.jpg --pos 16 --min 9 --max 11 --digits 2").out,
-        "http://x.y.z/img09.jpg\nhttp://x.y.z/img10.jpg\nhttp://x.y.z/img11.jpg\n");
-    const QByteArray number = "number http://h/ --pos 9 ";
-    QCOMPARE(run(number + "--min 26 --max 27 --type lower").out, "http://h/z\nhttp://h/a`\n");
-    QCOMPARE(run(number + "--min 10 --max 10 --type hex").out, "http://h/A\n");
-    QCOMPARE(run(number + "--min 27 --max 27 --type upper").out, "http://h/A@\n");
-    QCOMPARE(run(number + "--min 2 --max 1").out, "");
-    for (const char* const more : { "--min 1", "--min 1 --max 1 --type roman", "--min 1 --max 1 --digits 2000000000" })
-        QCOMPARE(run(number + more).status, 1);
-    QCOMPARE(run("number .h --pos 1 --min 1 --max 1").status, 1);
 }
 
 void tst_cli::helpsOnEveryCommand()
