@@ -327,7 +327,10 @@ bool FramedAnswer::readTrailer(Portion& portion)
 
 void FramedAnswer::endByClose(Portion& portion)
 {
-    if (m_state == State::InBody && m_framing.end == BodyFraming::End::AtClose)
+    // Behind the last chunk the body is whole: some servers close without the empty line.
+    const bool isWhole =
+        m_state == State::InTrailers || (m_state == State::InBody && m_framing.end == BodyFraming::End::AtClose);
+    if (isWhole)
         endBody(portion);
     else
         fail(Fault::EndedEarly, portion);

@@ -218,7 +218,8 @@ void tst_FramedAnswer::readsAnswerHoweverCut_data()
     open("greatest chunk", chunked + "7FFFFFFFFFFFFFFF\r\nhi", "200 [hi] open");
     open("data longer than the chunk", chunked + "2\r\nhi!\r\n0\r\n\r\n", "200 [hi] broken chunk");
     closed("no last chunk", chunked + "2\r\nhi\r\n", "200 [hi] ended early");
-    closed("trailers cut short", chunked + "2\r\nhi\r\n0\r\n", "200 [hi] ended early");
+    closed("no empty line behind the last chunk", chunked + "2\r\nhi\r\n0\r\n", "200 [hi] over");
+    closed("last chunk cut short", chunked + "2\r\nhi\r\n0\r", "200 [hi] ended early");
 }
 
 void tst_FramedAnswer::readsAnswerHoweverCut()
