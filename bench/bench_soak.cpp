@@ -144,7 +144,7 @@ public:
     Soak(qint64 seconds, quint32 seed)
         : m_milliseconds(seconds * 1000)
         , m_site(seed)
-        , m_extras(m_prefs, m_cookies)
+        , m_extras(m_prefs, m_cookies, m_web)
         , m_run(m_list, m_extras, m_web)
         , m_queue(m_extras, m_web)
     {

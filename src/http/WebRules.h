@@ -8,4 +8,6 @@
 struct WebRules {
     /// An exchange that gets no byte for so long ends; 0 means no limit.
     std::chrono::seconds silenceLimit { 0 };
+    /// Cookies follow RFC 6265 and have a store of their own.
+    bool keepsWebCookies = false;
 };

@@ -50,6 +50,7 @@ CookieStore::CookieStore()
     m_retry.setSingleShot(true);
     m_retry.setInterval(retryInterval);
     connect(&m_retry, &QTimer::timeout, this, &CookieStore::writeWaitingSoon);
+    connect(&m_web, &WebCookies::notStored, this, &CookieStore::notStored);
 }
 
 CookieStore::~CookieStore()
@@ -66,6 +67,7 @@ void CookieStore::setCookieFolder(const QString& folder)
     const QString programFolder = allgemein::dataFolder();
     if (isNew || (m_folder.startsWith(programFolder) && m_folder != programFolder))
         platform::keepFromOthers(m_folder);
+    m_web.setFolder(m_folder);
 }
 
 void CookieStore::takeSetCookies(const QByteArrayList& setCookieValues, const QByteArray& host)
@@ -91,6 +93,7 @@ void CookieStore::writeWaitingSoon()
 
 void CookieStore::finish()
 {
+    m_web.finish();
     if (m_waiting.isEmpty())
         return;
     const FolderLock lock(m_folder, lastPatience);
@@ -144,8 +147,10 @@ QStringList CookieStore::deleteAll()
     m_waiting.clear();
     if (m_folder.isEmpty())
         return {};
-    const FolderLock lock(m_folder, patience);
     QStringList kept;
+    if (!m_web.clear())
+        kept += m_web.fileName();
+    const FolderLock lock(m_folder, patience);
     // A program that was killed may have left unfinished files, which hold cookies too.
     const QStringList names { QStringLiteral("*.tkc"), QStringLiteral("*.tkc.tmp") };
     for (const QFileInfo& file : QDir(m_folder).entryInfoList(names, QDir::Files | QDir::Hidden)) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "requests/CookieFile.h"
+#include "requests/WebCookies.h"
 
 #include <QByteArrayList>
 #include <QElapsedTimer>
@@ -37,6 +38,8 @@ public:
     /// folder that is new or inside the program's own is closed to other users.
     void setCookieFolder(const QString& folder);
     [[nodiscard]] const QString& folder() const { return m_folder; }
+    /// The cookies by RFC 6265, in the same folder. `finish` and `deleteAll` are for them too.
+    [[nodiscard]] WebCookies& web() { return m_web; }
 
     /// Stores the cookies of an answer, in the order of its Set-Cookie fields. Values that cannot be parsed or are too
     /// long are ignored.
@@ -69,6 +72,7 @@ private:
     [[nodiscard]] QString fileFor(QByteArrayView host) const;
 
     QString m_folder;
+    WebCookies m_web;
     QHash<QByteArray, QList<Cookie>> m_waiting; ///< cookies of servers that are not written yet, by host
     QElapsedTimer m_sinceWaiting;
     QTimer m_retry;

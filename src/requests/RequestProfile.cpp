@@ -3,9 +3,10 @@
 
 #include "http/url.h"
 
-RequestProfile::RequestProfile(const RequestPrefs& prefs, CookieStore& cookies)
+RequestProfile::RequestProfile(const RequestPrefs& prefs, CookieStore& cookies, const WebRules& rules)
     : m_prefs(prefs)
     , m_cookies(cookies)
+    , m_rules(rules)
 {
 }
 
@@ -21,7 +22,9 @@ std::optional<QByteArray> RequestProfile::acceptLanguageLine() const
 
 QByteArray RequestProfile::cookieLine(const QByteArray& url) const
 {
-    return m_prefs.useCookies ? m_cookies.getCookieHeader(url) : QByteArray();
+    if (!m_prefs.useCookies)
+        return {};
+    return m_rules.keepsWebCookies ? m_cookies.web().cookieLine(url) : m_cookies.getCookieHeader(url);
 }
 
 bool RequestProfile::sendsReferer() const
@@ -31,6 +34,10 @@ bool RequestProfile::sendsReferer() const
 
 void RequestProfile::takeCookies(const QByteArrayList& setCookieValues, const QByteArray& url)
 {
-    if (m_prefs.setCookies)
+    if (!m_prefs.setCookies)
+        return;
+    if (m_rules.keepsWebCookies)
+        m_cookies.web().take(setCookieValues, url);
+    else
         m_cookies.takeSetCookies(setCookieValues, url::hostOf(url).toByteArray());
 }

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "http/RequestExtras.h"
+#include "http/WebRules.h"
 #include "requests/CookieStore.h"
 #include "requests/RequestPrefs.h"
 
 /// Fills requests by the request preferences and the stored cookies, which it looks up for each request.
 class RequestProfile final : public RequestExtras {
 public:
-    /// Both must outlive the profile.
-    RequestProfile(const RequestPrefs& prefs, CookieStore& cookies);
+    /// All must outlive the profile.
+    RequestProfile(const RequestPrefs& prefs, CookieStore& cookies, const WebRules& rules);
 
     [[nodiscard]] std::optional<QByteArray> userAgentLine() const override;
     [[nodiscard]] std::optional<QByteArray> acceptLanguageLine() const override;
@@ -20,4 +21,5 @@ public:
 private:
     const RequestPrefs& m_prefs;
     CookieStore& m_cookies;
+    const WebRules& m_rules;
 };

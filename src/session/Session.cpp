@@ -7,7 +7,7 @@
 #include <QDir>
 
 Session::Session()
-    : requestProfile(requestPrefs, cookies)
+    : requestProfile(requestPrefs, cookies, web)
     , search(foundItems, requestProfile, web)
     , downloads(requestProfile, web)
 {
