@@ -25,6 +25,7 @@ private slots:
     void announcesLength_data();
     void announcesLength();
     void decodesBombInPortions();
+    void handsLongPieceOnInPortions();
     void skipsBodyUndecoded();
     void takesSurplusForDoubt();
 };
@@ -348,6 +349,19 @@ void tst_FramedAnswer::decodesBombInPortions()
     QCOMPARE(portion.kind, Kind::End);
     QCOMPARE(decoded, length);
     QVERIFY(answer.receivedLength() < length / 500);
+}
+
+void tst_FramedAnswer::handsLongPieceOnInPortions()
+{
+    const QByteArray body(3 * FramedAnswer::portionLimit + 1, 'x');
+    FramedAnswer answer(true);
+    answer.take(withLength({}, body));
+    QByteArray received;
+    for (auto portion = answer.next(); portion.kind != Kind::End; portion = answer.next()) {
+        QVERIFY(portion.kind != Kind::Nothing && portion.body.size() <= FramedAnswer::portionLimit);
+        received += portion.body;
+    }
+    QCOMPARE(received, body);
 }
 
 void tst_FramedAnswer::skipsBodyUndecoded()
