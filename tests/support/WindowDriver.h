@@ -4,6 +4,7 @@
 #include "base/lang.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -26,6 +27,14 @@ template <typename Control> Control& control(const QObject& window, const char* 
 inline void click(const QObject& window, const char* button)
 {
     control<QAbstractButton>(window, button).click();
+}
+
+/// Toggles a button as assistive technology does, without a click.
+inline void toggle(const QObject& window, const char* button)
+{
+    QAccessible::queryAccessibleInterface(&control<QAbstractButton>(window, button))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
 }
 
 inline void choose(const QObject& window, const char* entry)

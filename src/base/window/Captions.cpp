@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
 
 void setCaption(QObject& control, const QString& caption)
@@ -28,8 +30,14 @@ void setCaption(QObject& control, const QString& caption)
         frame->setTitle(caption);
 }
 
+bool hasLabel(const QWidget& control)
+{
+    const auto labels = control.parent()->findChildren<const QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) { return label->buddy() == &control; });
+}
+
 /// The text of a "more." key is the caption of a label, an action or a menu, and of a push button that has no other. Of
-/// other controls, which have a sign or no caption, it is the tool tip and the accessible name.
+/// other controls it is the tool tip, and their name for assistive technology if nothing else names them.
 void setAddition(QObject& control, const QString& text, bool hasCaption)
 {
     const bool isLabel = qobject_cast<QLabel*>(&control) || qobject_cast<QAction*>(&control)
@@ -38,7 +46,8 @@ void setAddition(QObject& control, const QString& text, bool hasCaption)
         setCaption(control, text);
     } else if (auto* const widget = qobject_cast<QWidget*>(&control)) {
         widget->setToolTip(text);
-        widget->setAccessibleName(text);
+        if (!hasCaption && !hasLabel(*widget))
+            widget->setAccessibleName(text);
     }
 }
 
@@ -73,6 +82,9 @@ void captions::apply(QObject& part, const QString& windowName, const LanguageTab
         setCaption(part, language.text(key));
     if (const QString addition = language.text("more." + key); !addition.isEmpty())
         setAddition(part, addition, hasCaption);
+    auto* const widget = qobject_cast<QWidget*>(&part);
+    if (const QString name = language.text("more.name." + key); widget && !name.isEmpty())
+        widget->setAccessibleName(name);
     for (QObject* const child : part.children()) {
         if (!isOtherWindow(child))
             apply(*child, windowName, language);

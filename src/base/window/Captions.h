@@ -13,7 +13,8 @@ namespace captions {
 void nameArrays(QObject& window);
 
 /// Sets the window's title and the captions of all its controls that have a key in the table. The text of a key with
-/// "more." in front becomes the tool tip of a control without a caption, and its name for assistive technology.
+/// "more." in front becomes the tool tip of a control that has a caption or needs none. For assistive technology a
+/// control has the name of its key with "more.name." in front, else its caption or label, else its tool tip.
 void apply(QWidget& window, const LanguageTable& language);
 /// As above, for a part of the window called `windowName`.
 void apply(QObject& part, const QString& windowName, const LanguageTable& language);

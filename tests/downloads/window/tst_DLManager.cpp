@@ -350,7 +350,7 @@ void tst_DLManager::lettersAreTypedAndShown()
 {
     auto& max = control<zahlenEingabe>(*m_numbered, "max");
     max.setValue(27);
-    click(*m_numbered, "r_indexType(4)");
+    toggle(*m_numbered, "r_indexType(4)");
     QCOMPARE(max.getTextWert(), QStringLiteral("A@"));
     QCOMPARE(max.value(), 27);
     max.selectAll();
