@@ -256,7 +256,7 @@ void MainWindow::updateStatus()
 void MainWindow::updateTitle()
 {
     const QString program = QApplication::applicationName();
-    const QString file = QFileInfo(m_search.fileName()).fileName();
+    const QString file = allgemein::withVisibleControls(QFileInfo(m_search.fileName()).fileName());
     setWindowTitle(file.isEmpty() ? program : file + QStringLiteral(" – ") + program);
 }
 

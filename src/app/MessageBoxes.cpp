@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QMainWindow>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -24,12 +25,19 @@ QMessageBox::Icon iconFor(Messages::Sign sign)
     return QMessageBox::NoIcon;
 }
 
+/// A box wraps its lines at blanks only, and would cut off a long URL.
+QString withBrokenWords(const QString& line)
+{
+    static const QRegularExpression longWord(QStringLiteral("(\\S{50})(?=\\S)"));
+    return QString(line).replace(longWord, QStringLiteral("\\1\n"));
+}
+
 /// A message names files and URLs from outside; only its own line ends are kept as they are.
 QString shownText(const QString& message)
 {
     QStringList lines = message.split(u'\n');
     for (QString& line : lines)
-        line = allgemein::withVisibleControls(line);
+        line = withBrokenWords(allgemein::withVisibleControls(line));
     return lines.join(u'\n');
 }
 

@@ -2,6 +2,7 @@
 #include "app/ResultsArea.h"
 
 #include "app/WindowPlace.h"
+#include "base/window/FittingArea.h"
 #include "results/window/FilterPane.h"
 #include "results/window/FoundsView.h"
 #include "results/window/HostTreeView.h"
@@ -17,7 +18,8 @@ ResultsArea::ResultsArea(Session& session, QWidget* parent)
     , m_hosts(session.foundItems, nullptr)
     , m_tree(new HostTreeView(m_hosts, this))
     , m_list(new FoundsView(m_founds, session.language, this))
-    , m_filter(new FilterPane(session.filter, this))
+    , m_filterArea(new FittingArea(this))
+    , m_filter(new FilterPane(session.filter, m_filterArea))
     , m_splitter(new QSplitter(this))
 {
     layOut();
@@ -43,7 +45,10 @@ void ResultsArea::layOut()
     m_splitter->setSizes({ 16 * line, 46 * line });
     auto* const rows = new QVBoxLayout(this);
     rows->addWidget(m_splitter, 1);
-    rows->addWidget(m_filter);
+    m_filterArea->setWidget(m_filter);
+    // As high as the filter needs, so that the results keep the rest of the window.
+    m_filterArea->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    rows->addWidget(m_filterArea);
     setFocusProxy(m_list);
 }
 
@@ -132,7 +137,7 @@ void ResultsArea::setSizeUnit(qint64 bytes, const QString& name)
 void ResultsArea::showFilter(bool on)
 {
     m_session.windows.filter = on;
-    m_filter->setVisible(on);
+    m_filterArea->setVisible(on);
 }
 
 void ResultsArea::showTree(bool on)

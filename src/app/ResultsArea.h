@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class FilterPane;
+class FittingArea;
 class FoundsView;
 class HostTreeView;
 class QSplitter;
@@ -64,6 +65,7 @@ private:
     HostTree m_hosts;
     HostTreeView* m_tree;
     FoundsView* m_list;
+    FittingArea* m_filterArea;
     FilterPane* m_filter;
     QSplitter* m_splitter;
     bool m_filterWaits = false; ///< the filter was changed since it was applied

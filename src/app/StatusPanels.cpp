@@ -3,38 +3,15 @@
 
 #include "base/lang.h"
 #include "base/window/Captions.h"
+#include "base/window/ElidedLabel.h"
 #include "session/SearchStatus.h"
 
-#include <QLabel>
-#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStyle>
 
 #include <algorithm>
 
 namespace {
-
-/// A label that never widens the window for a long text. It leaves out the middle instead.
-class Panel final : public QLabel {
-public:
-    Panel(const QString& name, QWidget* parent)
-        : QLabel(parent)
-    {
-        setObjectName(name);
-        setTextFormat(Qt::PlainText);
-        setMinimumWidth(fontMetrics().averageCharWidth() * 8);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-        style()->drawItemText(
-            &painter, contentsRect(), Qt::AlignVCenter, palette(), isEnabled(), shown, foregroundRole());
-    }
-};
 
 /// How the panels share the room; the start URL needs the most.
 constexpr std::array<int, 6> stretches { 4, 5, 2, 4, 5, 3 };
@@ -48,7 +25,8 @@ StatusPanels::StatusPanels(QWidget* parent)
 {
     setObjectName(QStringLiteral("statusBar"));
     for (size_t panel = 0; panel < m_panels.size(); ++panel) {
-        m_panels[panel] = new Panel(QStringLiteral("panel_%1").arg(panel + 1), this);
+        m_panels[panel] = new ElidedLabel(this);
+        m_panels[panel]->setObjectName(QStringLiteral("panel_%1").arg(panel + 1));
         addWidget(m_panels[panel], stretches[panel]);
     }
     m_filtered->setObjectName(QStringLiteral("b_filtered"));

@@ -5,6 +5,7 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "base/window/Captions.h"
+#include "base/window/FittingArea.h"
 #include "http/url.h"
 #include "ui_dialog_getUrl.h"
 
@@ -22,10 +23,6 @@ dialog_getUrl::dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTab
     QWidget* const page = m_browser->widget();
     page->setObjectName(QStringLiteral("IE"));
     m_ui->rows->addWidget(page, 1);
-    if (m_browser->isEmbedded())
-        resize(64 * fontMetrics().height(), 44 * fontMetrics().height());
-    else
-        m_ui->link->setMinimumWidth(30 * fontMetrics().height());
 
     m_browser->onNavigated([this](const QByteArray& url) { showAddress(url); });
     m_browser->onLinkFollowed([this] { m_ui->link->setModified(false); });
@@ -38,6 +35,7 @@ dialog_getUrl::dialog_getUrl(std::unique_ptr<Browser> browser, const LanguageTab
     connect(m_ui->b_ok, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->b_Abort, &QPushButton::clicked, this, &QDialog::reject);
     applyCaptions();
+    fitToScreen();
 }
 
 dialog_getUrl::~dialog_getUrl()
@@ -45,10 +43,23 @@ dialog_getUrl::~dialog_getUrl()
     m_browser.reset(); // The browser must go before its widget, which the window owns.
 }
 
+/// An embedded page gets much room, instructions as much as they need.
+void dialog_getUrl::fitToScreen()
+{
+    const int line = fontMetrics().height();
+    const QSize room = FittingArea::roomFor(*this).boundedTo(QSize(64, 44) * line);
+    m_ui->link->setMinimumWidth(10 * line);
+    const int narrow = qMin(room.width(), 44 * line);
+    if (m_browser->isEmbedded())
+        resize(room);
+    else
+        resize(narrow, qMin(room.height(), m_ui->rows->totalHeightForWidth(narrow)));
+}
+
 void dialog_getUrl::goUrl(const QByteArray& url)
 {
     setResult(Rejected);
-    m_ui->link->setText(allgemein::fromSystem(url));
+    m_ui->link->setText(allgemein::editedText(url));
     m_ui->link->setFocus();
     navigate();
 }
@@ -64,13 +75,13 @@ void dialog_getUrl::showAddress(const QByteArray& url)
     if (m_ui->link->isModified())
         return;
     if (m_browser->isEmbedded()) {
-        m_ui->link->setText(allgemein::fromSystem(url));
+        m_ui->link->setText(allgemein::editedText(url));
         return;
     }
     // Unlike setText, insert keeps the history of Undo, so a text that was typed before can be brought back. The
     // selection keeps a user who pastes the URL as well from doubling it.
     m_ui->link->selectAll();
-    m_ui->link->insert(allgemein::fromSystem(url));
+    m_ui->link->insert(allgemein::editedText(url));
     m_ui->link->setModified(false);
     m_ui->link->selectAll();
     QApplication::alert(this);

@@ -33,6 +33,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void fitToScreen();
     void showAddress(const QByteArray& url);
     void navigate();
 

@@ -126,6 +126,11 @@ QString withVisibleControls(const QString& text)
     return visible;
 }
 
+QString editedText(QByteArrayView bytes)
+{
+    return withVisibleControls(fromSystem(bytes));
+}
+
 QByteArray toSystem(QStringView text)
 {
     return text.toLocal8Bit();

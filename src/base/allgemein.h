@@ -29,6 +29,8 @@ constexpr qsizetype notFound = -1;
 /// `bytes` as a person is to see them in a list, a message or a tool tip: at most 1000 of them, since drawing the
 /// longest texts that servers send would hold up the window, and with visible controls.
 [[nodiscard]] QString shownText(QByteArrayView bytes);
+/// `bytes` as the text of a field in which a person changes them: all of them, with visible controls.
+[[nodiscard]] QString editedText(QByteArrayView bytes);
 /// Converts shown or typed text to the system code page. Characters that it lacks become "?".
 [[nodiscard]] QByteArray toSystem(QStringView text);
 

@@ -10,7 +10,6 @@
 #include <QClipboard>
 #include <QListView>
 #include <QListWidget>
-#include <QMenuBar>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTreeView>
@@ -454,27 +453,10 @@ void tst_MainWindow::downloadsRows()
 
 void tst_MainWindow::speaksEveryLanguage_data()
 {
-    const auto row = table<QByteArray, QString, QByteArray, QString>("finished", "sizeHeader", "clashes", "page");
-    row("m_lang(0)", "Search finished", QStringLiteral("Size"), "m_selectedDemark", QStringLiteral("english.html"));
-    row("m_lang(1)", "Suche abgeschlossen", QStringLiteral("Größe"), "", QStringLiteral("deutsch.html"));
-    row("m_lang(2)", "Recherche terminée", QStringLiteral("Taille"), "", QStringLiteral("français.html"));
-}
-
-/// The entries whose access key is that of an entry above in the same menu.
-static QStringList accessKeyClashes(const QList<QAction*>& entries)
-{
-    QStringList clashes;
-    QSet<QChar> taken;
-    for (const QAction* const entry : entries) {
-        if (entry->menu())
-            clashes += accessKeyClashes(entry->menu()->actions());
-        const qsizetype mark = entry->text().indexOf(u'&');
-        const QChar key = mark < 0 ? QChar() : entry->text().at(mark + 1).toLower();
-        if (!key.isNull() && taken.contains(key))
-            clashes += entry->objectName();
-        taken += key;
-    }
-    return clashes;
+    const auto row = table<QByteArray, QString, QString>("finished", "sizeHeader", "page");
+    row("m_lang(0)", "Search finished", QStringLiteral("Size"), QStringLiteral("english.html"));
+    row("m_lang(1)", "Suche abgeschlossen", QStringLiteral("Größe"), QStringLiteral("deutsch.html"));
+    row("m_lang(2)", "Recherche terminée", QStringLiteral("Taille"), QStringLiteral("français.html"));
 }
 
 void tst_MainWindow::speaksEveryLanguage()
@@ -491,7 +473,6 @@ void tst_MainWindow::speaksEveryLanguage()
         fixed += QStringLiteral("panel_%1").arg(number);
     }
     QCOMPARE(wrongCaptions(*m_window, m_session->language, fixed).join(u'\n'), QString());
-    QTEST(accessKeyClashes(m_window->menuBar()->actions()).join(u' ').toUtf8(), "clashes");
 
     choose("m_goHelpfile");
     const QString page = QFileInfo(m_shell.openedFiles.value(0)).fileName();

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/window/FittingArea.h"
 
+#include <QDialog>
 #include <QScreen>
 #include <QScrollBar>
+#include <QShowEvent>
 #include <QStyle>
 
 FittingArea::FittingArea(QWidget* parent)
@@ -10,6 +12,7 @@ FittingArea::FittingArea(QWidget* parent)
 {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus); // Its controls have the focus, and scroll into view when they get it.
 }
 
 QSize FittingArea::sizeHint() const
@@ -25,14 +28,19 @@ QSize FittingArea::minimumSizeHint() const
     return sizeHint().boundedTo({ 12 * line, 6 * line });
 }
 
-void FittingArea::fitToScreen(QWidget& window)
+QSize FittingArea::roomFor(const QWidget& window)
 {
     // The frame is not known before the window is shown.
     const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-    const QSize room = window.screen()->availableSize() - QSize(title / 2, 2 * title);
-    // The hints may be those of other captions or another font.
-    for (FittingArea* const area : window.findChildren<FittingArea*>())
-        area->updateGeometry();
-    window.ensurePolished();
-    window.resize(window.sizeHint().boundedTo(room));
+    return window.screen()->availableSize() - QSize(title / 2, 2 * title);
+}
+
+void FittingArea::showEvent(QShowEvent* event)
+{
+    QScrollArea::showEvent(event);
+    if (event->spontaneous() || !qobject_cast<QDialog*>(window()))
+        return;
+    // The hint may be that of other captions or another font.
+    updateGeometry();
+    window()->resize(window()->sizeHint().boundedTo(roomFor(*window())));
 }

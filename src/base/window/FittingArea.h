@@ -3,8 +3,8 @@
 
 #include <QScrollArea>
 
-/// The controls of a dialog, above its buttons: whole where there is room for them, with scroll bars on a small screen
-/// or with a large font.
+/// Controls of a window: whole where there is room for them, with scroll bars on a small screen or with a large font. A
+/// dialog with such an area gets the size of its content when it is shown, or of the screen if that is smaller.
 class FittingArea final : public QScrollArea {
     Q_OBJECT
 
@@ -14,6 +14,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    /// Gives a window the size of its content, or of the screen if that is smaller. To be called before it is shown.
-    static void fitToScreen(QWidget& window);
+    /// The room that a window has on its screen, without its frame.
+    [[nodiscard]] static QSize roomFor(const QWidget& window);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 };

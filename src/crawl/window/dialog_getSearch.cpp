@@ -6,7 +6,6 @@
 #include "base/allgemein.h"
 #include "base/lang.h"
 #include "base/window/Captions.h"
-#include "base/window/FittingArea.h"
 #include "base/window/OptionButtons.h"
 #include "crawl/SearchOptions.h"
 #include "http/url.h"
@@ -28,16 +27,11 @@ constexpr int bytesRole = Qt::UserRole;
 /// Longer than a URL may be, so that one that is too long is refused and not cut.
 constexpr int longestTyped = 64 * 1024;
 
-QString shownUrl(const QByteArray& url)
-{
-    return allgemein::withVisibleControls(allgemein::fromSystem(url));
-}
-
 /// Takes a URL that was typed. A text that nobody has touched stays as it is, since it may hold bytes that cannot be
 /// shown.
 void takeUrl(const QLineEdit& field, QByteArray& url)
 {
-    if (field.text() != shownUrl(url))
+    if (field.text() != allgemein::editedText(url))
         url = url::fromTyped(allgemein::toSystem(field.text()));
 }
 
@@ -109,8 +103,8 @@ void dialog_getSearch::enableControls()
 
 void dialog_getSearch::showOptions()
 {
-    m_ui->startlink->setText(shownUrl(m_options.startUrl));
-    m_ui->quellUrl->setText(shownUrl(m_options.quellUrl));
+    m_ui->startlink->setText(allgemein::editedText(m_options.startUrl));
+    m_ui->quellUrl->setText(allgemein::editedText(m_options.quellUrl));
     m_ui->c_maxDepth->setChecked(m_options.maxDepth);
     m_ui->tiefe->setValue(m_options.tiefe);
     m_followButtons->button(static_cast<int>(m_options.followSub))->setChecked(true);
@@ -140,7 +134,6 @@ void dialog_getSearch::takeOptions()
 void dialog_getSearch::showEvent(QShowEvent* event)
 {
     if (!event->spontaneous()) {
-        FittingArea::fitToScreen(*this);
         m_ui->startlink->setFocus();
         m_ui->startlink->selectAll();
     }
@@ -173,7 +166,7 @@ void dialog_getSearch::confirm()
     takeTypedSubUrl();
     takeOptions();
     const Confirmation confirmation = m_options.confirm();
-    m_ui->startlink->setText(shownUrl(m_options.startUrl));
+    m_ui->startlink->setText(allgemein::editedText(m_options.startUrl));
     QStringList notes;
     switch (confirmation) {
     case Confirmation::InvalidStartUrl:
@@ -216,7 +209,7 @@ void dialog_getSearch::startAfter(QStringList notes)
 void dialog_getSearch::pickInto(QLineEdit* field)
 {
     m_seams.urlPicker.pickUrl(allgemein::toSystem(field->text()),
-        [field](const QByteArray& url) { field->setText(allgemein::fromSystem(url)); });
+        [field](const QByteArray& url) { field->setText(allgemein::editedText(url)); });
 }
 
 void dialog_getSearch::showSubUrl(const SubUrl& entry)
@@ -251,9 +244,9 @@ void dialog_getSearch::offerLevels()
     menu->clear();
     const QByteArray url = url::withProtocol(url::fromTyped(allgemein::toSystem(m_ui->startlink->text())));
     for (const SubUrl& level : SubUrl::levelsOf(url)) {
-        const QString text = allgemein::fromSystem(level.text);
+        const QString text = allgemein::editedText(level.text);
         // A single "&" would mark an access key.
-        QString caption = allgemein::withVisibleControls(text);
+        QString caption = text;
         menu->addAction(
             caption.replace(u'&', QLatin1String("&&")), this, [this, text] { m_ui->unterpfadEingabe->setText(text); });
     }

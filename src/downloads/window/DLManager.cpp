@@ -9,12 +9,12 @@
 #include "base/lang.h"
 #include "base/window/Captions.h"
 #include "base/window/ColumnsTable.h"
+#include "base/window/ElidedLabel.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/window/ProgressDelegate.h"
 
 #include <QDir>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
@@ -46,7 +46,7 @@ DLManager::DLManager(DownloadQueue& queue, const Seams& seams)
     , m_seams(seams)
     , m_model(queue, seams.language, nullptr)
     , m_list(new ColumnsTable(m_model, columnWidths, seams.language, this))
-    , m_summary(new QLabel(this))
+    , m_summary(new ElidedLabel(this))
 {
     setObjectName(QStringLiteral("DLManager"));
     setAcceptDrops(true);
@@ -182,6 +182,7 @@ void DLManager::showSummary()
                            .arg(m_queue.runningCount())
                            .arg(m_queue.waitingCount())
                            .arg(locale.formattedDataSize(speed), locale.formattedDataSize(remaining)));
+    m_summary->setToolTip(m_summary->text());
 }
 
 void DLManager::removeSelected()

@@ -80,7 +80,7 @@ void getDLStack::wire()
     connect(m_typeButtons, &QButtonGroup::idToggled, this, &getDLStack::showType);
     connect(m_ui->editUrl, &QToolButton::clicked, this, [this] {
         m_seams.urlPicker.pickUrl(allgemein::toSystem(m_ui->startUrl->text()),
-            [this](const QByteArray& url) { m_ui->startUrl->setText(allgemein::fromSystem(url)); });
+            [this](const QByteArray& url) { m_ui->startUrl->setText(allgemein::editedText(url)); });
     });
     // The index goes to the last position of the cursor.
     connect(m_ui->startUrl, &QLineEdit::cursorPositionChanged, this, [this](int, int place) {

@@ -66,9 +66,9 @@ void dialog_requests::wire()
 
 void dialog_requests::wireLanguages()
 {
-    connect(m_ui->sprachAdd, &QPushButton::clicked, this, &dialog_requests::addLanguages);
+    connect(m_ui->sprachAdd, &QToolButton::clicked, this, &dialog_requests::addLanguages);
     connect(m_ui->sprachVorrat, &QListWidget::itemDoubleClicked, this, &dialog_requests::addLanguages);
-    connect(m_ui->sprachRem, &QPushButton::clicked, this, &dialog_requests::removeLanguage);
+    connect(m_ui->sprachRem, &QToolButton::clicked, this, &dialog_requests::removeLanguage);
     connect(m_ui->sprachAuswahl, &QListWidget::itemDoubleClicked, this, &dialog_requests::removeLanguage);
     const auto* const remove =
         new QShortcut(QKeySequence::Delete, m_ui->sprachAuswahl, nullptr, nullptr, Qt::WidgetShortcut);

@@ -41,8 +41,6 @@ FilterPane::FilterPane(ResultFilter& filter, QWidget* parent)
     }
     m_typingPause.setSingleShot(true);
     m_typingPause.setInterval(typingPause);
-    // As high as the option buttons and bounds need, so that the results keep the rest of the window.
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     m_ui->mimeListe->setMaximumHeight(8 * fontMetrics().height());
     m_ui->filterTexte->setMaximumHeight(6 * fontMetrics().height());
     showFilter();
