@@ -13,7 +13,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QSpinBox>
+#include <QDoubleSpinBox>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
@@ -114,8 +114,8 @@ private:
         numbered()
             .findChild<QLineEdit*>(QStringLiteral("startUrl"))
             ->setText(QStringLiteral("http://www.example.org/pictures/boat.jpg"));
-        numbered().findChild<QSpinBox*>(QStringLiteral("Pos"))->setValue(36);
-        numbered().findChild<QSpinBox*>(QStringLiteral("minStellen"))->setValue(3);
+        numbered().findChild<QDoubleSpinBox*>(QStringLiteral("Pos"))->setValue(36);
+        numbered().findChild<QDoubleSpinBox*>(QStringLiteral("minStellen"))->setValue(3);
         numbered().close();
         choose(QStringLiteral("m_showDlm"));
         downloads().resize(900, 380);

@@ -19,6 +19,7 @@ private slots:
     void readsTheRegistryWhereThereIsOne();
     void leavesBatchFilesToNobody();
     void keepsDataWhereItIsTold();
+    void marksFilesFromTheInternet();
 };
 
 void tst_Platform::readsTheRegistryWhereThereIsOne()
@@ -51,6 +52,22 @@ void tst_Platform::keepsDataWhereItIsTold()
     const QString portable = allgemein::dataFolder();
     QVERIFY(QFile::remove(program.filePath(QStringLiteral("portable.txt"))));
     QCOMPARE(QDir(portable), QDir(program.filePath(QStringLiteral("Tarnwick"))));
+}
+
+void tst_Platform::marksFilesFromTheInternet()
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("x.exe"));
+    QVERIFY(writeFile(name, "content"));
+    platform::markAsFromInternet(name);
+    QCOMPARE(contentOf(name), "content");
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(QStringLiteral("x.exe")));
+    // Where there are no streams, this makes a file with a name of its own, or fails.
+    const bool hasStreams = onWindows && writeFile(name + QLatin1String(":probe"), "x")
+        && QDir(folder.path()).entryList(QDir::Files).size() == 1;
+    if (!hasStreams)
+        QSKIP("This file system keeps no streams, where the mark would be.");
+    QCOMPARE(contentOf(name + QLatin1String(":Zone.Identifier")), "[ZoneTransfer]\r\nZoneId=3\r\n");
 }
 
 QTEST_GUILESS_MAIN(tst_Platform)
