@@ -3,6 +3,8 @@
 // the search's own work remains: recording, walking to the next item, reporting its states. The program prints the time
 // for each tenth of the items as a ratio to the first.
 #include "crawl/SearchRun.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
 
@@ -35,7 +37,8 @@ int main(int argc, char* argv[])
     FundListe list;
     PlainExtras extras;
     const WebRules web;
-    SearchRun run(list, extras, web);
+    Connections connections(web);
+    SearchRun run(list, extras, connections);
     SearchOptions options;
     options.startUrl = server.origin() + '/';
 
@@ -43,7 +46,7 @@ int main(int argc, char* argv[])
     int failed = 0;
     double first = 0;
     QObject::connect(&run, &SearchRun::reported, &application, [&](FundKnoten*, const FetchReport& report) {
-        if (report.event != FetchEvent::SocketError)
+        if (report.event != FetchEvent::NetError)
             return;
         if (failed++ == 0)
             timer.start();

@@ -3,6 +3,8 @@
 // which half of the items are done. All fetches fail at once, so that only the walk and the changes of state remain.
 #include "Shapes.h"
 #include "crawl/SearchRun.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 
 #include <benchmark/benchmark.h>
@@ -27,7 +29,8 @@ void next(benchmark::State& state)
     FundListe list;
     PlainExtras extras;
     const WebRules web;
-    SearchRun run(list, extras, web);
+    Connections connections(web);
+    SearchRun run(list, extras, connections);
     QObject::connect(&run, &SearchRun::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     for ([[maybe_unused]] auto round : state) {
         state.PauseTiming();

@@ -2,6 +2,7 @@
 // Does the download list slow down as it grows? The program adds 100,000 entries, lets each of them end at once, and
 // prints the time of each tenth as a ratio to the first.
 #include "downloads/DownloadQueue.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "support/PlainExtras.h"
 
@@ -38,7 +39,8 @@ int main(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     PlainExtras extras;
     const WebRules web;
-    DownloadQueue queue(extras, web);
+    Connections connections(web);
+    DownloadQueue queue(extras, connections);
     queue.settings().startImmediately = false;
     // An entry of this protocol ends as soon as it starts, so only the list's own work is measured.
     const auto url = [](int entry) -> QByteArray {

@@ -4,6 +4,8 @@
 #include "CpuTimer.h"
 #include "Shapes.h"
 #include "crawl/SearchRun.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 
 #include <benchmark/benchmark.h>
@@ -65,7 +67,8 @@ std::vector<char> useHeap(qint64 items)
     FundListe list;
     PlainExtras extras;
     const WebRules web;
-    SearchRun run(list, extras, web);
+    Connections connections(web);
+    SearchRun run(list, extras, connections);
     fill(run, list, items);
     constexpr size_t belowOwnMapping = 100'000;
     return std::vector<char>(belowOwnMapping);
@@ -81,7 +84,8 @@ void record(benchmark::State& state, Page page, Heap heap)
         FundListe list;
         PlainExtras extras;
         const WebRules web;
-        SearchRun run(list, extras, web);
+        Connections connections(web);
+        SearchRun run(list, extras, connections);
         fill(run, list, state.range(0) - state.range(0) / timedPart);
         double seconds = 0;
         while (list.getAnzahl() < state.range(0)) {
@@ -109,7 +113,8 @@ void memory(benchmark::State& state)
         FundListe list;
         PlainExtras extras;
         const WebRules web;
-        SearchRun run(list, extras, web);
+        Connections connections(web);
+        SearchRun run(list, extras, connections);
         const size_t before = allocated();
         fill(run, list, state.range(0));
         qint64 urlBytes = 0;

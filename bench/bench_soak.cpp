@@ -4,6 +4,7 @@
 #include "base/folders.h"
 #include "crawl/SearchRun.h"
 #include "downloads/DownloadQueue.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "requests/RequestProfile.h"
 #include "support/ScriptedServer.h"
@@ -145,8 +146,8 @@ public:
         : m_milliseconds(seconds * 1000)
         , m_site(seed)
         , m_extras(m_prefs, m_cookies, m_web)
-        , m_run(m_list, m_extras, m_web)
-        , m_queue(m_extras, m_web)
+        , m_run(m_list, m_extras, m_connections)
+        , m_queue(m_extras, m_connections)
     {
         m_prefs.useCookies = true;
         m_cookies.setCookieFolder(m_folder.filePath(QStringLiteral("cookies")));
@@ -270,6 +271,7 @@ private:
     CookieStore m_cookies;
     RequestProfile m_extras;
     WebRules m_web;
+    Connections m_connections { m_web };
     FundListe m_list;
     SearchRun m_run;
     DownloadQueue m_queue;

@@ -5,6 +5,8 @@
 #include "Heartbeat.h"
 #include "Shapes.h"
 #include "crawl/SearchRun.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 
 #include <QCoreApplication>
@@ -75,7 +77,8 @@ void measure(const Shape& shape, int index)
     FundListe list;
     PlainExtras extras;
     const WebRules web;
-    SearchRun run(list, extras, web);
+    Connections connections(web);
+    SearchRun run(list, extras, connections);
     SearchOptions options;
     options.startUrl = "http://127.0.0.1:" + server.readAllStandardOutput().trimmed() + '/';
     options.tiefe = 1;

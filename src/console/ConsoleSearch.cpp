@@ -89,9 +89,7 @@ void ConsoleSearch::onReport(FundKnoten* node, const FetchReport& report)
     switch (report.event) {
     case FetchEvent::UnsupportedProtocol:
     case FetchEvent::EarlyDisconnect:
-    case FetchEvent::SocketError:
-    case FetchEvent::BadPort:
-    case FetchEvent::Silence:
+    case FetchEvent::NetError:
         if (m_arguments.verbose) {
             m_progress.clear();
             reportFailure(node->inhalt.adresse, twk::stateText(report, m_session.language));

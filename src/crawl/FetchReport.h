@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "http/ExchangeFailure.h"
+
 #include <QByteArray>
 
 /// What has just happened to an item's fetch.
@@ -10,15 +12,14 @@ enum class FetchEvent {
     UnsupportedProtocol,
     Relocated, ///< `detail` is the Location value as received
     EarlyDisconnect,
-    SocketError, ///< `detail` is the error number, ":" and its description
-    BadPort, ///< `detail` is the port, which is outside 1 to 65535
-    Silence, ///< `detail` is the time limit in seconds, in which no byte came
+    NetError, ///< `failure` tells the rest
 };
 
 /// A fetch event with its data. The text is made where it is shown.
 struct FetchReport {
     FetchEvent event = FetchEvent::Connecting;
-    QByteArray detail;
+    QByteArray detail = {};
+    ExchangeFailure failure = {};
 
     bool operator==(const FetchReport&) const = default;
 };

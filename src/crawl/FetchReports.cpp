@@ -8,6 +8,8 @@ const FetchReport* FetchReports::keep(FetchReport report)
     constexpr qsizetype longestDetail = 1000;
     if (report.detail.size() > longestDetail)
         report.detail = report.detail.left(longestDetail);
+    if (report.failure.detail.size() > longestDetail)
+        report.failure.detail = report.failure.detail.left(longestDetail);
     return &*m_reports.insert(std::move(report)).first;
 }
 

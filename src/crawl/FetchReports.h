@@ -22,7 +22,8 @@ private:
     struct Hash {
         size_t operator()(const FetchReport& report) const
         {
-            return qHash(report.detail, static_cast<size_t>(report.event));
+            return qHashMulti(static_cast<size_t>(report.event), report.detail, static_cast<int>(report.failure.kind),
+                report.failure.number, report.failure.detail);
         }
     };
 

@@ -2,38 +2,37 @@
 #include "crawl/ItemFetch.h"
 
 #include "base/MIMETypes.h"
-#include "base/allgemein.h"
 #include "http/RequestExtras.h"
 #include "http/httpHeader.h"
-#include "http/url.h"
+#include "http/newExchange.h"
 
 #include <utility>
 
 ItemFetch::ItemFetch(
-    FundStück& item, const FetchRules& rules, RequestExtras& extras, const WebRules& web, QObject* parent)
+    FundStück& item, const FetchRules& rules, RequestExtras& extras, Connections& connections, QObject* parent)
     : QObject(parent)
     , m_item(item)
     , m_rules(rules)
     , m_extras(extras)
-    , m_exchange(web, nullptr)
+    , m_exchange(newExchange(connections))
 {
-    connect(&m_exchange, &HttpExchange::connected, this, &ItemFetch::onConnected);
-    connect(&m_exchange, &HttpExchange::headerArrived, this, &ItemFetch::onHeader);
-    connect(&m_exchange, &HttpExchange::bodyArrived, this, &ItemFetch::onBody);
-    connect(&m_exchange, &HttpExchange::failed, this, &ItemFetch::onFailed);
-    connect(&m_exchange, &HttpExchange::closed, this, &ItemFetch::end);
+    connect(m_exchange.get(), &HttpExchange::connected, this, &ItemFetch::onConnected);
+    connect(m_exchange.get(), &HttpExchange::headerArrived, this, &ItemFetch::onHeader);
+    connect(m_exchange.get(), &HttpExchange::bodyArrived, this, &ItemFetch::onBody);
+    connect(m_exchange.get(), &HttpExchange::failed, this, &ItemFetch::onFailed);
+    connect(m_exchange.get(), &HttpExchange::closed, this, &ItemFetch::end);
 }
 
 void ItemFetch::start()
 {
     m_item.zustand = FetchState::Connecting;
     emit reported({ FetchEvent::Connecting, {} });
-    m_exchange.start(url::hostOf(m_item.adresse).toByteArray(), url::portOf(m_item.adresse));
+    m_exchange->start(m_item.adresse);
 }
 
 void ItemFetch::close()
 {
-    m_exchange.abort();
+    m_exchange->abort();
     if (m_item.zustand == FetchState::Connecting || m_item.zustand == FetchState::Requested) {
         m_item.zustand = FetchState::Failed;
         emit reported({ FetchEvent::EarlyDisconnect, {} });
@@ -49,28 +48,28 @@ void ItemFetch::onConnected()
 {
     m_item.zustand = FetchState::Requested;
     emit reported({ FetchEvent::Requesting, {} });
-    m_exchange.send(httpHeader::baueAnfrage(m_item.adresse, m_item.referer, m_extras));
+    m_exchange->request(m_item.adresse, m_item.referer, m_extras);
 }
 
-void ItemFetch::onHeader(const QByteArray& header)
+void ItemFetch::onHeader(const AnswerHead& head)
 {
-    m_item.statusCode = httpHeader::statusCode(header);
-    m_extras.takeCookies({ httpHeader::setCookie(header) }, m_item.adresse);
+    m_item.statusCode = head.status;
+    m_extras.takeCookies(m_rules.takesAllCookies ? head.cookies : head.cookies.mid(0, 1), m_item.adresse);
     if (m_rules.followRelocation && httpHeader::isRelocation(m_item.statusCode)) {
         m_item.zustand = FetchState::Relocated;
-        m_location = httpHeader::location(header);
+        m_location = head.location;
     } else {
-        takeAnswer(header);
+        takeAnswer(head);
     }
     if (m_item.zustand != FetchState::ReadingPage)
-        end();
+        m_exchange->skipRest();
 }
 
-void ItemFetch::takeAnswer(const QByteArray& header)
+void ItemFetch::takeAnswer(const AnswerHead& head)
 {
-    m_item.groesse = httpHeader::contentLength(header);
-    m_item.mimeTyp = httpHeader::contentType(header);
-    m_item.sprache = httpHeader::contentLanguage(header);
+    m_item.groesse = head.length;
+    m_item.mimeTyp = head.type;
+    m_item.sprache = head.language;
     emit answered();
     const bool wanted = m_rules.wantsReferences && MIMETypes::isHTML(m_item.mimeTyp);
     m_item.zustand = wanted ? FetchState::ReadingPage : FetchState::Finished;
@@ -86,20 +85,7 @@ void ItemFetch::onBody(const QByteArray& piece)
 void ItemFetch::onFailed(const ExchangeFailure& failure)
 {
     m_item.zustand = FetchState::Failed;
-    const QByteArray number = QByteArray::number(failure.number);
-    switch (failure.kind) {
-    case ExchangeFailure::System: {
-        const QByteArray fehlerText = number + ':' + allgemein::toSystem(failure.description);
-        emit reported({ FetchEvent::SocketError, fehlerText });
-        break;
-    }
-    case ExchangeFailure::BadPort:
-        emit reported({ FetchEvent::BadPort, number });
-        break;
-    case ExchangeFailure::Silence:
-        emit reported({ FetchEvent::Silence, number });
-        break;
-    }
+    emit reported({ FetchEvent::NetError, {}, failure });
     end();
 }
 

@@ -2,6 +2,8 @@
 #include "crawl/SearchRun.h"
 
 #include "base/allgemein.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "http/url.h"
 
 #include <algorithm>
@@ -9,11 +11,11 @@
 #include <memory>
 #include <utility>
 
-SearchRun::SearchRun(FundListe& list, RequestExtras& extras, const WebRules& web, QObject* parent)
+SearchRun::SearchRun(FundListe& list, RequestExtras& extras, Connections& connections, QObject* parent)
     : QObject(parent)
     , m_list(list)
     , m_extras(extras)
-    , m_web(web)
+    , m_connections(connections)
     , m_walk(list)
 {
 }
@@ -163,7 +165,7 @@ bool SearchRun::isToFetch(const FundKnoten& node) const
 
 bool SearchRun::starteAnfrage(size_t index, FundKnoten* node)
 {
-    if (url::protocolOf(node->inhalt.adresse) != "http") {
+    if (!m_connections.rules().fetches(url::protocolOf(node->inhalt.adresse))) {
         report(node, { FetchEvent::UnsupportedProtocol, {} });
         return false;
     }
@@ -207,11 +209,12 @@ void SearchRun::openFetch(size_t index)
     FundKnoten* const node = sock.verbindungsKnoten;
     FetchRules rules = m_fetchRules;
     rules.followRelocation = rules.followRelocation && node->inhalt.relocations < relocationLimit;
+    rules.takesAllCookies = m_connections.rules().keepsWebCookies;
     rules.wantsReferences = m_options.readsPagesAt(node->inhalt.tiefe);
 
     sock.isCut = false;
     node->inhalt.isPending = true;
-    sock.fetch = new ItemFetch(node->inhalt, rules, m_extras, m_web, this);
+    sock.fetch = new ItemFetch(node->inhalt, rules, m_extras, m_connections, this);
     connect(sock.fetch, &ItemFetch::reported, this,
         [this, node](const FetchReport& fetchReport) { report(node, fetchReport); });
     connect(sock.fetch, &ItemFetch::answered, this, [this, node] {
@@ -279,9 +282,7 @@ void SearchRun::report(FundKnoten* node, const FetchReport& report)
     case FetchEvent::UnsupportedProtocol:
     case FetchEvent::Relocated:
     case FetchEvent::EarlyDisconnect:
-    case FetchEvent::SocketError:
-    case FetchEvent::BadPort:
-    case FetchEvent::Silence:
+    case FetchEvent::NetError:
         node->inhalt.reason = m_list.keep(report);
         break;
     }

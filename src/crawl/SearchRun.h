@@ -14,6 +14,7 @@
 #include <array>
 #include <optional>
 
+class Connections;
 class RequestExtras;
 
 /// Searches a site: fetches the items of a list in the order in which they were found, over two connections, reads the
@@ -27,7 +28,7 @@ public:
 
     /// Works on `list`, with request lines and cookies from `extras`; all three must outlive the run. Nobody else may
     /// empty the list.
-    SearchRun(FundListe& list, RequestExtras& extras, const WebRules& web, QObject* parent = nullptr);
+    SearchRun(FundListe& list, RequestExtras& extras, Connections& connections, QObject* parent = nullptr);
 
     /// Empties the list and starts a new search. The start URL must have been completed and validated.
     void starteSuche(const SearchOptions& options);
@@ -124,7 +125,7 @@ private:
 
     FundListe& m_list;
     RequestExtras& m_extras;
-    const WebRules& m_web;
+    Connections& m_connections;
     SearchOptions m_options;
     std::array<Sock, connectionCount> m_sock;
     /// The walk for the next item to fetch, for both connections: items are fetched in list order, so none before the

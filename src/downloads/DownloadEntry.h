@@ -2,7 +2,7 @@
 #pragma once
 
 #include "downloads/WrittenFile.h"
-#include "http/HttpExchange.h"
+#include "http/ExchangeFailure.h"
 
 #include <QByteArray>
 #include <QString>

@@ -3,15 +3,17 @@
 
 #include "base/allgemein.h"
 #include "downloads/Transfer.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "http/url.h"
 
 #include <algorithm>
 #include <utility>
 
-DownloadQueue::DownloadQueue(RequestExtras& extras, const WebRules& web, QObject* parent)
+DownloadQueue::DownloadQueue(RequestExtras& extras, Connections& connections, QObject* parent)
     : QObject(parent)
     , m_extras(extras)
-    , m_web(web)
+    , m_connections(connections)
 {
 }
 
@@ -70,12 +72,12 @@ bool DownloadQueue::startEntry(Slot& slot, DownloadEntry& entry)
         endAtOnce(entry, DownloadTag::Complete, DownloadStatus::Complete);
         return false;
     }
-    if (url::protocolOf(entry.url) != "http") {
+    if (!m_connections.rules().fetches(url::protocolOf(entry.url))) {
         endAtOnce(entry, DownloadTag::Failed, DownloadStatus::UnsupportedProtocol);
         return false;
     }
     slot.url = entry.url;
-    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, m_web, slot.meter, this);
+    slot.transfer = std::make_unique<Transfer>(entry, m_settings, m_extras, m_connections, slot.meter, this);
     connect(slot.transfer.get(), &Transfer::changed, this, [this, id = entry.id] { emit changed(id); });
     connect(slot.transfer.get(), &Transfer::ended, this, [this, &slot] { finishSlot(slot); });
     slot.transfer->start();

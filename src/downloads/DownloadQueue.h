@@ -14,9 +14,9 @@
 #include <set>
 #include <vector>
 
+class Connections;
 class RequestExtras;
 class Transfer;
-struct WebRules;
 
 /// The download list, and the slots that transfer its entries. Rows are counted from 0. Adding an entry, testing for
 /// duplicates and finding the next entry take the same time in a list of any length.
@@ -25,7 +25,7 @@ class DownloadQueue final : public QObject {
 
 public:
     /// `extras` supplies request lines and cookies. Both arguments must outlive the queue.
-    DownloadQueue(RequestExtras& extras, const WebRules& web, QObject* parent = nullptr);
+    DownloadQueue(RequestExtras& extras, Connections& connections, QObject* parent = nullptr);
     ~DownloadQueue() override;
 
     [[nodiscard]] DownloadSettings& settings() { return m_settings; }
@@ -99,7 +99,7 @@ private:
     void tellIfIdle();
 
     RequestExtras& m_extras;
-    const WebRules& m_web;
+    Connections& m_connections;
     DownloadSettings m_settings;
     /// In ascending order of their ids.
     std::vector<std::unique_ptr<DownloadEntry>> m_entries;

@@ -18,19 +18,6 @@ QString loadingText(const DownloadEntry& entry, const LanguageTable& language)
     return language.labelled(language.text("lang.dlLoading"), speed);
 }
 
-QString failureText(const ExchangeFailure& failure, const LanguageTable& language)
-{
-    switch (failure.kind) {
-    case ExchangeFailure::System:
-        return failure.description;
-    case ExchangeFailure::BadPort:
-        return language.text("more.badPort").arg(failure.number);
-    case ExchangeFailure::Silence:
-        return language.text("more.silence").arg(failure.number);
-    }
-    return {};
-}
-
 } // namespace
 
 QString entryText::fileName(const DownloadEntry& entry)
@@ -79,7 +66,7 @@ QString entryText::status(const DownloadEntry& entry, const LanguageTable& langu
 QString entryText::reason(const DownloadEntry& entry, const LanguageTable& language)
 {
     const QString text = status(entry, language);
-    return entry.failure ? language.labelled(text, failureText(*entry.failure, language)) : text;
+    return entry.failure ? language.labelled(text, entry.failure->text(language)) : text;
 }
 
 QString entryText::received(const DownloadEntry& entry)

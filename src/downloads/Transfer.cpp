@@ -5,27 +5,31 @@
 #include "downloads/DownloadEntry.h"
 #include "downloads/DownloadSettings.h"
 #include "downloads/TargetName.h"
+#include "http/Connections.h"
 #include "http/RequestExtras.h"
+#include "http/WebRules.h"
 #include "http/httpHeader.h"
+#include "http/newExchange.h"
 #include "http/url.h"
 
-Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, const WebRules& web,
-    DLGeschwindigkeitsmessung& meter, QObject* parent)
+Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
+    Connections& connections, DLGeschwindigkeitsmessung& meter, QObject* parent)
     : QObject(parent)
     , m_entry(entry)
     , m_settings(settings)
     , m_extras(extras)
-    , m_exchange(web, nullptr)
+    , m_rules(connections.rules())
+    , m_exchange(newExchange(connections))
     , m_meter(meter)
 {
-    connect(&m_exchange, &HttpExchange::connected, this, &Transfer::onConnected);
-    connect(&m_exchange, &HttpExchange::headerArrived, this, &Transfer::onHeader);
-    connect(&m_exchange, &HttpExchange::bodyArrived, this, &Transfer::onBody);
-    connect(&m_exchange, &HttpExchange::failed, this, [this](const auto& failure) {
+    connect(m_exchange.get(), &HttpExchange::connected, this, &Transfer::onConnected);
+    connect(m_exchange.get(), &HttpExchange::headerArrived, this, &Transfer::onHeader);
+    connect(m_exchange.get(), &HttpExchange::bodyArrived, this, &Transfer::onBody);
+    connect(m_exchange.get(), &HttpExchange::failed, this, [this](const auto& failure) {
         m_entry.failure = failure;
         fail(DownloadStatus::NetError);
     });
-    connect(&m_exchange, &HttpExchange::closed, this, &Transfer::onClosed);
+    connect(m_exchange.get(), &HttpExchange::closed, this, &Transfer::onClosed);
 }
 
 void Transfer::start()
@@ -34,12 +38,12 @@ void Transfer::start()
     m_entry.httpStatus = 0;
     m_entry.failure.reset();
     m_clock.start();
-    m_exchange.start(url::hostOf(m_entry.url).toByteArray(), url::portOf(m_entry.url));
+    m_exchange->start(m_entry.url);
 }
 
 void Transfer::stop()
 {
-    m_exchange.abort();
+    m_exchange->abort();
     if (!m_file.isOpen())
         return;
     m_file.close();
@@ -58,25 +62,25 @@ void Transfer::onConnected()
 {
     m_entry.status = DownloadStatus::Requesting;
     emit changed();
-    m_exchange.send(httpHeader::baueAnfrage(m_entry.url, m_entry.referer, m_extras));
+    m_exchange->request(m_entry.url, m_entry.referer, m_extras);
 }
 
-void Transfer::onHeader(const QByteArray& header)
+void Transfer::onHeader(const AnswerHead& head)
 {
-    m_extras.takeCookies(httpHeader::setCookies(header), m_entry.url);
-    m_entry.httpStatus = httpHeader::statusCode(header);
+    m_extras.takeCookies(head.cookies, m_entry.url);
+    m_entry.httpStatus = head.status;
     if (m_settings.followRelocation && httpHeader::isRelocation(m_entry.httpStatus)) {
-        const QByteArray location = httpHeader::location(header);
-        if (!location.isEmpty())
-            m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, location));
+        if (!head.location.isEmpty())
+            m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, head.location));
         fail(DownloadStatus::Relocated);
         return;
     }
-    if (m_settings.refuseErrors && m_entry.httpStatus >= DownloadEntry::firstErrorStatus) {
+    const bool refusesErrors = m_settings.refuseErrors || m_rules.refusesErrorPages;
+    if (refusesErrors && m_entry.httpStatus >= DownloadEntry::firstErrorStatus) {
         fail(DownloadStatus::Refused);
         return;
     }
-    const TargetName target = TargetName::of(m_entry.url, httpHeader::contentType(header), m_settings.naming);
+    const TargetName target = TargetName::of(m_entry.url, head.type, m_settings.naming);
     if (const auto failure = m_file.open(m_settings.target, target, m_settings.overwrite, m_entry.written)) {
         fail(*failure);
         return;
@@ -84,7 +88,7 @@ void Transfer::onHeader(const QByteArray& header)
     // The settings may have changed since the entry was stopped, so that the file has another place now.
     if (m_entry.written && m_entry.written->path != m_file.path())
         m_entry.written->removePart();
-    beginBody(httpHeader::contentLength(header));
+    beginBody(head.length);
 }
 
 void Transfer::beginBody(qint64 size)
@@ -116,7 +120,7 @@ void Transfer::onBody(const QByteArray& piece)
     m_entry.speed = m_meter.getDurschnittsGeschwindigkeit();
     emit changed();
     if (isAnnounced && *m_entry.received > m_entry.size)
-        onClosed();
+        onClosed(BodyEnd::Closed);
 }
 
 bool Transfer::writePiece(const char* bytes, qsizetype size)
@@ -127,27 +131,28 @@ bool Transfer::writePiece(const char* bytes, qsizetype size)
     return written;
 }
 
-void Transfer::onClosed()
+void Transfer::onClosed(BodyEnd end)
 {
     if (!m_file.isOpen()) {
         fail(DownloadStatus::EarlyDisconnect);
         return;
     }
-    // A size that was not announced counts as 0, so such a file is complete only if it is empty.
-    const bool complete = (m_entry.size == -1 ? 0 : m_entry.size) == m_entry.received;
+    // Where only the close of the connection ends a body, a size that was not announced counts as 0, so such a file is
+    // complete only if it is empty.
+    const bool complete = end == BodyEnd::Whole || (m_entry.size == -1 ? 0 : m_entry.size) == m_entry.received;
     m_entry.status = complete ? DownloadStatus::Complete : DownloadStatus::TooShort;
     m_entry.tag = complete ? DownloadTag::Complete : DownloadTag::Warning;
-    end();
+    finish();
 }
 
 void Transfer::fail(DownloadStatus why)
 {
     m_entry.status = why;
     m_entry.tag = DownloadTag::Failed;
-    end();
+    finish();
 }
 
-void Transfer::end()
+void Transfer::finish()
 {
     stop();
     emit changed();

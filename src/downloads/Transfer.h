@@ -9,10 +9,14 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <memory>
+
+class Connections;
 class RequestExtras;
 enum class DownloadStatus;
 struct DownloadEntry;
 struct DownloadSettings;
+struct WebRules;
 
 /// One transfer: requests an entry's URL, names and creates the target file, and writes the body to it as it arrives.
 /// It keeps the entry up to date, and ends once: with `ended`, or by `stop`.
@@ -23,8 +27,8 @@ public:
     /// The file and the meter get the body in pieces of at most this many bytes.
     static constexpr qsizetype pieceSize = 32 * 1024;
 
-    /// The entry's URL must be one of "http". All arguments must outlive the transfer.
-    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, const WebRules& web,
+    /// The rules must fetch the protocol of the entry's URL. All arguments must outlive the transfer.
+    Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras, Connections& connections,
         DLGeschwindigkeitsmessung& meter, QObject* parent);
 
     /// Begins connecting. No signal is emitted before this returns.
@@ -39,21 +43,22 @@ signals:
 
 private:
     void onConnected();
-    void onHeader(const QByteArray& header);
+    void onHeader(const AnswerHead& head);
     void onBody(const QByteArray& piece);
-    void onClosed();
+    void onClosed(BodyEnd end);
     /// `size` is the announced one; -1 when none was.
     void beginBody(qint64 size);
     [[nodiscard]] bool writePiece(const char* bytes, qsizetype size);
     /// How much of the file the transfer has written, judged by the entry.
     [[nodiscard]] WrittenFile::Extent extent() const;
     void fail(DownloadStatus why);
-    void end();
+    void finish();
 
     DownloadEntry& m_entry;
     const DownloadSettings& m_settings;
     RequestExtras& m_extras;
-    HttpExchange m_exchange;
+    const WebRules& m_rules;
+    std::unique_ptr<HttpExchange> m_exchange;
     TargetFile m_file;
     DLGeschwindigkeitsmessung& m_meter;
     QElapsedTimer m_clock;

@@ -47,6 +47,12 @@ QByteArray baueAnfrage(const QByteArray& url, const QByteArray& referer, const R
     return request + "\r\n";
 }
 
+AnswerHead headOf(const QByteArray& header)
+{
+    return { statusCode(header), contentLength(header), contentType(header), contentLanguage(header), location(header),
+        setCookies(header) };
+}
+
 QByteArray holeFeld(const QByteArray& header, QByteArrayView name)
 {
     const QByteArray start = name + ": ";

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "http/AnswerHead.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QByteArrayView>
@@ -16,6 +18,9 @@ namespace httpHeader {
 
 /// The GET request for `url`. A value that would break its line is percent-encoded.
 [[nodiscard]] QByteArray baueAnfrage(const QByteArray& url, const QByteArray& referer, const RequestExtras& extras);
+
+/// All fields that the readers below find.
+[[nodiscard]] AnswerHead headOf(const QByteArray& header);
 
 /// What follows the first `name` + ": " (letter case ignored) up to the next CR; empty without the field.
 [[nodiscard]] QByteArray holeFeld(const QByteArray& header, QByteArrayView name);

@@ -63,11 +63,6 @@ QString twk::stateText(const FetchReport& report, const LanguageTable& language)
     const auto withDetail = [&](const char* key) -> QString {
         return language.labelled(language.text(key), allgemein::shownText(report.detail));
     };
-    // As for a socket error: its number, ":", and its description.
-    const auto failure = [&](int number, const char* key) -> QString {
-        return language.labelled(language.text("lang.netError"),
-            QString::number(number) + u':' + language.text(key).arg(allgemein::fromSystem(report.detail)));
-    };
     switch (report.event) {
     case FetchEvent::Connecting:
         return language.text("lang.netConnecting");
@@ -79,12 +74,9 @@ QString twk::stateText(const FetchReport& report, const LanguageTable& language)
         return withDetail("lang.netRelocated");
     case FetchEvent::EarlyDisconnect:
         return language.text("lang.netEarlyDisconnect");
-    case FetchEvent::SocketError:
-        return withDetail("lang.netError");
-    case FetchEvent::BadPort:
-        return failure(QAbstractSocket::SocketAddressNotAvailableError, "more.badPort");
-    case FetchEvent::Silence:
-        return failure(QAbstractSocket::SocketTimeoutError, "more.silence");
+    case FetchEvent::NetError:
+        return language.labelled(language.text("lang.netError"),
+            QString::number(report.failure.socketError()) + u':' + report.failure.text(language));
     }
     return {};
 }

@@ -8,8 +8,9 @@
 
 Session::Session()
     : requestProfile(requestPrefs, cookies, web)
-    , search(foundItems, requestProfile, web)
-    , downloads(requestProfile, web)
+    , connections(web)
+    , search(foundItems, requestProfile, connections)
+    , downloads(requestProfile, connections)
 {
     // Easier to change than the greatest number, and deeper than nearly every search.
     filter.depth.max = 99;

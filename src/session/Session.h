@@ -6,6 +6,7 @@
 #include "crawl/SearchOptions.h"
 #include "crawl/SearchRun.h"
 #include "downloads/DownloadQueue.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "requests/CookieStore.h"
 #include "requests/RequestPrefs.h"
@@ -29,6 +30,7 @@ public:
     CookieStore cookies;
     RequestProfile requestProfile;
     WebRules web;
+    Connections connections;
     SearchOptions searchOptions;
     FundListe foundItems;
     SearchRun search;

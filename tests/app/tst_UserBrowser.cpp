@@ -6,6 +6,7 @@
 #include "crawl/window/dialog_getSearch.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/window/getDLStack.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "support/PlainExtras.h"
 #include "support/TestSeams.h"
@@ -58,7 +59,8 @@ private:
     SearchOptions m_options;
     PlainExtras m_extras;
     WebRules m_web;
-    DownloadQueue m_queue { m_extras, m_web };
+    Connections m_connections { m_web };
+    DownloadQueue m_queue { m_extras, m_connections };
     std::unique_ptr<BrowserPicker> m_picker;
     std::unique_ptr<QWidget> m_caller;
     QLineEdit* m_field = nullptr; ///< of the caller

@@ -123,9 +123,12 @@ void tst_lang::frenchLabelsStandApartFromTheirValues_data()
     row("a file that cannot be read", twk::errorText({ LoadError::CannotRead, reason, {} }, french));
     row("another file", twk::errorText({ LoadError::NotASearchFile, {}, {} }, french));
     row("a skipped line", twk::warningText({ 1, searchFile::SkippedLine::UnknownKey, "x" }, french));
-    row("a socket error", twk::stateText({ FetchEvent::SocketError, "0:x" }, french));
-    row("a bad port", twk::stateText({ FetchEvent::BadPort, "99999" }, french));
-    row("silence", twk::stateText({ FetchEvent::Silence, "20" }, french));
+    const auto netError = [&french](const ExchangeFailure& failure) {
+        return twk::stateText({ FetchEvent::NetError, {}, failure }, french);
+    };
+    row("a socket error", netError({ ExchangeFailure::System, 0, QStringLiteral("x") }));
+    row("a bad port", netError({ ExchangeFailure::BadPort, 99999 }));
+    row("silence", netError({ ExchangeFailure::Silence, 20 }));
     row("an unknown setting", settings::report({ "x", 1, 1, false, {} }, french)->text.section(u'\n', 0, 0));
     DownloadEntry entry;
     entry.status = DownloadStatus::NetError;

@@ -71,7 +71,7 @@ void tst_SearchRun::manyFailuresDoNotNest()
     QCOMPARE(m_list.getLetzter()->inhalt.zustand, FetchState::Failed);
     // Every item has its reason, and equal ones are kept once.
     const FetchReport* const reason = m_list.getLetzter()->inhalt.reason;
-    QVERIFY(reason && reason->event == FetchEvent::BadPort && reason->detail == "0");
+    QVERIFY(reason && reason->failure == (ExchangeFailure { ExchangeFailure::BadPort, 0 }));
     QCOMPARE(item("/").reason, nullptr);
     QCOMPARE(m_list.getStart()->naechster()->inhalt.reason, reason);
 }

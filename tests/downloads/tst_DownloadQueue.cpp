@@ -3,6 +3,7 @@
 #include "base/lang.h"
 #include "downloads/DownloadQueue.h"
 #include "downloads/EntryText.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "support/FileSizeLimit.h"
 #include "support/PlainExtras.h"
@@ -65,6 +66,7 @@ private:
     std::unique_ptr<ScriptedServer> m_server;
     PlainExtras m_extras;
     WebRules m_web;
+    Connections m_connections { m_web };
     std::unique_ptr<DownloadQueue> m_queue;
 };
 
@@ -73,7 +75,7 @@ void tst_DownloadQueue::init()
     m_folder = std::make_unique<QTemporaryDir>();
     m_server = std::make_unique<ScriptedServer>();
     m_extras = {};
-    m_queue = std::make_unique<DownloadQueue>(m_extras, m_web);
+    m_queue = std::make_unique<DownloadQueue>(m_extras, m_connections);
     m_queue->settings().target = allgemein::withTrailingSeparator(m_folder->filePath(QStringLiteral("target")));
 }
 

@@ -223,7 +223,7 @@ void tst_Faults::downloadsGoOn()
     QFETCH(QByteArray, file);
     ScriptedServer server;
     const QTemporaryDir folder;
-    DownloadQueue queue(m_extras, m_web);
+    DownloadQueue queue(m_extras, m_connections);
     queue.settings().target = allgemein::withTrailingSeparator(folder.path());
     queue.settings().maxDL = 1;
     QSignalSpy ended(&queue, &DownloadQueue::ended);
@@ -266,7 +266,7 @@ void tst_Faults::silentServersAreGivenUp()
     QCOMPARE(told("/body"), QStringLiteral("3: 200, -1, found"));
 
     const QTemporaryDir folder;
-    DownloadQueue queue(m_extras, m_web);
+    DownloadQueue queue(m_extras, m_connections);
     queue.settings().target = allgemein::withTrailingSeparator(folder.path());
     QSignalSpy idle(&queue, &DownloadQueue::idle);
     for (const char* path : { "/silent", "/body" })

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedServer.h"
 
+#include <QFile>
+#include <QSslCertificate>
+#include <QSslKey>
+#include <QSslSocket>
+
 #include <memory>
 
 #ifdef Q_OS_WIN
@@ -34,6 +39,7 @@ void end(QTcpSocket* socket, const Answer& answer)
         socket->disconnectFromHost();
         break;
     case Afterwards::Stall:
+    case Afterwards::Keep:
         break;
     case Afterwards::Reset:
         reset(socket);
@@ -48,19 +54,49 @@ void end(QTcpSocket* socket, const Answer& answer)
 void writeInTurn(QTcpSocket* socket, const Answer& answer)
 {
     const auto next = std::make_shared<qsizetype>(0);
-    const auto writeNext = [socket, answer, next] {
+    auto* const turn = new QObject(socket);
+    const auto writeNext = [socket, answer, next, turn] {
         if (socket->bytesToWrite() > 0)
             return;
-        if (*next < answer.pieces.size())
+        if (*next < answer.pieces.size()) {
             socket->write(answer.pieces[(*next)++]);
-        else
-            end(socket, answer);
+            return;
+        }
+        if (answer.afterwards != Afterwards::Repeat)
+            turn->deleteLater();
+        end(socket, answer);
     };
-    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, writeNext);
+    QObject::connect(socket, &QTcpSocket::bytesWritten, turn, writeNext);
     writeNext();
 }
 
 } // namespace
+
+ScriptedServer::ScriptedServer(const char* certificate)
+    : ScriptedServer()
+{
+    const QString file = QStringLiteral(TARNWICK_CERTIFICATES "/") + QLatin1String(certificate);
+    QFile key(file + QLatin1String(".key"));
+    if (!key.open(QIODevice::ReadOnly))
+        qFatal("The key of the scripted server cannot be read.");
+    m_tls = QSslConfiguration::defaultConfiguration();
+    m_tls.setLocalCertificateChain(QSslCertificate::fromPath(file + QLatin1String(".pem")));
+    m_tls.setPrivateKey(QSslKey(&key, QSsl::Rsa));
+}
+
+void ScriptedServer::incomingConnection(qintptr descriptor)
+{
+    ++m_accepted;
+    if (m_tls.isNull()) {
+        QTcpServer::incomingConnection(descriptor);
+        return;
+    }
+    auto* const socket = new QSslSocket(this);
+    socket->setSocketDescriptor(descriptor);
+    socket->setSslConfiguration(m_tls);
+    socket->startServerEncryption();
+    addPendingConnection(socket);
+}
 
 ScriptedServer::ScriptedServer()
 {
@@ -74,7 +110,7 @@ ScriptedServer::ScriptedServer()
 
 QByteArray ScriptedServer::origin() const
 {
-    return "http://127.0.0.1:" + QByteArray::number(serverPort());
+    return (m_tls.isNull() ? "http://127.0.0.1:" : "https://127.0.0.1:") + QByteArray::number(serverPort());
 }
 
 void ScriptedServer::script(const QByteArray& path, const Answer& answer)
@@ -120,7 +156,8 @@ void ScriptedServer::serve(QTcpSocket* socket)
         *request += socket->readAll();
         if (request->endsWith("\r\n\r\n")) {
             m_requests += *request;
-            reply(socket, pathOf(*request));
+            request->clear();
+            reply(socket, pathOf(m_requests.constLast()));
         }
     });
 }

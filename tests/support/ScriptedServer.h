@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QHash>
+#include <QSslConfiguration>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -14,6 +15,7 @@ enum class Afterwards {
     Close,
     Stall, ///< neither sends nor closes
     Reset, ///< a reset instead of an orderly close
+    Keep, ///< waits for the next request
     Repeat, ///< sends the last piece again and again, until the other side closes
 };
 
@@ -30,8 +32,10 @@ class ScriptedServer final : public QTcpServer {
 
 public:
     ScriptedServer();
+    /// Speaks TLS with this certificate: the name of a pair of files in tests/certificates.
+    explicit ScriptedServer(const char* certificate);
 
-    /// "http://127.0.0.1:" port, without a slash at the end.
+    /// "http://127.0.0.1:" port, or "https://...", without a slash at the end.
     [[nodiscard]] QByteArray origin() const;
 
     void script(const QByteArray& path, const Answer& answer);
@@ -48,13 +52,20 @@ public:
     [[nodiscard]] QByteArrayList paths() const;
     /// Sends `bytes` on a stalled connection to this path, and closes it.
     void release(const QByteArray& path, const QByteArray& bytes);
+    /// How many connections were ever made.
+    [[nodiscard]] int acceptedCount() const { return m_accepted; }
     /// How many connections are open.
     [[nodiscard]] qsizetype connectionCount() const { return findChildren<QTcpSocket*>().size(); }
+
+protected:
+    void incomingConnection(qintptr descriptor) override;
 
 private:
     void serve(QTcpSocket* socket);
     void reply(QTcpSocket* socket, const QByteArray& path);
 
+    QSslConfiguration m_tls; ///< null for a server that does not speak TLS
+    int m_accepted = 0;
     QHash<QByteArray, Answer> m_script;
     std::optional<Answer> m_unasked;
     QByteArrayList m_requests;

@@ -9,7 +9,7 @@ void SearchFixture::init()
     m_options = {};
     m_options.startUrl = m_server->origin();
     m_options.maxDepth = false;
-    m_run = std::make_unique<SearchRun>(m_list, m_extras, m_web);
+    m_run = std::make_unique<SearchRun>(m_list, m_extras, m_connections);
     m_reports.clear();
     connect(m_run.get(), &SearchRun::reported, this, [this](FundKnoten* node, const FetchReport& report) {
         m_reports += { node->inhalt.adresse, report };

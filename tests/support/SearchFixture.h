@@ -2,6 +2,8 @@
 #pragma once
 
 #include "crawl/SearchRun.h"
+#include "http/Connections.h"
+#include "http/WebRules.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
 #include "support/Text.h"
@@ -31,6 +33,7 @@ protected:
     std::unique_ptr<ScriptedServer> m_server;
     PlainExtras m_extras;
     WebRules m_web;
+    Connections m_connections { m_web };
     SearchOptions m_options;
     FundListe m_list;
     std::unique_ptr<SearchRun> m_run;

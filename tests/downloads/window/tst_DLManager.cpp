@@ -6,6 +6,7 @@
 #include "downloads/DownloadQueue.h"
 #include "downloads/window/DLManager.h"
 #include "downloads/window/getDLStack.h"
+#include "http/Connections.h"
 #include "http/WebRules.h"
 #include "support/PlainExtras.h"
 #include "support/ScriptedServer.h"
@@ -64,6 +65,7 @@ private:
     QTemporaryDir m_folder;
     PlainExtras m_extras;
     WebRules m_web;
+    Connections m_connections { m_web };
     LanguageTable m_language;
     std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<DownloadQueue> m_queue;
@@ -78,7 +80,7 @@ void tst_DLManager::init()
     m_language.selectBuiltIn(LanguageTable::English);
     m_server = std::make_unique<ScriptedServer>();
     m_server->script("/f.zip", { { "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nabcd" } });
-    m_queue = std::make_unique<DownloadQueue>(m_extras, m_web);
+    m_queue = std::make_unique<DownloadQueue>(m_extras, m_connections);
     m_queue->settings().target = m_folder.path() + u'/';
     m_queue->settings().overwrite = true;
     m_window = std::make_unique<DLManager>(*m_queue, seams(m_language));

@@ -153,7 +153,8 @@ void tst_FoundModel::stateTextYieldsToTheStatusNumber()
     QCOMPARE(cell(0, ResultColumn::Status), QStringLiteral("200"));
     QTRY_VERIFY(changed.count() > 0);
     // The reason stays in the tool tip.
-    node->inhalt.reason = m_list.keep({ FetchEvent::SocketError, "0:<b>x" });
+    node->inhalt.reason =
+        m_list.keep({ FetchEvent::NetError, {}, { ExchangeFailure::System, 0, QStringLiteral("<b>x") } });
     m_model->report(node, *node->inhalt.reason);
     QCOMPARE(cell(0, ResultColumn::Status), QStringLiteral("Network failure: 0:<b>x"));
     const QString toolTip = QStringLiteral("<qt>Network failure: 0:&lt;b&gt;x</qt>");

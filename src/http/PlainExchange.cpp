@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "http/HttpExchange.h"
+#include "http/PlainExchange.h"
 
 #include "base/allgemein.h"
 #include "http/httpHeader.h"
+#include "http/url.h"
 
 #include <QEvent>
 #include <QNetworkProxy>
@@ -10,12 +11,12 @@
 
 #include <algorithm>
 
-HttpExchange::HttpExchange(const WebRules& rules, QObject* parent)
-    : QObject(parent)
+PlainExchange::PlainExchange(const WebRules& rules, QObject* parent)
+    : HttpExchange(parent)
     , m_rules(rules)
 {
     m_silence.setSingleShot(true);
-    connect(&m_silence, &QTimer::timeout, this, &HttpExchange::onSilence);
+    connect(&m_silence, &QTimer::timeout, this, &PlainExchange::onSilence);
     m_socket.setProxy(QNetworkProxy::NoProxy);
     m_socket.setReadBufferSize(readAhead);
     m_socket.installEventFilter(this);
@@ -23,23 +24,24 @@ HttpExchange::HttpExchange(const WebRules& rules, QObject* parent)
         listen();
         emit connected();
     });
-    connect(&m_socket, &QTcpSocket::readyRead, this, &HttpExchange::readAvailable);
-    connect(&m_socket, &QTcpSocket::disconnected, this, &HttpExchange::onDisconnected);
-    connect(&m_socket, &QTcpSocket::errorOccurred, this, &HttpExchange::onError);
+    connect(&m_socket, &QTcpSocket::readyRead, this, &PlainExchange::readAvailable);
+    connect(&m_socket, &QTcpSocket::disconnected, this, &PlainExchange::onDisconnected);
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, &PlainExchange::onError);
 }
 
-HttpExchange::~HttpExchange()
+PlainExchange::~PlainExchange()
 {
     // The socket's destructor emits signals, whose slots use members that would be gone by then.
     abort();
 }
 
-void HttpExchange::start(const QByteArray& host, qint32 port)
+void PlainExchange::start(const QByteArray& url)
 {
-    QTimer::singleShot(0, this, [this, host, port] { connectTo(host, port); });
+    QTimer::singleShot(
+        0, this, [this, host = url::hostOf(url).toByteArray(), port = url::portOf(url)] { connectTo(host, port); });
 }
 
-void HttpExchange::connectTo(const QByteArray& host, qint32 port)
+void PlainExchange::connectTo(const QByteArray& host, qint32 port)
 {
     if (m_ended)
         return;
@@ -51,35 +53,35 @@ void HttpExchange::connectTo(const QByteArray& host, qint32 port)
     m_socket.connectToHost(allgemein::fromSystem(host), static_cast<quint16>(port));
 }
 
-void HttpExchange::watchTries()
+void PlainExchange::watchTries()
 {
     for (QSocketNotifier* const notifier : m_socket.findChildren<QSocketNotifier*>())
         notifier->installEventFilter(this);
 }
 
-bool HttpExchange::eventFilter(QObject* watched, QEvent* event)
+bool PlainExchange::eventFilter(QObject* watched, QEvent* event)
 {
     // For each address of a host the socket creates an engine as its child, which creates its notifiers a little later.
     if (watched == &m_socket && event->type() == QEvent::ChildAdded)
-        QMetaObject::invokeMethod(this, &HttpExchange::watchTries, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &PlainExchange::watchTries, Qt::QueuedConnection);
     if (event->type() != QEvent::SockAct || m_socket.state() != QAbstractSocket::ConnectingState)
         return false;
     // The socket library tries again when a connection is reset before it is established. A server that resets every
     // attempt would keep it trying for a minute.
     if (++m_tries == mostTries)
-        QTimer::singleShot(0, this, &HttpExchange::endAsClosed);
+        QTimer::singleShot(0, this, &PlainExchange::endAsClosed);
     return m_tries >= mostTries;
 }
 
-void HttpExchange::endAsClosed()
+void PlainExchange::endAsClosed()
 {
     if (m_ended)
         return;
     abort();
-    emit closed();
+    emit closed(BodyEnd::Closed);
 }
 
-void HttpExchange::fail(const ExchangeFailure& failure)
+void PlainExchange::fail(const ExchangeFailure& failure)
 {
     if (m_ended)
         return;
@@ -87,7 +89,7 @@ void HttpExchange::fail(const ExchangeFailure& failure)
     emit failed(failure);
 }
 
-void HttpExchange::listen()
+void PlainExchange::listen()
 {
     const bool isBodyWhole = m_announced && *m_announced >= 0 && m_received >= *m_announced;
     std::chrono::seconds limit = m_rules.silenceLimit;
@@ -97,7 +99,7 @@ void HttpExchange::listen()
         m_silence.start(limit);
 }
 
-void HttpExchange::onSilence()
+void PlainExchange::onSilence()
 {
     if (m_announced)
         endAsClosed();
@@ -105,26 +107,26 @@ void HttpExchange::onSilence()
         fail({ ExchangeFailure::Silence, static_cast<int>(m_rules.silenceLimit.count()) });
 }
 
-void HttpExchange::send(const QByteArray& request)
+void PlainExchange::request(const QByteArray& url, const QByteArray& referer, const RequestExtras& extras)
 {
-    m_socket.write(request);
+    m_socket.write(httpHeader::baueAnfrage(url, referer, extras));
 }
 
-void HttpExchange::abort()
+void PlainExchange::abort()
 {
     m_ended = true;
     m_silence.stop();
     m_socket.abort();
 }
 
-void HttpExchange::readAvailable()
+void PlainExchange::readAvailable()
 {
     // `read` allocates as many bytes as it is asked for, so ask for no more than there are.
     while (!m_ended && m_socket.bytesAvailable() > 0)
         handOn(m_answer.take(m_socket.read(qMin(readAhead, m_socket.bytesAvailable()))));
 }
 
-void HttpExchange::handOn(const AnswerSplitter::Parts& parts)
+void PlainExchange::handOn(const AnswerSplitter::Parts& parts)
 {
     if (parts.headerIsTooLong) {
         endAsClosed();
@@ -135,18 +137,18 @@ void HttpExchange::handOn(const AnswerSplitter::Parts& parts)
     m_received += parts.body.size();
     listen();
     if (!parts.header.isEmpty())
-        emit headerArrived(parts.header);
+        emit headerArrived(httpHeader::headOf(parts.header));
     if (!m_ended && !parts.body.isEmpty())
         emit bodyArrived(parts.body);
 }
 
-void HttpExchange::onDisconnected()
+void PlainExchange::onDisconnected()
 {
     readAvailable();
     endAsClosed();
 }
 
-void HttpExchange::onError(QAbstractSocket::SocketError error)
+void PlainExchange::onError(QAbstractSocket::SocketError error)
 {
     // Read first: after a failed write the socket drops what has arrived.
     readAvailable();
