@@ -4,6 +4,7 @@
 #include "base/allgemein.h"
 #include "requests/CookiesTxt.h"
 #include "requests/FirefoxDatabase.h"
+#include "requests/WebCookieFile.h"
 
 #include <QDateTime>
 
@@ -16,6 +17,19 @@ namespace {
 QByteArray withoutLeadingDot(const QByteArray& host)
 {
     return host.startsWith('.') ? host.sliced(1) : host;
+}
+
+/// The cookie by RFC 6265. There a dot in front of a domain means the hosts below it.
+QNetworkCookie webCookie(const ForeignCookie& foreign)
+{
+    QNetworkCookie cookie(foreign.cookie.name, foreign.cookie.value);
+    cookie.setDomain(QString::fromUtf8(foreign.host));
+    cookie.setPath(QString::fromUtf8(foreign.cookie.path));
+    cookie.setSecure(foreign.isSecure);
+    if (foreign.expiry > 0)
+        cookie.setExpirationDate(
+            QDateTime::fromSecsSinceEpoch(qMin(foreign.expiry, WebCookieFile::latestExpiry), Qt::UTC));
+    return cookie;
 }
 
 } // namespace
@@ -68,6 +82,8 @@ void CookieImport::readNext()
 
 void CookieImport::gather(const ForeignCookie& foreign)
 {
+    // That store keeps to https and to the end of a cookie's time, so no cookie does harm there.
+    m_store.web().add(webCookie(foreign));
     const QByteArray host = withoutLeadingDot(foreign.host);
     const Cookie& cookie = foreign.cookie;
     if (!m_store.isStorable(host, cookie) || leavesOut(foreign))

@@ -8,8 +8,6 @@
 namespace {
 
 constexpr QByteArrayView firstLine = "# Netscape HTTP Cookie File";
-/// In seconds: the end of the year 9999, the last that every program can write.
-constexpr qint64 latestExpiry = 253402300799;
 constexpr QByteArrayView httpOnlyMark = "#HttpOnly_";
 
 std::optional<QNetworkCookie> cookieFrom(QByteArray line)
@@ -33,7 +31,8 @@ std::optional<QNetworkCookie> cookieFrom(QByteArray line)
     cookie.setName(fields[5]);
     cookie.setValue(fields[6]);
     if (seconds != 0)
-        cookie.setExpirationDate(QDateTime::fromSecsSinceEpoch(qBound<qint64>(1, seconds, latestExpiry), Qt::UTC));
+        cookie.setExpirationDate(
+            QDateTime::fromSecsSinceEpoch(qBound<qint64>(1, seconds, WebCookieFile::latestExpiry), Qt::UTC));
     return isNumber && WebCookieJar::isStorable(cookie) ? std::optional(cookie) : std::nullopt;
 }
 
@@ -42,8 +41,9 @@ QByteArray lineOf(const QNetworkCookie& cookie)
     const auto word = [](bool isTrue) {
         return QByteArray(isTrue ? "TRUE" : "FALSE");
     };
-    const qint64 seconds =
-        cookie.isSessionCookie() ? 0 : qBound<qint64>(1, cookie.expirationDate().toSecsSinceEpoch(), latestExpiry);
+    const qint64 seconds = cookie.isSessionCookie()
+        ? 0
+        : qBound<qint64>(1, cookie.expirationDate().toSecsSinceEpoch(), WebCookieFile::latestExpiry);
     const QByteArrayList fields { cookie.domain().toUtf8(), word(cookie.domain().startsWith(u'.')),
         cookie.path().toUtf8(), word(cookie.isSecure()), QByteArray::number(seconds), cookie.name(), cookie.value() };
     return (cookie.isHttpOnly() ? httpOnlyMark.toByteArray() : QByteArray()) + fields.join('\t');

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "requests/CookieImport.h"
 #include "requests/CookieStore.h"
 #include "requests/RequestProfile.h"
 #include "requests/WebCookieFile.h"
@@ -36,6 +37,7 @@ private slots:
     void replacesOnlyFiles();
     void clears();
     void theRuleChoosesTheStore();
+    void importsForBothStores();
 
 private:
     [[nodiscard]] QString file() const { return m_folder->filePath(QStringLiteral("cookies.txt")); }
@@ -315,6 +317,22 @@ void tst_WebCookies::theRuleChoosesTheStore()
     QVERIFY(store.deleteAll().isEmpty());
     QCOMPARE(profile.cookieLine(url), QByteArray());
     QVERIFY(!QFile::exists(file()));
+}
+
+void tst_WebCookies::importsForBothStores()
+{
+    const QString source = m_folder->filePath(QStringLiteral("exported"));
+    QVERIFY(writeFile(source,
+        "# exported\n.example.org\tTRUE\t/\tTRUE\t4039372800\tsecure\t1\n"
+        "example.org\tFALSE\t/\tFALSE\t1\told\t1\nexample.org\tFALSE\t/\tFALSE\t0\tplain\t1\n"));
+    CookieStore store;
+    store.setCookieFolder(m_folder->path());
+    CookieImport reading(CookieImport::sourceFor(source), store, CookieImport::Taking::Harmless);
+    while (reading.step()) { }
+    QCOMPARE(store.getCookieHeader("http://example.org/"), "Cookie: plain=1\r\n");
+    QCOMPARE(store.web().cookieLine("https://example.org/"), "Cookie: secure=1; plain=1\r\n");
+    QCOMPARE(store.web().cookieLine("https://a.example.org/"), "Cookie: secure=1\r\n");
+    QCOMPARE(store.web().cookieLine("http://example.org/"), "Cookie: plain=1\r\n");
 }
 
 QTEST_GUILESS_MAIN(tst_WebCookies)
