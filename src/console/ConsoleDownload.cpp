@@ -6,6 +6,7 @@
 #include "console/Output.h"
 #include "downloads/EntryText.h"
 #include "http/url.h"
+#include "http/webUrl.h"
 #include "results/SearchFileReader.h"
 #include "results/twk.h"
 
@@ -36,7 +37,7 @@ ConsoleDownload::ConsoleDownload(const DownloadArguments& arguments)
 {
     m_session.requestPrefs.userAgent = RequestPrefs::readyUserAgents().constFirst();
     m_session.cookies.setCookieFolder(Session::cookieFolder({}));
-    m_session.web.silenceLimit = arguments.timeLimit;
+    m_session.web = arguments.web;
     m_queue.settings() = arguments.settings;
     if (!m_out.open(stdout, QIODevice::WriteOnly))
         throw UsageError { QStringLiteral("standard output: ") + m_out.errorString() };
@@ -79,14 +80,21 @@ void ConsoleDownload::addItems(const QString& fileName)
         const FundStück& item = node->inhalt;
         if (!m_arguments.filter.shows(item))
             continue;
-        if (url::protocolOf(item.adresse) != "http")
+        const QByteArrayView protocol = url::protocolOf(item.adresse);
+        if (m_session.web.fetches(protocol)) {
+            m_queue.addDL(webUrl::fromPlainSearch(item.adresse), item.groesse,
+                m_arguments.referer.isEmpty() ? item.referer : m_arguments.referer);
+        } else if (protocol == "https") {
+            ++m_unfetchedHttps;
+        } else {
             ++leftOut;
-        else
-            m_queue.addDL(
-                item.adresse, item.groesse, m_arguments.referer.isEmpty() ? item.referer : m_arguments.referer);
+        }
     }
-    if (leftOut > 0)
-        complain(QStringLiteral("%1: items left out, because only http is supported: %2").arg(fileName).arg(leftOut));
+    if (leftOut > 0) {
+        complain(QStringLiteral("%1: items left out, because only http and https are supported: %2")
+                     .arg(fileName)
+                     .arg(leftOut));
+    }
 }
 
 int ConsoleDownload::run()
@@ -97,6 +105,8 @@ int ConsoleDownload::run()
     while (!m_interrupted && m_queue.runningCount() + m_queue.waitingCount() > 0)
         QCoreApplication::exec();
     m_progress.clear();
+    if (m_unfetchedHttps > 0)
+        complain(QStringLiteral("https URLs that were not fetched: %1. --modern fetches them.").arg(m_unfetchedHttps));
     const int status = m_interrupted ? Interrupted : m_hasFailed ? PartlyFailed : Done;
     // A normal return would wait for name lookups that are still running.
     if (m_interrupted) {
@@ -127,6 +137,8 @@ void ConsoleDownload::onEnded(const DownloadEntry& entry)
     }
     m_progress.clear();
     m_hasFailed = m_hasFailed || entry.tag != DownloadTag::Complete;
+    if (entry.status == DownloadStatus::UnsupportedProtocol && url::protocolOf(entry.url) == "https")
+        ++m_unfetchedHttps;
     print(entry);
     report(entry);
 }

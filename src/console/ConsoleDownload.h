@@ -4,6 +4,7 @@
 #include "console/ProgressLine.h"
 #include "console/Terminal.h"
 #include "downloads/DownloadSettings.h"
+#include "http/WebRules.h"
 #include "results/ResultFilter.h"
 #include "session/Session.h"
 
@@ -12,8 +13,6 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
-
-#include <chrono>
 
 struct DownloadEntry;
 
@@ -24,7 +23,7 @@ struct DownloadArguments {
     ResultFilter filter; ///< of the items of search files
     QByteArray referer; ///< empty to send the referring page of a search file's item
     bool followRelocation = false; ///< fetch the new URL of a relocated entry
-    std::chrono::seconds timeLimit { 0 }; ///< 0 for none
+    WebRules web;
     bool quiet = false;
 };
 
@@ -61,6 +60,7 @@ private:
     QFile m_out;
     bool m_printsToTerminal;
     QHash<quint64, int> m_relocations; ///< how often an entry was relocated, by its id
+    qint64 m_unfetchedHttps = 0; ///< URLs that need --modern
     bool m_hasFailed = false;
     bool m_interrupted = false;
 };

@@ -5,6 +5,7 @@
 #include "console/ConsoleDownload.h"
 #include "console/ItemOptions.h"
 #include "console/SharedOptions.h"
+#include "console/WebOptions.h"
 
 #include <QDir>
 
@@ -31,7 +32,7 @@ constexpr Option referer {
 };
 
 constexpr std::array options { &dirByUrl, &extByMime, &noRenameForMs, &renameForMs, &overwrite, &fail, &parallel,
-    &followRelocation, &referer, &sharedOptions::timeLimit, &sharedOptions::quiet };
+    &followRelocation, &referer, &sharedOptions::quiet };
 
 DownloadSettings settingsFrom(const CommandLine& line)
 {
@@ -55,8 +56,7 @@ int runDownload(const CommandLine& line)
     arguments.filter = itemOptions::filterFrom(line);
     arguments.referer = allgemein::toSystem(line.value(referer));
     arguments.followRelocation = line.isSet(followRelocation);
-    if (line.isSet(sharedOptions::timeLimit))
-        arguments.timeLimit = std::chrono::seconds(line.wholeNumber(sharedOptions::timeLimit));
+    arguments.web = webOptions::rulesFrom(line);
     arguments.quiet = line.isSet(sharedOptions::quiet);
     return ConsoleDownload(arguments).run();
 }
@@ -72,6 +72,6 @@ const Command commands::download {
     .more = "Prints a line for each at its end: the tag (C complete, S with a warning, F failed), the file, and the "
             "URL, separated by TAB. Standard error says why one did not complete.",
     .example = "download pictures example.twk --mime image/png --dir-by-url",
-    .options = { options, itemOptions::filter },
+    .options = { options, webOptions::group, itemOptions::filter },
     .run = runDownload,
 };

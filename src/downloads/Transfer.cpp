@@ -8,9 +8,9 @@
 #include "http/Connections.h"
 #include "http/RequestExtras.h"
 #include "http/WebRules.h"
-#include "http/httpHeader.h"
 #include "http/newExchange.h"
 #include "http/url.h"
+#include "http/webUrl.h"
 
 Transfer::Transfer(DownloadEntry& entry, const DownloadSettings& settings, RequestExtras& extras,
     Connections& connections, DLGeschwindigkeitsmessung& meter, QObject* parent)
@@ -69,9 +69,9 @@ void Transfer::onHeader(const AnswerHead& head)
 {
     m_extras.takeCookies(head.cookies, m_entry.url);
     m_entry.httpStatus = head.status;
-    if (m_settings.followRelocation && httpHeader::isRelocation(m_entry.httpStatus)) {
+    if (m_settings.followRelocation && m_rules.relocates(m_entry.httpStatus)) {
         if (!head.location.isEmpty())
-            m_entry.url = allgemein::onOneLine(url::resolveReference(m_entry.url, head.location));
+            m_entry.url = allgemein::onOneLine(targetOf(head.location));
         fail(DownloadStatus::Relocated);
         return;
     }
@@ -89,6 +89,12 @@ void Transfer::onHeader(const AnswerHead& head)
     if (m_entry.written && m_entry.written->path != m_file.path())
         m_entry.written->removePart();
     beginBody(head.length);
+}
+
+QByteArray Transfer::targetOf(const QByteArray& location) const
+{
+    return m_rules.keepsConnections ? webUrl::resolved(m_entry.url, location)
+                                    : url::resolveReference(m_entry.url, location);
 }
 
 void Transfer::beginBody(qint64 size)

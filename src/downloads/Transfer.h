@@ -46,6 +46,8 @@ private:
     void onHeader(const AnswerHead& head);
     void onBody(const QByteArray& piece);
     void onClosed(BodyEnd end);
+    /// Where a relocation leads.
+    [[nodiscard]] QByteArray targetOf(const QByteArray& location) const;
     /// `size` is the announced one; -1 when none was.
     void beginBody(qint64 size);
     [[nodiscard]] bool writePiece(const char* bytes, qsizetype size);

@@ -8,6 +8,7 @@ WebRules WebRules::modern()
     rules.connectLimit = std::chrono::seconds(20);
     rules.keepsConnections = true;
     rules.keepsWebCookies = true;
+    rules.followsEveryRelocation = true;
     rules.refusesErrorPages = true;
     return rules;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "http/httpHeader.h"
+
 #include <QByteArray>
 #include <QSet>
 #include <QString>
@@ -21,6 +23,8 @@ struct WebRules {
     bool keepsConnections = false;
     /// Cookies follow RFC 6265, in a store of their own.
     bool keepsWebCookies = false;
+    /// 303 and 308 lead elsewhere as well.
+    bool followsEveryRelocation = false;
     /// An answer with a status of 400 or more is no download.
     bool refusesErrorPages = false;
 
@@ -32,6 +36,12 @@ struct WebRules {
     [[nodiscard]] bool fetches(QByteArrayView protocol) const
     {
         return protocol == "http" || (keepsConnections && protocol == "https");
+    }
+
+    /// Whether a status sends the client elsewhere.
+    [[nodiscard]] bool relocates(qint32 status) const
+    {
+        return httpHeader::isRelocation(status) || (followsEveryRelocation && (status == 303 || status == 308));
     }
 
     /// The rules of modern web mode with its default numbers.

@@ -16,6 +16,8 @@ private slots:
     void downloads_data();
     void downloads();
     void downloadsSayWhyTheyFailed();
+    void downloadsAsBrowsersDo_data();
+    void downloadsAsBrowsersDo();
     void numbersUrls();
 };
 
@@ -76,13 +78,44 @@ void tst_cli_download::downloadsSayWhyTheyFailed()
         run("download @. https://h/ http://127.0.0.1:1/x URL/none URL/short URL/e/ @s.twk --no-rename-for-ms -p 1");
     QCOMPARE(result.status, 2);
     QByteArrayList lines = QByteArray(result.err).replace(m_server->origin(), "URL").split('\n');
-    QVERIFY2(
-        lines.takeFirst().endsWith("s.twk: items left out, because only http is supported: 2"), result.err.constData());
+    QVERIFY2(lines.takeFirst().endsWith("s.twk: items left out, because only http and https are supported: 2"),
+        result.err.constData());
     const QByteArrayList expected { "https://h/: Unsupported protocol",
         "http://127.0.0.1:1/x: Network failure: Connection refused", "URL/none: Status 404",
         "URL/short: Disconnected before file seemed to be complete.; Status 500",
-        "URL/e/: Error while creating file; Status 404", "URL/there: File already exists; Status 404", "" };
+        "URL/e/: Error while creating file; Status 404", "URL/there: File already exists; Status 404",
+        "tarnwick-cli: https URLs that were not fetched: 1. --modern fetches them.", "" };
     QCOMPARE(lines, expected);
+}
+
+void tst_cli_download::downloadsAsBrowsersDo_data()
+{
+    const auto row = table<QByteArray, QByteArray, int>("options", "told", "status");
+    row("an authority that is named", "--modern --ca " TARNWICK_CERTIFICATES "/authority.pem", "", 0);
+    row("a host that is excepted", "--modern --insecure-host 127.0.0.1", "", 0);
+    row("an unknown authority", "--modern",
+        "The certificate was issued by an unknown authority: Tarnwick test authority", 2);
+    row("a proxy where nobody listens", "--modern --insecure-host 127.0.0.1 --proxy http://127.0.0.1:1",
+        "Network failure: ", 2);
+    row("plain mode", "", "--modern fetches them", 2);
+    row("no file of certificates", "--modern --ca @none.pem", "--ca: ", 1);
+    row("no kind of proxy", "--modern --proxy ftp://h", "--proxy needs", 1);
+    row("an option that needs the mode", "--insecure-host h", "--insecure-host needs --modern", 1);
+}
+
+void tst_cli_download::downloadsAsBrowsersDo()
+{
+    QFETCH(QByteArray, options);
+    QFETCH(QByteArray, told);
+    ScriptedServer secure("good");
+    secure.script("/d/moved",
+        { { "HTTP/1.1 308 Moved\r\nLocation: ../x.bin#f\r\nContent-Length: 0\r\n\r\n" }, Afterwards::Keep });
+    secure.script("/x.bin",
+        { { "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n0\r\n\r\n" }, Afterwards::Keep });
+    const Result result = run("download @t " + secure.origin() + "/d/moved --follow-relocation " + options);
+    QTEST(result.status, "status");
+    QVERIFY2(told.isEmpty() ? result.err.isEmpty() : result.err.contains(told), result.err.constData());
+    QCOMPARE(contentOf(file("t/x.bin")), result.status == 0 ? "abc" : "");
 }
 
 void tst_cli_download::numbersUrls()
