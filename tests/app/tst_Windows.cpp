@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -172,6 +173,8 @@ QWidget& tst_Windows::shownWindow()
 
 void tst_Windows::fitsASmallScreen()
 {
+    if (QFontDatabase::families().isEmpty())
+        QSKIP("Without a font every letter counts as a square, so texts are far too wide.");
     QWidget& window = shownWindow();
     const QSize screen = window.screen()->availableSize();
     QVERIFY(window.width() <= screen.width() && window.height() <= screen.height());

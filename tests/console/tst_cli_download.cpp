@@ -107,6 +107,8 @@ void tst_cli_download::downloadsAsBrowsersDo()
 {
     QFETCH(QByteArray, options);
     QFETCH(QByteArray, told);
+    if (*ScriptedServer::withoutTls())
+        QSKIP(ScriptedServer::withoutTls());
     ScriptedServer secure("good");
     secure.script("/d/moved",
         { { "HTTP/1.1 308 Moved\r\nLocation: ../x.bin#f\r\nContent-Length: 0\r\n\r\n" }, Afterwards::Keep });

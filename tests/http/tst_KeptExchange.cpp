@@ -95,6 +95,8 @@ void tst_KeptExchange::usesOneConnectionForAll_data()
 void tst_KeptExchange::usesOneConnectionForAll()
 {
     QFETCH(bool, isSecure);
+    if (isSecure && *ScriptedServer::withoutTls())
+        QSKIP(ScriptedServer::withoutTls());
     const auto server = isSecure ? std::make_unique<ScriptedServer>("good") : std::make_unique<ScriptedServer>();
     server->script("/length", kept("Content-Length: 5\r\n\r\nhello"));
     server->script("/chunks", kept("Transfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n2\r\nde\r\n0\r\n\r\n"));
@@ -190,6 +192,8 @@ void tst_KeptExchange::checksCertificates_data()
 
 void tst_KeptExchange::checksCertificates()
 {
+    if (*ScriptedServer::withoutTls())
+        QSKIP(ScriptedServer::withoutTls());
     QFETCH(QByteArray, certificate);
     QFETCH(bool, knowsAuthority);
     QFETCH(int, failure);
@@ -207,6 +211,8 @@ void tst_KeptExchange::checksCertificates()
 
 void tst_KeptExchange::exceptsAHost()
 {
+    if (*ScriptedServer::withoutTls())
+        QSKIP(ScriptedServer::withoutTls());
     ScriptedServer server("expired");
     m_rules.exceptedHosts = { "127.0.0.1" };
     QCOMPARE(fetch(server.origin() + "/").status, 404);

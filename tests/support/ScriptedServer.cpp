@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedServer.h"
 
+#include "support/Wine.h"
+
 #include <QFile>
 #include <QSslCertificate>
 #include <QSslKey>
@@ -82,6 +84,11 @@ ScriptedServer::ScriptedServer(const char* certificate)
     m_tls = QSslConfiguration::defaultConfiguration();
     m_tls.setLocalCertificateChain(QSslCertificate::fromPath(file + QLatin1String(".pem")));
     m_tls.setPrivateKey(QSslKey(&key, QSsl::Rsa));
+}
+
+const char* ScriptedServer::withoutTls()
+{
+    return isOnWine() ? "On Wine the scripted server cannot speak TLS." : "";
 }
 
 void ScriptedServer::incomingConnection(qintptr descriptor)
