@@ -34,8 +34,8 @@ public:
     ScriptedServer();
     /// Speaks TLS with this certificate: the name of a pair of files in tests/certificates.
     explicit ScriptedServer(const char* certificate);
-    /// Why a test that needs TLS cannot run here; empty if it can. On Wine this server ends each secure connection in the
-    /// handshake.
+    /// Why a test that needs TLS cannot run here; empty if it can. On Wine this server ends each secure connection in
+    /// the handshake.
     [[nodiscard]] static const char* withoutTls();
 
     /// "http://127.0.0.1:" port, or "https://...", without a slash at the end.
