@@ -36,7 +36,6 @@ private slots:
     void leavesAloneWhatIsBeingTyped();
     void looksAgainWhenActive();
     void tellsOfAPageThatCannotBeOpened();
-    void everyCaptionHasItsKey();
 
 private:
     /// Has the window of `caller` open the picker on "example.org/start", which stands in its field.
@@ -239,16 +238,6 @@ void tst_UserBrowser::tellsOfAPageThatCannotBeOpened()
     }
     QCOMPARE(m_shell.openedUrls.size(), 1);
     QVERIFY(dialog().isVisible());
-}
-
-void tst_UserBrowser::everyCaptionHasItsKey()
-{
-    pickFor("new search");
-    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
-        m_language.selectBuiltIn(language);
-        QCOMPARE(wrongCaptions(dialog(), m_language, {}), QStringList());
-        QVERIFY(control<QLabel>(dialog(), "instructions").text().contains(QLatin1String("<li>")));
-    }
 }
 
 QTEST_MAIN(tst_UserBrowser)

@@ -29,13 +29,15 @@ private slots:
     void fitsASmallScreen();
     void controlsHaveNamesOfTheirOwn_data() { everyWindow(); }
     void controlsHaveNamesOfTheirOwn();
+    void captionsFollowTheLanguage_data() { everyWindow(1); }
+    void captionsFollowTheLanguage();
     void accessKeysDiffer_data() { everyWindow(); }
     void accessKeysDiffer();
     void foreignTextIsVisible_data();
     void foreignTextIsVisible();
 
 private:
-    static void everyWindow();
+    static void everyWindow(int languages = LanguageTable::builtInCount);
     /// The window of this name, shown in the language of the row.
     [[nodiscard]] QWidget& shownWindow();
 
@@ -140,10 +142,10 @@ void tst_Windows::cleanup()
     WindowFixture::cleanup();
 }
 
-void tst_Windows::everyWindow()
+void tst_Windows::everyWindow(int languages)
 {
     const auto row = table<QString, QByteArray, int>("name", "command", "language");
-    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
+    for (int language = 0; language < languages; ++language) {
         for (const auto& [name, command] :
             { std::pair("main", ""), { "DLManager", "m_showDlm" }, { "dialog_getSearch", "m_searchNew" },
                 { "getDLStack", "m_addNumberedDL" }, { "dialog_requests", "m_requests" },
@@ -205,6 +207,28 @@ void tst_Windows::controlsHaveNamesOfTheirOwn()
         names += name;
     }
     QCOMPARE(wrong.join(u'\n'), QString());
+}
+
+void tst_Windows::captionsFollowTheLanguage()
+{
+    const QWidget& window = shownWindow();
+    // Signs, and texts that are not captions. The button of a message has no name.
+    QString fixed =
+        QStringLiteral("lbl_depthTo lbl_sizeTo lbl_sizeUnit lbl_to nAngezeigte summary editLink editQuelle editUrl "
+                       "addFilterText removeFilterText b_addToSubUrlList b_deleteFromSubList sprachAdd "
+                       "sprachRem b_programmAussuchen");
+    for (int number = 0; number < 7; ++number)
+        fixed += QStringLiteral(" m_lang(%1) m_einheit(%1) panel_%1").arg(number);
+    if (window.inherits("QMessageBox"))
+        fixed += u' ';
+    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
+        m_session->language.selectBuiltIn(language);
+        QCOMPARE(wrongCaptions(window, m_session->language, fixed.split(u' ')).join(u'\n'), QString());
+        const QString title = m_session->language.text(window.objectName().toUtf8());
+        if (const auto* const instructions = window.findChild<QLabel*>(QStringLiteral("instructions")))
+            QCOMPARE(instructions->text(), m_session->language.text("more.dialog_getURL.instructions"));
+        QVERIFY2(title.isEmpty() || window.windowTitle() == title, qPrintable(window.windowTitle()));
+    }
 }
 
 void tst_Windows::accessKeysDiffer()

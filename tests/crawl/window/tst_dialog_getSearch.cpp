@@ -31,7 +31,6 @@ private slots:
     void editsSubUrls();
     void offersTheLevelsOfTheStartUrl();
     void picksUrls();
-    void everyCaptionHasItsKey();
 
 private:
     [[nodiscard]] QWidget& window() const { return *m_dialog; }
@@ -216,18 +215,6 @@ void tst_dialog_getSearch::picksUrls()
     m_picker.choice.clear();
     click(window(), "editQuelle");
     QCOMPARE(control<QLineEdit>(window(), "quellUrl").text(), QString());
-}
-
-void tst_dialog_getSearch::everyCaptionHasItsKey()
-{
-    const QStringList signs { QStringLiteral("editLink"), QStringLiteral("editQuelle"),
-        QStringLiteral("b_addToSubUrlList"), QStringLiteral("b_deleteFromSubList") };
-    for (int index = 0; index < LanguageTable::builtInCount; ++index) {
-        m_language.selectBuiltIn(index);
-        QCOMPARE(wrongCaptions(window(), m_language, signs).join(u'\n'), QString());
-        QCOMPARE(m_dialog->windowTitle(), m_language.text("dialog_getSearch"));
-    }
-    m_language.selectBuiltIn(LanguageTable::English);
 }
 
 QTEST_MAIN(tst_dialog_getSearch)

@@ -39,7 +39,6 @@ private slots:
     void optionsAreThoseOfTheQueue();
     void opensWhatIsFinished();
     void takesDroppedUrls();
-    void everyCaptionHasItsKey();
     void keepsUpWithManyRows();
     void addsARunOfNumberedUrls();
     void theIndexFollowsTheCursor();
@@ -244,17 +243,6 @@ void tst_DLManager::takesDroppedUrls()
     QVERIFY(drop(window(), { QUrl(QStringLiteral("http://127.0.0.1:1/a b")), QUrl(QStringLiteral("file:///etc/x")) }));
     QCOMPARE(m_queue->count(), 1);
     QCOMPARE(m_queue->entryAt(0).url, "http://127.0.0.1:1/a%20b");
-}
-
-void tst_DLManager::everyCaptionHasItsKey()
-{
-    const QStringList fixed { QStringLiteral("summary"), QStringLiteral("lbl_to"), QStringLiteral("editUrl") };
-    for (int index = 0; index < LanguageTable::builtInCount; ++index) {
-        m_language.selectBuiltIn(index);
-        QCOMPARE(wrongCaptions(window(), m_language, fixed).join(u'\n'), QString());
-        QCOMPARE(wrongCaptions(*m_numbered, m_language, fixed).join(u'\n'), QString());
-        QCOMPARE(m_window->windowTitle(), m_language.text("DLManager"));
-    }
 }
 
 void tst_DLManager::keepsUpWithManyRows()

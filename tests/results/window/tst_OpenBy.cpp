@@ -24,7 +24,6 @@ private slots:
     void startsFromTheDialog();
     void staysWhenNothingStarts();
     void asksBeforeManyPrograms();
-    void everyCaptionHasItsKey();
 
 private:
     void confirm(const Urls& urls);
@@ -119,15 +118,6 @@ void tst_OpenBy::asksBeforeManyPrograms()
     QVERIFY(m_messages.returnIsHarmless());
     confirm(Urls(20, "http://h/"));
     QCOMPARE(m_messages.asked.size(), 2);
-}
-
-void tst_OpenBy::everyCaptionHasItsKey()
-{
-    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
-        m_language.selectBuiltIn(language);
-        QCOMPARE(wrongCaptions(*m_dialog, m_language, { QStringLiteral("b_programmAussuchen") }), QStringList());
-    }
-    m_language.selectBuiltIn(LanguageTable::English);
 }
 
 QTEST_MAIN(tst_OpenBy)
