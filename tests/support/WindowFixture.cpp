@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/WindowFixture.h"
 
+#include "results/ResultColumns.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QLabel>
@@ -45,6 +47,19 @@ void WindowFixture::quit()
     cleanup();
 }
 
+void WindowFixture::serveSite()
+{
+    m_server->page("/",
+        "<a href='a/one.html'><img src='a/two.png'><a href='b/three.pdf'><a href='old'>"
+        "<a href='https://h/'>");
+    m_server->script("/a/one.html", { { okHeader("text/html; x"), "<a href='/b/c/four.html'>" } });
+    m_server->script(
+        "/a/two.png", { { "HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nContent-Length: 2048\r\n\r\n" } });
+    m_server->script("/b/three.pdf",
+        { { "HTTP/1.1 200 OK\r\nContent-Type: application/pdf\r\nContent-Length: 5000000000\r\n\r\n" } });
+    m_server->relocation("/old", "/a/one.html");
+}
+
 void WindowFixture::beginSearch()
 {
     choose("m_searchNew");
@@ -61,6 +76,14 @@ void WindowFixture::searchToEnd()
 QByteArray WindowFixture::cell(int row, int column) const
 {
     return details().model()->index(row, column).data().toByteArray();
+}
+
+QByteArray WindowFixture::shownNames() const
+{
+    QByteArrayList names;
+    for (int row = 0; row < details().model()->rowCount(); ++row)
+        names += cell(row, ResultColumn::FileName);
+    return names.join(',');
 }
 
 QMainWindow* WindowFixture::downloadManager()

@@ -34,6 +34,8 @@ protected:
     void start();
     /// Closes the window, which saves the settings.
     void quit();
+    /// Scripts a site of six items: two pages, a picture, a document, a relocation and a URL of another protocol.
+    void serveSite();
     void beginSearch();
     void searchToEnd();
 
@@ -48,6 +50,8 @@ protected:
 
     [[nodiscard]] QTableView& details() const { return the<QTableView>("l_founds_details"); }
     [[nodiscard]] QByteArray cell(int row, int column) const;
+    /// The rows' file names with commas between them.
+    [[nodiscard]] QByteArray shownNames() const;
     /// The download manager; null until it was shown.
     [[nodiscard]] static QMainWindow* downloadManager();
     /// The text of a panel of the status bar, from 1.
