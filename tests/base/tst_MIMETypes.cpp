@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/MIMETypes.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -15,12 +16,7 @@ private slots:
 
 void tst_MIMETypes::putsExtensionBehindName_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QByteArray>("type");
-    QTest::addColumn<QByteArray>("result");
-    const auto row = [](const char* title, const char* name, const char* type, const char* result) {
-        QTest::newRow(title) << QByteArray(name) << QByteArray(type) << QByteArray(result);
-    };
+    const auto row = table<QByteArray, QByteArray, QByteArray>("name", "type", "result");
     row("extension in another case", "report.DOC", "application/msword", "report.DOC.doc");
     row("preferred extension there", "page.htm", "text/html", "page.htm");
     row("another extension of the type", "photo.jpg", "image/jpeg", "photo.jpg");

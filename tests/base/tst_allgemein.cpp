@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/allgemein.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -19,11 +20,7 @@ private slots:
 
 void tst_allgemein::readsLeadingNumber_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<qint64>("number");
-    const auto row = [](const char* title, const char* text, qint64 number) {
-        QTest::newRow(title) << QByteArray(text) << number;
-    };
+    const auto row = table<QByteArray, qint64>("text", "number");
     row("blanks and TABs in front", " \t 17", 17);
     row("text behind", "200 OK", 200);
     row("negative", "-1", -1);
@@ -71,13 +68,7 @@ void tst_allgemein::hidesNoControls()
 
 void tst_allgemein::findsTextInAnyCase_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QByteArray>("needle");
-    QTest::addColumn<qsizetype>("from");
-    QTest::addColumn<qsizetype>("place");
-    const auto row = [](const char* title, const char* text, const char* needle, qsizetype from, qsizetype place) {
-        QTest::newRow(title) << QByteArray(text) << QByteArray(needle) << from << place;
-    };
+    const auto row = table<QByteArray, QByteArray, qsizetype, qsizetype>("text", "needle", "from", "place");
     row("in both cases", "a PaTH=x", "path=", 0, 2);
     row("the first of both cases", "PATH=path=", "path=", 0, 0);
     row("small candidate fails first", "pa PATH=", "path=", 0, 3);

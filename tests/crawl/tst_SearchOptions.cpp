@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "crawl/SearchOptions.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -46,16 +47,15 @@ void tst_SearchOptions::givesEntryItsLevel()
 
 void tst_SearchOptions::followsByMode_data()
 {
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<bool>("inside");
-    QTest::newRow("the host itself") << QByteArray("http://example.org/x") << true;
-    QTest::newRow("a host below, on another port") << QByteArray("http://www.example.org:8080/x") << true;
-    QTest::newRow("a host that breaks off") << QByteArray("http://example.or/x") << false;
-    QTest::newRow("another protocol") << QByteArray("https://example.org/x") << false;
-    QTest::newRow("below the directory, the port not written") << QByteArray("http://h/a/b/y.html") << true;
-    QTest::newRow("the directory on another port") << QByteArray("http://h:81/a/y.html") << false;
-    QTest::newRow("above the directory") << QByteArray("http://h:80/y.html") << false;
-    QTest::newRow("a TAB as it is recorded") << QByteArray("http://h:80/b\tc/y.html") << true;
+    const auto row = table<QByteArray, bool>("url", "inside");
+    row("the host itself", "http://example.org/x", true);
+    row("a host below, on another port", "http://www.example.org:8080/x", true);
+    row("a host that breaks off", "http://example.or/x", false);
+    row("another protocol", "https://example.org/x", false);
+    row("below the directory, the port not written", "http://h/a/b/y.html", true);
+    row("the directory on another port", "http://h:81/a/y.html", false);
+    row("above the directory", "http://h:80/y.html", false);
+    row("a TAB as it is recorded", "http://h:80/b\tc/y.html", true);
 }
 
 void tst_SearchOptions::followsByMode()
@@ -79,15 +79,8 @@ void tst_SearchOptions::followsByMode()
 
 void tst_SearchOptions::confirms_data()
 {
-    QTest::addColumn<QByteArray>("typed");
-    QTest::addColumn<bool>("maxDepth");
-    QTest::addColumn<FollowMode>("mode");
-    QTest::addColumn<Confirmation>("confirmation");
-    QTest::addColumn<QByteArray>("startUrl");
-    const auto row = [](const char* title, const QByteArray& typed, bool maxDepth, FollowMode mode,
-                         Confirmation confirmation, const QByteArray& startUrl) {
-        QTest::newRow(title) << typed << maxDepth << mode << confirmation << startUrl;
-    };
+    const auto row = table<QByteArray, bool, FollowMode, Confirmation, QByteArray>(
+        "typed", "maxDepth", "mode", "confirmation", "startUrl");
     using enum Confirmation;
     row("a host", "srv.example.org", true, FollowMode::All, Limited, "http://srv.example.org");
     row("a whole URL", "http://h:8080/a", true, FollowMode::All, Limited, "http://h:8080/a");

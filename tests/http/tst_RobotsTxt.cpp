@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "http/RobotsTxt.h"
+#include "support/Table.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -35,11 +36,7 @@ static QByteArray allowed(const QByteArray& file, const QByteArray& paths)
 
 void tst_RobotsTxt::readsGroupsAndLines_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QByteArray>("allowedOfABC");
-    const auto row = [](const char* title, const char* file, const char* allowedOfABC) {
-        QTest::newRow(title) << QByteArray(file) << QByteArray(allowedOfABC);
-    };
+    const auto row = table<QByteArray, QByteArray>("file", "allowedOfABC");
     row("an empty file", "", "/a /b /c");
     row("a group for all", "User-agent: *\nDisallow: /a\n", "/b /c");
     row("the own group alone", "User-agent: *\nDisallow: /a\n\nUser-agent: Tarnwick\nDisallow: /b\n", "/a /c");
@@ -69,12 +66,7 @@ void tst_RobotsTxt::readsGroupsAndLines()
 
 void tst_RobotsTxt::comparesPaths_data()
 {
-    QTest::addColumn<QByteArrayList>("rules");
-    QTest::addColumn<QByteArray>("yes");
-    QTest::addColumn<QByteArray>("no");
-    const auto row = [](const char* title, const QByteArrayList& rules, const char* yes, const char* no) {
-        QTest::newRow(title) << rules << QByteArray(yes) << QByteArray(no);
-    };
+    const auto row = table<QByteArrayList, QByteArray, QByteArray>("rules", "yes", "no");
     // The examples that RFC 9309 gives.
     row("the longest rule", { "Allow: /example/page/", "Disallow: /example/page/disallowed.gif" },
         "/example/page/a.gif", "/example/page/disallowed.gif");
@@ -150,11 +142,7 @@ void tst_RobotsTxt::agreesWithRegularExpressions()
 
 void tst_RobotsTxt::readsDelays_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<int>("milliseconds");
-    const auto row = [](const char* title, const char* file, int milliseconds) {
-        QTest::newRow(title) << QByteArray(file) << milliseconds;
-    };
+    const auto row = table<QByteArray, int>("file", "milliseconds");
     row("a fraction", "User-agent: *\nCrawl-delay: 1.5\n", 1500);
     row("of the own group", "User-agent: *\nCrawl-delay: 9\nDisallow:\nUser-agent: Tarnwick\nCrawl-delay: 2\n", 2000);
     row("not in the own group", "User-agent: *\nCrawl-delay: 9\nDisallow:\nUser-agent: Tarnwick\nDisallow: /\n", -1);
@@ -203,11 +191,7 @@ void tst_RobotsTxt::judgesAnswers()
 
 void tst_RobotsTxt::bearsHostileFiles_data()
 {
-    QTest::addColumn<QByteArray>("rules");
-    QTest::addColumn<bool>("allows");
-    const auto row = [](const char* title, const QByteArray& rules, bool allows) {
-        QTest::newRow(title) << rules << allows;
-    };
+    const auto row = table<QByteArray, bool>("rules", "allows");
     row("a pattern that could be tried in many ways", "Disallow: /" + QByteArray("*a").repeated(100'000) + "$\n", true);
     const QByteArray pattern = "Disallow: /" + QByteArray("*a").repeated(300) + "*b$\n";
     row("many such patterns", pattern.repeated(800), true);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "http/httpHeader.h"
 #include "support/PlainExtras.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -32,17 +33,8 @@ void tst_httpHeader::requestsWithEveryLineInOrder()
 
 void tst_httpHeader::readsFields_data()
 {
-    QTest::addColumn<QByteArray>("fields");
-    QTest::addColumn<QByteArray>("type");
-    QTest::addColumn<qint64>("length");
-    QTest::addColumn<QByteArray>("language");
-    QTest::addColumn<QByteArray>("location");
-    QTest::addColumn<QByteArray>("cookie");
-    const auto row = [](const char* title, const QByteArray& fields, const char* type, qint64 length,
-                         const char* language, const char* location, const char* cookie) {
-        QTest::newRow(title) << fields << QByteArray(type) << length << QByteArray(language) << QByteArray(location)
-                             << QByteArray(cookie);
-    };
+    const auto row = table<QByteArray, QByteArray, qint64, QByteArray, QByteArray, QByteArray>(
+        "fields", "type", "length", "language", "location", "cookie");
     row("no fields", "", "?", -1, "", "", "");
     row("all fields",
         "Content-Type: text/html; charset=x\r\nContent-Length: 12\r\nContent-Language: de\r\nLocation: /x\r\n"
@@ -73,19 +65,18 @@ void tst_httpHeader::readsFields()
 
 void tst_httpHeader::readsStatus_data()
 {
-    QTest::addColumn<QByteArray>("header");
-    QTest::addColumn<qint32>("status");
-    QTest::newRow("with a reason") << QByteArray("HTTP/1.1 404 Not Found\r\n") << 404;
-    QTest::newRow("version 1.0") << QByteArray("HTTP/1.0 200 OK\r\n") << 200;
-    QTest::newRow("no reason, another blank behind") << QByteArray("HTTP/1.1 302\r\nLocation: /x\r\n") << 302;
-    QTest::newRow("no reason, no other blank") << QByteArray("HTTP/1.1 204\r\n") << 204;
-    QTest::newRow("two blanks") << QByteArray("HTTP/1.1  200 OK\r\n") << 0;
-    QTest::newRow("small letters") << QByteArray("http/1.1 200 OK\r\n") << 0;
-    QTest::newRow("not a number") << QByteArray("HTTP/1.1 OK 200\r\n") << 0;
-    QTest::newRow("beyond 32 bits") << QByteArray("HTTP/1.1 99999999999 OK\r\n") << 0;
-    QTest::newRow("text in front") << QByteArray("ICY HTTP/1.1 200 OK\r\n") << 200;
-    QTest::newRow("no blank at all") << QByteArray("HTTP/1.1\r\n") << 0;
-    QTest::newRow("empty") << QByteArray("\r\n") << 0;
+    const auto row = table<QByteArray, qint32>("header", "status");
+    row("with a reason", "HTTP/1.1 404 Not Found\r\n", 404);
+    row("version 1.0", "HTTP/1.0 200 OK\r\n", 200);
+    row("no reason, another blank behind", "HTTP/1.1 302\r\nLocation: /x\r\n", 302);
+    row("no reason, no other blank", "HTTP/1.1 204\r\n", 204);
+    row("two blanks", "HTTP/1.1  200 OK\r\n", 0);
+    row("small letters", "http/1.1 200 OK\r\n", 0);
+    row("not a number", "HTTP/1.1 OK 200\r\n", 0);
+    row("beyond 32 bits", "HTTP/1.1 99999999999 OK\r\n", 0);
+    row("text in front", "ICY HTTP/1.1 200 OK\r\n", 200);
+    row("no blank at all", "HTTP/1.1\r\n", 0);
+    row("empty", "\r\n", 0);
 }
 
 void tst_httpHeader::readsStatus()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "http/copiedUrl.h"
 #include "http/url.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -73,12 +74,7 @@ void tst_url::takesWhatIsTyped()
 
 void tst_url::resolvesReference_data()
 {
-    QTest::addColumn<QByteArray>("base");
-    QTest::addColumn<QByteArray>("reference");
-    QTest::addColumn<QByteArray>("absolute");
-    const auto row = [](const char* title, const char* base, const char* reference, const char* absolute) {
-        QTest::newRow(title) << QByteArray(base) << QByteArray(reference) << QByteArray(absolute);
-    };
+    const auto row = table<QByteArray, QByteArray, QByteArray>("base", "reference", "absolute");
     const char* const page = "http://h:80/a/b/c.html";
     row("a neighbour", page, "d.html", "http://h:80/a/b/d.html");
     row("from the root", page, "/x", "http://h:80/x");
@@ -152,17 +148,15 @@ void tst_url::cutsToLevel()
 
 void tst_url::givesComponentOfLevel_data()
 {
-    QTest::addColumn<qint32>("level");
-    QTest::addColumn<bool>("withColon");
-    QTest::addColumn<QByteArray>("component");
-    QTest::newRow("top label") << 0 << false << QByteArray("org");
-    QTest::newRow("middle label") << 1 << true << QByteArray("example");
-    QTest::newRow("first label") << 2 << false << QByteArray("srv");
-    QTest::newRow("port") << 3 << false << QByteArray("8080");
-    QTest::newRow("port with colon") << 3 << true << QByteArray(":8080");
-    QTest::newRow("first directory") << 4 << false << QByteArray("a");
-    QTest::newRow("last directory") << 5 << false << QByteArray("b");
-    QTest::newRow("beyond") << 6 << false << QByteArray();
+    const auto row = table<qint32, bool, QByteArray>("level", "withColon", "component");
+    row("top label", 0, false, "org");
+    row("middle label", 1, true, "example");
+    row("first label", 2, false, "srv");
+    row("port", 3, false, "8080");
+    row("port with colon", 3, true, ":8080");
+    row("first directory", 4, false, "a");
+    row("last directory", 5, false, "b");
+    row("beyond", 6, false, {});
 }
 
 void tst_url::givesComponentOfLevel()

@@ -4,6 +4,7 @@
 #include "requests/RequestProfile.h"
 #include "requests/WebCookieFile.h"
 #include "requests/WebCookies.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QDateTime>
@@ -61,14 +62,7 @@ void tst_WebCookies::init()
 
 void tst_WebCookies::sendsWhatRfc6265Allows_data()
 {
-    QTest::addColumn<QByteArray>("from");
-    QTest::addColumn<QByteArray>("field");
-    QTest::addColumn<QByteArray>("to");
-    QTest::addColumn<QByteArray>("line");
-    const auto row = [](const char* title, const char* from, const QByteArray& field, const char* to,
-                         const char* line) {
-        QTest::newRow(title) << QByteArray(from) << field << QByteArray(to) << QByteArray(line);
-    };
+    const auto row = table<QByteArray, QByteArray, QByteArray, QByteArray>("from", "field", "to", "line");
     row("without attributes", "http://a.example.org/", "n=v", "http://a.example.org/x/y?q", "n=v");
     row("on another port", "http://a.example.org:8080/", "n=v", "http://a.example.org/", "n=v");
     row("host only", "http://example.org/", "n=v", "http://a.example.org/", "");
@@ -170,12 +164,7 @@ void tst_WebCookies::keepsItsFile()
 
 void tst_WebCookies::readsFiles_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("sentToHost");
-    QTest::addColumn<bool>("isBroken");
-    const auto row = [](const char* title, const QByteArray& line, const char* sentToHost, bool isBroken) {
-        QTest::newRow(title) << line << QByteArray(sentToHost) << isBroken;
-    };
+    const auto row = table<QByteArray, QByteArray, bool>("line", "sentToHost", "isBroken");
     row("of the host", "h.org\tFALSE\t/\tFALSE\t0\tn\tv", "n=v", false);
     row("of a domain without its dot", "h.org\tTRUE\t/\tFALSE\t0\tn\tv", "n=v", false);
     row("with CR", "h.org\tFALSE\t/\tFALSE\t0\tn\tv\r", "n=v", false);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "requests/CookieStore.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QDateTime>
@@ -54,11 +55,7 @@ void tst_cookies::init()
 
 void tst_cookies::takesSetCookie_data()
 {
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<QByteArray>("line");
-    const auto row = [](const char* title, const char* value, const char* line) {
-        QTest::newRow(title) << QByteArray(value) << QByteArray(line);
-    };
+    const auto row = table<QByteArray, QByteArray>("value", "line");
     row("path behind", "a=1; path=/", "/\ta\t1\r\n");
     row("path in the middle", "a=1; expires=Thu; path=/x/; secure", "/x/\ta\t1\r\n");
     row("capital attribute", "a=1; PATH=/", "/\ta\t1\r\n");
@@ -97,16 +94,14 @@ void tst_cookies::replacesByName()
 
 void tst_cookies::sendsWherePathMatches_data()
 {
-    QTest::addColumn<QByteArray>("path");
-    QTest::addColumn<QByteArray>("url");
-    QTest::addColumn<bool>("sent");
-    QTest::newRow("the root matches every path") << QByteArray("/") << QByteArray("http://h/a/b/c.html") << true;
-    QTest::newRow("a directory below") << QByteArray("/shop/") << QByteArray("http://h:8080/shop/a/") << true;
-    QTest::newRow("a file of the name") << QByteArray("/shop/") << QByteArray("http://h/shop") << false;
-    QTest::newRow("no slash at the end") << QByteArray("/shop") << QByteArray("http://h/shop/x.html") << false;
-    QTest::newRow("another directory") << QByteArray("/shop/") << QByteArray("http://h/shed/") << false;
-    QTest::newRow("deeper than the request") << QByteArray("/a/b/") << QByteArray("http://h/a/") << false;
-    QTest::newRow("no path") << QByteArray() << QByteArray("http://h/") << false;
+    const auto row = table<QByteArray, QByteArray, bool>("path", "url", "sent");
+    row("the root matches every path", "/", "http://h/a/b/c.html", true);
+    row("a directory below", "/shop/", "http://h:8080/shop/a/", true);
+    row("a file of the name", "/shop/", "http://h/shop", false);
+    row("no slash at the end", "/shop", "http://h/shop/x.html", false);
+    row("another directory", "/shop/", "http://h/shed/", false);
+    row("deeper than the request", "/a/b/", "http://h/a/", false);
+    row("no path", {}, "http://h/", false);
 }
 
 void tst_cookies::sendsWherePathMatches()

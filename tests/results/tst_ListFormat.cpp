@@ -3,6 +3,7 @@
 #include "results/ListFormat.h"
 #include "results/ListReader.h"
 #include "results/SearchFile.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QTemporaryDir>
@@ -102,14 +103,7 @@ void tst_ListFormat::roundTrips()
 
 void tst_ListFormat::readsFiles_data()
 {
-    QTest::addColumn<Format>("format");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QList<qint64>>("unusable");
-    const auto row = [](const char* title, Format format, const QByteArray& content, int count,
-                         const QList<qint64>& unusable) {
-        QTest::newRow(title) << format << content << count << unusable;
-    };
+    const auto row = table<Format, QByteArray, int, QList<qint64>>("format", "content", "count", "unusable");
     row("URLs", Format::Urls, "http://h/\r\n\r\nmailto:x\nh/2", 2, { 3 });
     row("with the mark of UTF-8", Format::Urls, "\xef\xbb\xbfhttp://h/\n", 1, {});
     row("columns with their names", Format::Csv, "a\tb\tc\td\te\tf\tg\tUrl\r\n\t\t\t\t\t\t\thttp://h/\r\nx\n", 2, {});

@@ -4,6 +4,7 @@
 #include "results/SearchFileReader.h"
 #include "results/SearchFileWriter.h"
 #include "support/FileSizeLimit.h"
+#include "support/Table.h"
 #include "support/Text.h"
 
 #include <QDir>
@@ -98,11 +99,7 @@ void tst_SearchFile::comesBackByteForByte()
 
 void tst_SearchFile::readsItemLines_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("written");
-    const auto row = [](const char* title, const char* line, const char* written) {
-        QTest::newRow(title) << QByteArray(line) << QByteArray(written);
-    };
+    const auto row = table<QByteArray, QByteArray>("line", "written");
     row("all fields", "u\tm\t1\t2\t3\t4\t5\tl\tr", "u\tm\t1\t2\t3\t4\t5\tl\tr");
     row("the URL alone", "u", "u\t\t0\t0\t0\t0\t0\t\t");
     row("more than nine", "u\tm\t1\t2\t3\t4\t5\tl\tr\tx\ty", "u\tm\t1\t2\t3\t4\t5\tl\tr");

@@ -2,6 +2,7 @@
 #include "base/lang.h"
 #include "requests/CookieStore.h"
 #include "requests/window/dialog_requests.h"
+#include "support/Table.h"
 #include "support/TestSeams.h"
 #include "support/Text.h"
 #include "support/WindowDriver.h"
@@ -26,7 +27,6 @@ private slots:
     void importsCookies();
     void asksBeforeItTakesAllCookies();
     void deletesCookies();
-    void everyCaptionHasItsKey();
 
 private:
     [[nodiscard]] QWidget& window() const { return *m_dialog; }
@@ -186,12 +186,9 @@ void tst_dialog_requests::switchesDependOnEachOther()
 
 void tst_dialog_requests::importsCookies_data()
 {
-    QTest::addColumn<QByteArray>("button");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<bool>("works");
-    QTest::newRow("cookies.txt") << QByteArray("b_cookiesImportFF") << QStringLiteral("cookies.txt") << true;
-    QTest::newRow("a text that is no database")
-        << QByteArray("b_cookiesImportFF3") << QStringLiteral("cookies.sqlite") << false;
+    const auto row = table<QByteArray, QString, bool>("button", "pattern", "works");
+    row("cookies.txt", "b_cookiesImportFF", QStringLiteral("cookies.txt"), true);
+    row("a text that is no database", "b_cookiesImportFF3", QStringLiteral("cookies.sqlite"), false);
 }
 
 void tst_dialog_requests::importsCookies()
@@ -242,16 +239,6 @@ void tst_dialog_requests::deletesCookies()
     QCOMPARE(m_cookies.getCookieHeader("http://h/"), "");
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList { QStringLiteral("report.tmp") });
     QCOMPARE(m_messages.told.value(0).text, QStringLiteral("Cookies were deleted."));
-}
-
-void tst_dialog_requests::everyCaptionHasItsKey()
-{
-    const QStringList fixed { QStringLiteral("sprachAdd"), QStringLiteral("sprachRem") };
-    for (int language = 0; language < LanguageTable::builtInCount; ++language) {
-        m_language.selectBuiltIn(language);
-        QCOMPARE(wrongCaptions(window(), m_language, fixed), QStringList());
-    }
-    m_language.selectBuiltIn(LanguageTable::English);
 }
 
 QTEST_MAIN(tst_dialog_requests)

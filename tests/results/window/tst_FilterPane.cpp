@@ -2,6 +2,7 @@
 #include "base/window/zahlenEingabe.h"
 #include "results/ResultFilter.h"
 #include "results/window/FilterPane.h"
+#include "support/Table.h"
 #include "support/WindowDriver.h"
 
 #include <QApplication>
@@ -76,11 +77,11 @@ void tst_FilterPane::everyChangeIsTold()
 
 void tst_FilterPane::aBoundIsTakenOnceItIsTyped_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::newRow("by Return") << int { Qt::Key_Return };
-    QTest::newRow("by leaving the field") << int { Qt::Key_Tab };
-    QTest::newRow("by Apply") << int { Qt::Key_A };
-    QTest::newRow("after a pause") << 0;
+    const auto row = table<int>("key");
+    row("by Return", int { Qt::Key_Return });
+    row("by leaving the field", int { Qt::Key_Tab });
+    row("by Apply", int { Qt::Key_A });
+    row("after a pause", 0);
 }
 
 void tst_FilterPane::aBoundIsTakenOnceItIsTyped()
@@ -124,14 +125,12 @@ void tst_FilterPane::listsAndBoundsAreOnWithTheirSwitch()
 
 void tst_FilterPane::removesSelectedParts_data()
 {
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<QByteArray>("left");
-    QTest::addColumn<QList<int>>("selectedThen");
-    QTest::newRow("one in the middle") << QList<int> { 1 } << QByteArray("acd") << QList<int> { 1 };
-    QTest::newRow("neighbours") << QList<int> { 0, 1 } << QByteArray("cd") << QList<int> { 0 };
-    QTest::newRow("the last") << QList<int> { 3 } << QByteArray("abc") << QList<int> { 2 };
-    QTest::newRow("apart") << QList<int> { 0, 2 } << QByteArray("bd") << QList<int> { 1 };
-    QTest::newRow("all") << QList<int> { 0, 1, 2, 3 } << QByteArray() << QList<int>();
+    const auto row = table<QList<int>, QByteArray, QList<int>>("selected", "left", "selectedThen");
+    row("one in the middle", QList<int> { 1 }, "acd", QList<int> { 1 });
+    row("neighbours", QList<int> { 0, 1 }, "cd", QList<int> { 0 });
+    row("the last", QList<int> { 3 }, "abc", QList<int> { 2 });
+    row("apart", QList<int> { 0, 2 }, "bd", QList<int> { 1 });
+    row("all", QList<int> { 0, 1, 2, 3 }, {}, QList<int>());
 }
 
 void tst_FilterPane::removesSelectedParts()
