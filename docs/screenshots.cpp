@@ -11,9 +11,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QDoubleSpinBox>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
@@ -86,7 +86,6 @@ public:
 private:
     void choose(const QString& entry) { m_window.findChild<QAction*>(entry)->trigger(); }
     QDialog& dialog() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_getSearch")); }
-
     QDialog& requests() { return *m_window.findChild<QDialog*>(QStringLiteral("dialog_requests")); }
     QDialog& numbered() { return *m_window.findChild<QDialog*>(QStringLiteral("getDLStack")); }
     static QWidget& downloads()
@@ -109,6 +108,7 @@ private:
         QSignalSpy idle(&queue, &DownloadQueue::idle);
         choose(QStringLiteral("m_selectAll"));
         choose(QStringLiteral("m_selectedDownload"));
+        choose(QStringLiteral("m_selectedInvert")); // The pictures show rows without the colour of the selection.
         choose(QStringLiteral("m_addNumberedDL"));
         queue.addDL("https://www.example.org/catalogue.pdf", -1, {});
         numbered()
