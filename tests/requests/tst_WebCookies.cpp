@@ -176,7 +176,7 @@ void tst_WebCookies::readsFiles_data()
     row("the greatest number", "h.org\tFALSE\t/\tFALSE\t9223372036854775807\tn\tv", "n=v", false);
     row("a public suffix", ".org\tTRUE\t/\tFALSE\t0\tn\tv", "", true);
     row("a line end in the value", "h.org\tFALSE\t/\tFALSE\t0\tn\tv\rX: y", "", true);
-    row("NUL", QByteArray("h.org\tFALSE\t/\tFALSE\t0\tn\tv\0w", 29), "", true);
+    row("NUL", QByteArray("h.org\tFALSE\t/\tFALSE\t0\tn\tv\0w", 27), "", true);
     row("marked and broken", "#HttpOnly_h.org\tn", "", true);
     row("a dot", ".\tFALSE\t/\tFALSE\t0\tn\tv", "", true);
     row("no domain", "\tTRUE\t/\tFALSE\t0\tn\tv", "", true);
