@@ -24,10 +24,10 @@ struct UsageError {
 /// An option of the command line. Its names and its help stand here and nowhere else: a command reads the option
 /// through this object.
 struct Option {
-    const char* name; ///< without the dashes
+    const char* name = nullptr; ///< without the dashes
     char letter = 0; ///< the short form; 0 for none
     const char* value = nullptr; ///< the help's name for the value; none for a switch
-    const char* help;
+    const char* help = nullptr;
 };
 
 using OptionGroup = std::span<const Option* const>;
@@ -42,16 +42,16 @@ struct Command {
         qsizetype most = 1;
     };
 
-    const char* name; ///< one word, or two as in "cookies show"
+    const char* name = nullptr; ///< one word, or two as in "cookies show"
     const char* arguments = ""; ///< the help's name for the arguments
     const char* argumentsHelp = "";
     Count count = {};
-    const char* summary; ///< a sentence
+    const char* summary = nullptr; ///< a sentence
     const char* more = ""; ///< sentences that follow the summary in the command's own help
-    const char* example; ///< without the program's name
+    const char* example = nullptr; ///< without the program's name
     std::array<OptionGroup, 3> options = {};
     /// Returns the exit status. Throws UsageError.
-    int (*run)(const CommandLine& line);
+    int (*run)(const CommandLine& line) = nullptr;
 };
 
 /// The arguments and options given to one command.

@@ -27,7 +27,7 @@ constexpr std::array onlyModern { &ca, &insecureHost, &proxy };
 
 QString certificateFileFrom(const CommandLine& line)
 {
-    const QString file = line.value(ca);
+    QString file = line.value(ca);
     if (line.isSet(ca) && QSslCertificate::fromPath(file).isEmpty())
         throw UsageError { QStringLiteral("--ca: '%1' holds no certificate in the PEM format").arg(file) };
     return file;
@@ -35,7 +35,7 @@ QString certificateFileFrom(const CommandLine& line)
 
 QString proxyFrom(const CommandLine& line)
 {
-    const QString text = line.value(proxy);
+    QString text = line.value(proxy);
     const QUrl url(text);
     const bool isKnown = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("socks5");
     if (line.isSet(proxy) && text != QLatin1String("none") && (!isKnown || url.host().isEmpty()))
