@@ -29,6 +29,8 @@ zahlenEingabe::zahlenEingabe(QWidget* parent)
 void zahlenEingabe::init(qint64 min, qint64 max, qint64 value)
 {
     setRange(static_cast<double>(min), static_cast<double>(max));
+    // The base class measures its texts once. A new prefix, even the same, makes it measure those of the new bounds.
+    setPrefix(prefix());
     setValue(value);
 }
 

@@ -34,14 +34,13 @@ FilterPane::FilterPane(ResultFilter& filter, QWidget* parent)
     m_ui->mimeListe->setModel(&m_mimeModel);
     m_ui->b_closeFilter->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     m_ui->b_liftBranch->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    for (zahlenEingabe* const bound : { m_ui->minDepth, m_ui->maxDepth, m_ui->minSize, m_ui->maxSize }) {
+    for (zahlenEingabe* const bound : { m_ui->minDepth, m_ui->maxDepth, m_ui->minSize, m_ui->maxSize })
         bound->init(0, FilterRange::greatest, 0);
-        // Not as wide as the greatest number needs: it is hardly ever typed.
-        bound->setMinimumWidth(14 * fontMetrics().averageCharWidth());
-    }
     m_typingPause.setSingleShot(true);
     m_typingPause.setInterval(typingPause);
     m_ui->mimeListe->setMaximumHeight(8 * fontMetrics().height());
+    // The types that most sites have are read whole, beside their boxes.
+    m_ui->mimeListe->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("application/javascript")));
     m_ui->filterTexte->setMaximumHeight(6 * fontMetrics().height());
     showFilter();
     wire();
