@@ -76,8 +76,8 @@ void KeptExchange::obtain()
 {
     if (m_ended)
         return;
-    const QNetworkProxy proxy = m_connections.proxyFor(m_origin);
-    m_proxy = !m_origin.isSecure && proxy.type() == QNetworkProxy::HttpProxy ? std::optional(proxy) : std::nullopt;
+    m_way = m_connections.proxyFor(m_origin);
+    m_proxy = !m_origin.isSecure && m_way.type() == QNetworkProxy::HttpProxy ? std::optional(m_way) : std::nullopt;
     m_socket = m_connections.takeIdle(m_origin);
     m_isReused = m_socket != nullptr;
     if (!m_isReused) {
@@ -96,7 +96,7 @@ void KeptExchange::connectAnew()
     if (m_origin.isSecure) {
         auto secure = std::make_unique<QSslSocket>();
         secure->setSslConfiguration(m_connections.tlsFor(m_origin));
-        secure->setProxy(m_connections.proxyFor(m_origin));
+        secure->setProxy(m_way);
         connect(secure.get(), &QSslSocket::encrypted, this, &KeptExchange::onReady);
         connect(secure.get(), &QSslSocket::sslErrors, this, &KeptExchange::onSslErrors);
         QSslSocket* const opening = secure.get();
@@ -114,7 +114,7 @@ void KeptExchange::connectAnew()
         m_socket->connectToHost(m_proxy->hostName(), m_proxy->port());
         return;
     }
-    m_socket->setProxy(m_connections.proxyFor(m_origin));
+    m_socket->setProxy(m_way);
     m_socket->connectToHost(host, m_origin.port);
 }
 
@@ -129,8 +129,6 @@ void KeptExchange::listenTo(QTcpSocket& socket)
 void KeptExchange::onReady()
 {
     m_limit.stop();
-    if (const auto* const secure = qobject_cast<QSslSocket*>(m_socket.get()))
-        m_connections.rememberSession(m_origin, secure->sslConfiguration());
     m_answer.emplace(true);
     // A request that is sent again needs no second word of the owner.
     if (m_request.isEmpty())
@@ -265,6 +263,10 @@ void KeptExchange::finish(BodyEnd end)
         return;
     m_ended = true;
     m_limit.stop();
+    // Not before the first answer: servers send sessions behind the handshake.
+    const auto* const secure = qobject_cast<QSslSocket*>(m_socket.get());
+    if (secure && !m_isReused)
+        m_connections.rememberSession(m_origin, secure->sslConfiguration());
     const bool isUsable = m_answer && m_answer->keepsConnection()
         && m_socket->state() == QAbstractSocket::ConnectedState && m_socket->bytesAvailable() == 0;
     if (isUsable) {

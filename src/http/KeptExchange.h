@@ -59,8 +59,8 @@ private:
 
     Connections& m_connections;
     Origin m_origin;
-    std::optional<QNetworkProxy>
-        m_proxy; ///< the proxy that gets the request itself; nothing for tunnels and without one
+    QNetworkProxy m_way; ///< the proxy on the way, asked for once: a system may take long to answer
+    std::optional<QNetworkProxy> m_proxy; ///< one that gets the request itself, without a tunnel
     QByteArray m_request;
     std::unique_ptr<QTcpSocket> m_socket;
     bool m_isReused = false;

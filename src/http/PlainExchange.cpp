@@ -132,12 +132,15 @@ void PlainExchange::handOn(const AnswerSplitter::Parts& parts)
         endAsClosed();
         return;
     }
-    if (!parts.header.isEmpty())
-        m_announced = httpHeader::contentLength(parts.header);
+    AnswerHead head;
+    if (!parts.header.isEmpty()) {
+        head = httpHeader::headOf(parts.header);
+        m_announced = head.length;
+    }
     m_received += parts.body.size();
     listen();
     if (!parts.header.isEmpty())
-        emit headerArrived(httpHeader::headOf(parts.header));
+        emit headerArrived(head);
     if (!m_ended && !parts.body.isEmpty())
         emit bodyArrived(parts.body);
 }
